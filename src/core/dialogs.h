@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+/// How the rooms below the windows speak to the user. Windows show message boxes; tests answer in advance.
+class Dialogs {
+public:
+    enum class Icon { None, Information, Exclamation };
+
+    virtual ~Dialogs() = default;
+
+    /// Shows a message with an OK button and waits until it is closed.
+    virtual void Show(Icon icon, const QString& text) = 0;
+
+    void Plain(const QString& text) { Show(Icon::None, text); }
+    void Inform(const QString& text) { Show(Icon::Information, text); }
+    void Warn(const QString& text) { Show(Icon::Exclamation, text); }
+};

@@ -1,0 +1,14 @@
+#include "core/query_values.h"
+
+#include "database/statement.h"
+
+using namespace Qt::StringLiterals;
+
+QString b_stored_procedure::GetFirstValue(Connection& connection, const QString& statement) {
+    Rows rows = connection.Query(statement);
+    return rows.Next() ? rows.Text(0) : QString();
+}
+
+Recordset b_stored_procedure::OpenTimeCardDetail(Connection& connection, const QString& tcid) {
+    return Recordset(connection, u"select * from TimeCardDetail where tcid="_s + Quoted(tcid));
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace b_WinControlPanel {
+
+/// The English name of the country in the user's regional settings.
+QString UserCountry();
+
+/// True for "United States" in any letter case; what follows a NUL character does not count.
+bool IsRegionalSettingUS(const QString& country = UserCountry());
+
+} // namespace b_WinControlPanel

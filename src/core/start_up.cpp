@@ -1,0 +1,49 @@
+#include "core/start_up.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The hourglass, for as long as the start lasts, however it ends.
+class Hourglass {
+public:
+    explicit Hourglass(modAbsen::StartScreen& screen) : screen_(screen) { screen_.SetHourglass(true); }
+    ~Hourglass() { screen_.SetHourglass(false); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+
+private:
+    modAbsen::StartScreen& screen_;
+};
+
+void LoadPictures(const ProgramFolder& folder, modAbsen::StartScreen& screen) {
+    using modAbsen::Background;
+    static constexpr std::pair<Background, QStringView> pictures[] = {
+        {Background::Big, u"\\images\\back_big.gif"},
+        {Background::Small, u"\\images\\back_litle.gif"},
+        {Background::Middle, u"\\images\\back_midle.gif"},
+        {Background::Plain, u"\\images\\back.gif"},
+    };
+    for (const auto& [which, name] : pictures) {
+        const QString file = folder.Existing(name);
+        screen.LoadPicture(which, file.isEmpty() ? folder.Joined(name) : file);
+    }
+}
+
+} // namespace
+
+bool modAbsen::InitApplication(Program& program, StartScreen& screen,
+                               const std::function<QString()>& userCountry) {
+    bool ready = false;
+    Trapped(program, u"InitApplication"_s, [&] {
+        const Hourglass hourglass(screen);
+        LoadPictures(program.folder, screen);
+        if (!b_WinControlPanel::IsRegionalSettingUS(userCountry())) {
+            program.dialogs.Warn(u"Regional setting harus English (United Stated)\n"
+                                 "Tolong buka Control Panel window."_s);
+            return;
+        }
+        ready = b_global::OpenConnection(program.database, program.folder, program.dialogs);
+    });
+    return ready;
+}

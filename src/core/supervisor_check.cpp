@@ -1,0 +1,53 @@
+#include "core/supervisor_check.h"
+
+#include "core/query_values.h"
+#include "database/statement.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool IsSupervisor(Connection& connection, const QString& userId) {
+    int count = 0;
+    modGeneral::QueryValues(
+        connection,
+        u"Select count(1) from User_Job where UserID="_s + Quoted(userId) + u" and GroupID='SPV'"_s, count);
+    return count != 0;
+}
+
+bool CheckLogin(Program& program, const QString& handedOver) {
+    const QStringList parts = handedOver.split(u'~');
+    if (parts.size() < 3) {
+        program.dialogs.Warn(u"Login tidak diisi.."_s);
+        return false;
+    }
+    if (!modGeneral::CheckUserPassword(program.Db(), parts[0], parts[1])) {
+        program.dialogs.Warn(u"Password/Username salah."_s);
+        return false;
+    }
+    if (!IsSupervisor(program.Db(), parts[0])) {
+        program.dialogs.Inform(u"Hanya level supervisor / SPV.\nLihat [User Job]..."_s);
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool modGeneral::AskAdminPass(Program& program) {
+    bool passed = false;
+    Trapped(program, u"AskAdminPass"_s, [&] {
+        LoginHandOver channel;
+        program.askLogin(channel);
+        passed = CheckLogin(program, channel.Take());
+    });
+    return passed;
+}
+
+bool modGeneral::CheckUserPassword(Connection& connection, const QString& userId, const QString& password) {
+    const Recordset user(connection, u"Select * from [User] Where `UserID`="_s + Quoted(userId));
+    if (user.AtEnd())
+        return false;
+    const FieldValue stored = user.Field(u"Password"_s);
+    return !stored.IsNull() && stored.Text() == password;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace modGeneral {
+
+/// Exactly `width` characters: the first of the text, then blanks. A character is what a reader sees as one.
+QString PadText(const QString& text, int width);
+
+/// A small table of texts: work grids of prints, the rows of a pick list.
+class TextGrid : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void SetHeaders(const QStringList& headers);
+    const QStringList& Headers() const { return headers_; }
+    /// Adds a row and returns its number, counted from 0. Missing cells are empty.
+    int AddRow(const QStringList& cells);
+    void SetText(int row, int column, const QString& text);
+    QString Text(int row, int column) const;
+    void Clear();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    QStringList headers_;
+    std::vector<QStringList> rows_;
+};
+
+/// Prepares a grid whose first column, headed "Sr.No", holds the serial number, followed by the given
+/// headers.
+void SetupGrid(TextGrid& grid, const QStringList& headers);
+
+/// The width of each printed column, in characters.
+using ColumnWidths = std::vector<int>;
+
+/// A grid as fixed-width lines: the page heading, a rule, the column titles, a rule, the rows, a rule. Each
+/// cell is cut or padded to its width and followed by "|"; a rule is as long as a row.
+QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& widths,
+                            const QStringList& pageHeading);
+
+/// The whole grid without a page heading, each column as wide as its longest text.
+QStringList GridToTextTableAll(const QAbstractItemModel& grid);
+
+} // namespace modGeneral

@@ -1,0 +1,135 @@
+#include "database/connection.h"
+
+#include "database/connection_text.h"
+#include "database/file_lookup.h"
+
+#include <QSqlRecord>
+
+using namespace Qt::StringLiterals;
+
+bool Rows::Next() {
+    if (query_.next())
+        return true;
+    if (query_.lastError().isValid())
+        throw DatabaseError(engine_->Describe(query_.lastError()));
+    return false;
+}
+
+QStringList Rows::ColumnNames() const {
+    const QSqlRecord record = query_.record();
+    QStringList names;
+    for (int i = 0; i < record.count(); ++i)
+        names << record.fieldName(i);
+    return names;
+}
+
+int Rows::ColumnOf(const QString& name) const {
+    return query_.record().indexOf(name);
+}
+
+std::optional<WallTime> Rows::Time(int column) const {
+    return Value(column).Time();
+}
+
+Connection::Connection(std::unique_ptr<Engine> engine, const QString& connectionText)
+    : engine_(std::move(engine)), connectionText_(connectionText), database_(engine_->Open(connectionText)) {}
+
+Connection::~Connection() {
+    const QString name = database_.connectionName();
+    foreignChanges_.reset();
+    database_.close();
+    database_ = QSqlDatabase();
+    QSqlDatabase::removeDatabase(name);
+}
+
+QString Connection::FileName() const {
+    return FindFile(DataSourceOf(connectionText_));
+}
+
+Rows Connection::Query(const QString& statement) {
+    return QueryNative(engine_->Translate(statement));
+}
+
+int Connection::Execute(const QString& statement, const QVariantList& values) {
+    QSqlQuery query = Prepared(engine_->Translate(statement));
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    Run(query);
+    ++ownChanges_;
+    return query.numRowsAffected();
+}
+
+void Connection::ExecuteMany(const QString& statement, const QList<QVariantList>& rows) {
+    QSqlQuery query = Prepared(engine_->Translate(statement));
+    for (const QVariantList& row : rows) {
+        for (qsizetype i = 0; i < row.size(); ++i)
+            query.bindValue(static_cast<int>(i), row[i]);
+        Run(query);
+    }
+    ++ownChanges_;
+}
+
+void Connection::ExecuteNative(const QString& statement) {
+    QSqlQuery query = Prepared(statement);
+    Run(query);
+    ++ownChanges_;
+}
+
+Rows Connection::QueryNative(const QString& statement) {
+    QSqlQuery query = Prepared(statement);
+    Run(query);
+    return Rows(std::move(query), *engine_);
+}
+
+TableShape Connection::ShapeOf(const QString& table) {
+    return engine_->ShapeOf(database_, table);
+}
+
+ChangeStamp Connection::Changes() {
+    if (!foreignChanges_)
+        foreignChanges_ = std::make_unique<QSqlQuery>(Prepared(engine_->ForeignChangesQuery()));
+    Run(*foreignChanges_);
+    const qint64 ofOthers = foreignChanges_->next() ? foreignChanges_->value(0).toLongLong() : -1;
+    foreignChanges_->finish();
+    return {ofOthers, ownChanges_};
+}
+
+void Connection::SetPatience(std::chrono::milliseconds patience) {
+    QSqlQuery query = Prepared(engine_->PatienceStatement(patience));
+    Run(query);
+}
+
+QSqlQuery Connection::Prepared(const QString& nativeStatement) {
+    QSqlQuery query(database_);
+    query.setForwardOnly(true);
+    if (!query.prepare(nativeStatement))
+        throw DatabaseError(engine_->Describe(query.lastError()));
+    return query;
+}
+
+void Connection::Run(QSqlQuery& query) const {
+    if (!query.exec())
+        throw DatabaseError(engine_->Describe(query.lastError()));
+}
+
+Transaction::Transaction(Connection& connection) : connection_(connection) {
+    if (connection_.inTransaction_)
+        throw std::logic_error("a transaction is open already");
+    connection_.ExecuteNative(connection_.engine_->BeginStatement());
+    connection_.inTransaction_ = true;
+}
+
+Transaction::~Transaction() {
+    if (!open_)
+        return;
+    connection_.inTransaction_ = false;
+    // The engine itself takes a transaction back that cannot be finished; then this statement fails, rightly.
+    QSqlQuery query(connection_.database_);
+    query.exec(u"ROLLBACK"_s);
+}
+
+void Transaction::Commit() {
+    connection_.ExecuteNative(u"COMMIT"_s);
+    connection_.inTransaction_ = false;
+    open_ = false;
+}

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "database/engine.h"
+#include "database/field_value.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+
+class Connection;
+
+/// The rows of one query, read from first to last. Columns are counted from 0 in the query's order.
+class Rows {
+public:
+    /// Steps to the next row; false behind the last. Throws DatabaseError when reading fails.
+    bool Next();
+
+    QStringList ColumnNames() const;
+    /// The column of that name, in any letter case; -1 when there is none.
+    int ColumnOf(const QString& name) const;
+    FieldValue Value(int column) const { return FieldValue(query_.value(column)); }
+    /// The text of a field, "" for null.
+    QString Text(int column) const { return query_.value(column).toString(); }
+    /// The moment that a field holds; nothing when it is null or no date.
+    std::optional<WallTime> Time(int column) const;
+
+private:
+    friend class Connection;
+    Rows(QSqlQuery query, const Engine& engine) : query_(std::move(query)), engine_(&engine) {}
+
+    QSqlQuery query_;
+    const Engine* engine_;
+};
+
+/// Tells two states of the database apart.
+struct ChangeStamp {
+    qint64 ofOthers = -1;
+    qint64 own = -1;
+    bool operator==(const ChangeStamp&) const = default;
+};
+
+/// The one connection that the whole program shares. All its functions throw DatabaseError when the engine
+/// reports a failure. Statements are given in the program's dialect (see Engine::Translate).
+class Connection {
+public:
+    Connection(std::unique_ptr<Engine> engine, const QString& connectionText);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    const QString& ConnectionString() const { return connectionText_; }
+    /// The database file's path.
+    QString FileName() const;
+
+    Rows Query(const QString& statement);
+
+    /// Runs a statement that changes data, with the values bound to its "?" in order, and returns the
+    /// number of rows that it changed.
+    int Execute(const QString& statement, const QVariantList& values = {});
+
+    /// Runs one statement once for each row of bound values, all of one length: for work on many rows.
+    void ExecuteMany(const QString& statement, const QList<QVariantList>& rows);
+
+    /// Runs a statement of the engine's own language: for the schema.
+    void ExecuteNative(const QString& statement);
+    Rows QueryNative(const QString& statement);
+
+    TableShape ShapeOf(const QString& table);
+
+    /// Differs from an earlier one when anything was written since, by this program or another. Reads no
+    /// table.
+    ChangeStamp Changes();
+
+    /// How long statements wait for another program's lock before they fail; 2 seconds at first.
+    void SetPatience(std::chrono::milliseconds patience);
+
+private:
+    friend class Transaction;
+
+    QSqlQuery Prepared(const QString& nativeStatement);
+    void Run(QSqlQuery& query) const;
+
+    std::unique_ptr<Engine> engine_;
+    QString connectionText_;
+    QSqlDatabase database_;
+    std::unique_ptr<QSqlQuery> foreignChanges_;
+    qint64 ownChanges_ = 0;
+    bool inTransaction_ = false;
+};
+
+/// Writes that belong together: all of them, after Commit, or none.
+class Transaction {
+public:
+    /// Takes the right to write at once, so that what is read inside cannot change before it is written.
+    explicit Transaction(Connection& connection);
+    /// Takes everything back unless committed.
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void Commit();
+
+private:
+    Connection& connection_;
+    bool open_ = true;
+};

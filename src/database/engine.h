@@ -1,0 +1,46 @@
+#pragma once
+
+#include "database/database_error.h"
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QString>
+#include <QStringList>
+
+#include <chrono>
+
+/// The columns of a table and those of them that make its key.
+struct TableShape {
+    QStringList columns;
+    QStringList key;
+};
+
+/// All that differs between database engines. A second engine is a second class like SqliteEngine.
+class Engine {
+public:
+    virtual ~Engine() = default;
+
+    /// Opens the database that the connection text names, for reading and writing. Throws DatabaseError when
+    /// it is missing, locked, read-only or no database; never creates a file.
+    virtual QSqlDatabase Open(const QString& connectionText) const = 0;
+
+    /// Turns a statement of the program's dialect into one of the engine's. Throws StatementError when the
+    /// statement is refused.
+    virtual QString Translate(const QString& statement) const = 0;
+
+    /// Says in the user's words what went wrong and what to do.
+    virtual DatabaseFailure Describe(const QSqlError& error) const = 0;
+
+    /// Throws DatabaseError when the table does not exist.
+    virtual TableShape ShapeOf(const QSqlDatabase& database, const QString& table) const = 0;
+
+    /// Starts a transaction that holds the right to write from its first moment on.
+    virtual QString BeginStatement() const = 0;
+
+    /// A query for one number that differs whenever another program has committed a change. It reads no
+    /// table.
+    virtual QString ForeignChangesQuery() const = 0;
+
+    /// Sets how long a statement waits for another program's lock.
+    virtual QString PatienceStatement(std::chrono::milliseconds patience) const = 0;
+};

@@ -1,0 +1,109 @@
+#include "database/recordset.h"
+
+#include "database/database_error.h"
+#include "database/statement.h"
+
+using namespace Qt::StringLiterals;
+using Kind = StatementToken::Kind;
+
+namespace {
+
+/// The name that follows the first "from".
+QString TableOf(const QString& select) {
+    bool behindFrom = false;
+    for (const StatementToken& token : Tokenize(select)) {
+        if (behindFrom && (token.kind == Kind::Word || token.kind == Kind::Name))
+            return token.text;
+        behindFrom = behindFrom || token.IsWord(u"from");
+    }
+    throw StatementError(u"Perintah database ditolak: tidak ada nama tabel."_s);
+}
+
+} // namespace
+
+Recordset::Recordset(Connection& connection, const QString& select)
+    : connection_(connection), table_(TableOf(select)) {
+    Rows rows = connection_.Query(select);
+    columns_ = rows.ColumnNames();
+    while (rows.Next()) {
+        Row row;
+        row.read.reserve(static_cast<size_t>(columns_.size()));
+        for (int i = 0; i < columns_.size(); ++i)
+            row.read.push_back(rows.Value(i).Stored());
+        row.values = row.read;
+        rows_.push_back(std::move(row));
+    }
+}
+
+FieldValue Recordset::Field(const QString& name) const {
+    return FieldValue(rows_.at(current_).values[ColumnOf(name)]);
+}
+
+void Recordset::AddNew() {
+    Row row;
+    row.values.resize(static_cast<size_t>(columns_.size()));
+    row.isNew = true;
+    rows_.push_back(std::move(row));
+    current_ = rows_.size() - 1;
+}
+
+void Recordset::Set(const QString& name, const FieldValue& value) {
+    rows_.at(current_).values[ColumnOf(name)] = value.Stored();
+}
+
+void Recordset::Update() {
+    Row& row = rows_.at(current_);
+    if (row.isNew)
+        Insert(row);
+    else
+        Change(row);
+    row.read = row.values;
+    row.isNew = false;
+}
+
+size_t Recordset::ColumnOf(const QString& name) const {
+    for (qsizetype i = 0; i < columns_.size(); ++i) {
+        if (columns_[i].compare(name, Qt::CaseInsensitive) == 0)
+            return static_cast<size_t>(i);
+    }
+    throw StatementError(u"Kolom %1 tidak ada dalam tabel %2."_s.arg(name, table_));
+}
+
+void Recordset::Insert(const Row& row) {
+    QStringList names;
+    QStringList marks;
+    QVariantList values;
+    for (size_t i = 0; i < row.values.size(); ++i) {
+        if (row.values[i].isNull())
+            continue;
+        names << u'[' + columns_[static_cast<qsizetype>(i)] + u']';
+        marks << u"?"_s;
+        values << row.values[i];
+    }
+    connection_.Execute(
+        u"INSERT INTO [%1] (%2) VALUES (%3)"_s.arg(table_, names.join(u','), marks.join(u',')), values);
+}
+
+/// The row is found by its key and by every value that was read, so that another desk's change is never
+/// overwritten.
+void Recordset::Change(const Row& row) {
+    QStringList assignments;
+    QStringList conditions;
+    QVariantList values;
+    QVariantList asRead;
+    for (size_t i = 0; i < row.values.size(); ++i) {
+        const QString name = u'[' + columns_[static_cast<qsizetype>(i)] + u']';
+        if (row.values[i] != row.read[i] || row.values[i].isNull() != row.read[i].isNull()) {
+            assignments << name + u"=?"_s;
+            values << row.values[i];
+        }
+        conditions << name + u" IS ?"_s;
+        asRead << row.read[i];
+    }
+    if (assignments.isEmpty())
+        return;
+    const QString update =
+        u"UPDATE [%1] SET %2 WHERE %3"_s.arg(table_, assignments.join(u", "_s), conditions.join(u" AND "_s));
+    if (connection_.Execute(update, values + asRead) == 0)
+        throw ConflictError(table_);
+}

@@ -1,0 +1,144 @@
+#include "database/sqlite_engine.h"
+
+#include "database/connection_text.h"
+#include "database/file_lookup.h"
+#include "database/sqlite_dialect.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlQuery>
+#include <QUrl>
+#include <QUuid>
+#include <QVariant>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The engine's result codes that the user can do something about.
+enum ResultCode {
+    Busy = 5,
+    Locked = 6,
+    ReadOnly = 8,
+    InputOutput = 10,
+    Corrupt = 11,
+    Full = 13,
+    CantOpen = 14,
+    Constraint = 19,
+    NotADatabase = 26
+};
+
+QString Advice(int code) {
+    switch (code) {
+    case Busy:
+    case Locked:
+        return u"Database sedang dikunci oleh program lain. Tunggu sebentar lalu ulangi; bila tetap terjadi, "
+               "tutup program lain yang memakai database ini."_s;
+    case ReadOnly:
+        return u"Database hanya dapat dibaca, tidak dapat ditulis. Periksa hak tulis pada file dan foldernya."_s;
+    case InputOutput:
+        return u"Database tidak dapat dibaca atau ditulis. Periksa disk dan jaringan."_s;
+    case Corrupt:
+        return u"File database rusak atau terpotong. Hentikan pemakaian dan pulihkan dari cadangan."_s;
+    case Full:
+        return u"Disk penuh. Kosongkan ruang pada disk lalu ulangi."_s;
+    case CantOpen:
+        return u"File database tidak dapat dibuka. Periksa apakah file ada dan hak aksesnya."_s;
+    case Constraint:
+        return u"Data ditolak karena tidak sesuai aturan database (isi ganda atau bentuk yang salah)."_s;
+    case NotADatabase:
+        return u"File ini bukan database. Periksa nama file atau pulihkan dari cadangan."_s;
+    default:
+        return u"Perintah database gagal."_s;
+    }
+}
+
+/// An URI, because only there can the engine be told not to create a missing file.
+QString ExistingFileUri(const QString& path) {
+    QString slashed = QFileInfo(path).absoluteFilePath();
+    if (!slashed.startsWith(u'/'))
+        slashed.prepend(u'/'); // a drive letter
+    const QByteArray encoded = QUrl::toPercentEncoding(slashed, "/:"_ba);
+    return u"file://"_s + QString::fromLatin1(encoded) + u"?mode=rw"_s;
+}
+
+} // namespace
+
+QSqlDatabase SqliteEngine::Open(const QString& connectionText) const {
+    const QString source = DataSourceOf(connectionText);
+    const QString path = FindFile(source);
+    if (path.isEmpty()) {
+        throw DatabaseError(
+            {CantOpen, u"SQLite"_s,
+             u"File database tidak ditemukan: %1\nPeriksa apakah file itu ada dan dapat dibaca."_s.arg(
+                 QDir::toNativeSeparators(ToLocalPath(source)))});
+    }
+    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
+    database.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=2000"_s);
+    database.setDatabaseName(ExistingFileUri(path));
+
+    DatabaseFailure failure;
+    if (!database.open()) {
+        failure = Describe(database.lastError());
+    } else {
+        // Taking the right to write, and giving it back, tells a locked, read-only, damaged or foreign file
+        // apart from a good one before the first employee stands at the desk.
+        QSqlQuery query(database);
+        for (const QString& statement :
+             {u"PRAGMA case_sensitive_like=ON"_s, u"PRAGMA temp_store=MEMORY"_s, u"PRAGMA synchronous=FULL"_s,
+              u"PRAGMA cache_size=-32000"_s, BeginStatement(), u"ROLLBACK"_s}) {
+            if (!query.exec(statement)) {
+                failure = Describe(query.lastError());
+                break;
+            }
+        }
+    }
+    if (failure.number != 0) {
+        database.close();
+        database = QSqlDatabase();
+        QSqlDatabase::removeDatabase(name);
+        failure.description += u'\n' + QDir::toNativeSeparators(path);
+        throw DatabaseError(failure);
+    }
+    return database;
+}
+
+QString SqliteEngine::Translate(const QString& statement) const {
+    return ToSqlite(statement);
+}
+
+DatabaseFailure SqliteEngine::Describe(const QSqlError& error) const {
+    const int code = error.nativeErrorCode().toInt();
+    const QString native = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+    return {code == 0 ? 1 : code, u"SQLite"_s, u"%1 (%2)"_s.arg(Advice(code & 0xFF), native)};
+}
+
+TableShape SqliteEngine::ShapeOf(const QSqlDatabase& database, const QString& table) const {
+    QSqlQuery query(database);
+    query.prepare(u"SELECT name, pk FROM pragma_table_info(?) ORDER BY pk, cid"_s);
+    query.addBindValue(table);
+    if (!query.exec())
+        throw DatabaseError(Describe(query.lastError()));
+    TableShape shape;
+    while (query.next()) {
+        shape.columns << query.value(0).toString();
+        if (query.value(1).toInt() > 0)
+            shape.key << query.value(0).toString();
+    }
+    if (shape.columns.isEmpty())
+        throw DatabaseError({1, u"SQLite"_s, u"Tabel %1 tidak ada dalam database."_s.arg(table)});
+    return shape;
+}
+
+QString SqliteEngine::BeginStatement() const {
+    return u"BEGIN IMMEDIATE"_s;
+}
+
+QString SqliteEngine::ForeignChangesQuery() const {
+    return u"PRAGMA data_version"_s;
+}
+
+QString SqliteEngine::PatienceStatement(std::chrono::milliseconds patience) const {
+    return u"PRAGMA busy_timeout=%1"_s.arg(patience.count());
+}

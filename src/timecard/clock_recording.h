@@ -1,0 +1,44 @@
+#pragma once
+
+#include "database/connection.h"
+
+#include <QString>
+
+#include <optional>
+
+/// What a desk is about to record. Any mode but "IN" is a clock-out.
+struct ClockEntry {
+    QString sheet;
+    Day sheetDate;
+    QString mode;
+    /// The moment at which the entry window was opened.
+    WallTime openedAt;
+
+    bool IsClockIn() const { return mode == QStringView(u"IN"); }
+    /// What will stand on the card: at clock-in the sheet's day with the present time of day.
+    WallTime Moment() const { return IsClockIn() ? At(sheetDate, TimeOfDay(openedAt)) : openedAt; }
+};
+
+/// Why a recording was refused; the texts are those the user is shown.
+enum class Refusal { NotClockedIn, AlreadyClockedIn };
+QString RefusalText(Refusal refusal);
+
+/// The password kept for a user; nothing when the user is unknown. Throws DatabaseError.
+std::optional<QString> LoadStoredPassword(Connection& connection, const QString& nip);
+
+/// Letter case does not matter; an empty password never passes.
+bool PasswordMatches(const QString& typed, const QString& stored);
+
+/// Checks and records in one transaction: header and day row are written together or not at all, and two
+/// desks that record one employee at the same instant leave one arrival. Throws DatabaseError; nothing is
+/// written then, nor when the recording is refused.
+std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip);
+
+/// An employee as the entry window shows one after recording; all empty for an unknown number.
+struct EmployeeCard {
+    QString nama;
+    QString dept;
+    QString divisi;
+    QString pathImage;
+};
+EmployeeCard LoadEmployeeCard(Connection& connection, const QString& nip);

@@ -1,0 +1,66 @@
+#include "timecard/day_sheet.h"
+
+#include "core/time_text.h"
+#include "database/statement.h"
+#include "timecard/sheet_identifier.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<WallTime> SetTime(const Rows& rows, int column) {
+    const std::optional<WallTime> time = rows.Time(column);
+    return time == EmptyTime ? std::nullopt : time;
+}
+
+} // namespace
+
+QString HoursText(const SheetEntry& entry, WallTime now) {
+    const bool stillIn = entry.status == QStringView(u"IN");
+    const std::optional<WallTime> end = stillIn ? std::optional(now) : entry.timeOut;
+    if (!entry.timeIn || !end)
+        return {};
+    return modGeneral::SecondsToTimeText(*end - *entry.timeIn);
+}
+
+QString OvertimeText(const SheetEntry& entry) {
+    if (!entry.overtimeIn || !entry.overtimeOut)
+        return {};
+    return modGeneral::SecondsToTimeText(TimeOfDay(*entry.overtimeOut) - TimeOfDay(*entry.overtimeIn));
+}
+
+std::vector<SheetEmployee> ReadEmployees(Connection& connection, const QString& orderBy) {
+    Rows rows = connection.Query(u"select * from employee "_s + orderBy);
+    const int dept = rows.ColumnOf(u"Dept"_s);
+    const int divisi = rows.ColumnOf(u"Divisi"_s);
+    const int nip = rows.ColumnOf(u"NIP"_s);
+    const int nama = rows.ColumnOf(u"Nama"_s);
+    std::vector<SheetEmployee> employees;
+    while (rows.Next())
+        employees.push_back({rows.Text(dept) + u'/' + rows.Text(divisi), rows.Text(nip), rows.Text(nama)});
+    return employees;
+}
+
+std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& sheet) {
+    // The last character there is ends the range of identifiers that begin with the sheet's.
+    const QString first = sheet.toUpper();
+    const QString last = first + QString::fromUcs4(U"\U0010FFFF");
+    Rows rows =
+        connection.Query(u"select d.TCID, h.Status, d.TimeIN, d.TimeOUT, d.TimeINOT, d.TimeOutOT "
+                         "from TimeCardDetail d left join TimeCardHeader h on h.TCID=d.TCID "
+                         "where d.TCID between "_s
+                         + Quoted(first) + u" and "_s + Quoted(last) + u" order by d.TCID, d.Tanggal"_s);
+    std::vector<SheetCard> cards;
+    while (rows.Next()) {
+        QString tcid = rows.Text(0);
+        if (!cards.empty() && cards.back().tcid == tcid)
+            continue; // the card's first day is the one that the sheet shows
+        QString status = rows.Text(1);
+        if (status.isEmpty())
+            status = AbsentStatus.toString();
+        cards.push_back(
+            {std::move(tcid),
+             {std::move(status), SetTime(rows, 2), SetTime(rows, 3), SetTime(rows, 4), SetTime(rows, 5)}});
+    }
+    return cards;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "database/wall_time.h"
+
+#include <QString>
+
+/// A sheet is named "T" + yyyymmdd, with "-" and an extension behind for a second sheet on one day. A card is
+/// named by its sheet and the employee number, in upper case.
+
+QString SheetIdentifierOf(Day day);
+
+/// "T" + yyyymm: what the month contributes to a sheet identifier.
+QString MonthPartOf(Day day);
+
+/// A day as two digits ("5" gives "05"); text that is no number stays as it is.
+QString TwoDigitDay(const QString& day);
+
+/// Puts an identifier together from its month part, its day and its extension, which may be empty.
+QString ComposeSheetIdentifier(const QString& monthPart, const QString& day, const QString& extension);
+
+/// The two-digit day of an identifier without an extension: its last two characters.
+QString TrailingDay(const QString& sheet);
+
+/// The two-digit day of any identifier: of one with an extension, its characters 8 and 9.
+QString DayPartOf(const QString& sheet);
+
+/// "" when the identifier has no extension.
+QString ExtensionOf(const QString& sheet);
+
+QString CardIdentifier(const QString& sheet, const QString& nip);

@@ -1,0 +1,47 @@
+#include "timecard/sheet_lifecycle.h"
+
+#include "core/query_values.h"
+#include "database/recordset.h"
+#include "database/statement.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void WriteStatus(Connection& connection, const QString& sheet, SheetStatus status) {
+    if (sheet.isEmpty())
+        return;
+    Transaction transaction(connection);
+    Recordset master(connection, u"select * from timecardmaster where tcid="_s + Quoted(sheet));
+    if (master.AtEnd()) {
+        master.AddNew();
+        master.Set(u"TCID"_s, sheet);
+    }
+    master.Set(u"Status"_s, static_cast<int>(status));
+    master.Update();
+    transaction.Commit();
+}
+
+} // namespace
+
+bool IsSheetClosed(Connection& connection, const QString& sheet) {
+    const QString status = b_stored_procedure::GetFirstValue(
+        connection, u"select status from timecardmaster where tcid="_s + Quoted(sheet));
+    return status.toDouble() == static_cast<double>(SheetStatus::Closed);
+}
+
+void CloseSheet(Connection& connection, const QString& sheet) {
+    WriteStatus(connection, sheet, SheetStatus::Closed);
+}
+
+void ReopenSheet(Connection& connection, const QString& sheet) {
+    WriteStatus(connection, sheet, SheetStatus::Open);
+}
+
+Day SheetDate(Connection& connection, const QString& sheet, Day today) {
+    const QString prefix = sheet.contains(u'-') ? u"Left(TCID,11)="_s : u"Left(TCID,9)="_s;
+    WallTime date = today;
+    modGeneral::QueryValues(connection,
+                            u"select Tanggal from TimeCardDetail where "_s + prefix + Quoted(sheet), date);
+    return DayOf(date);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "database/connection.h"
+
+#include <QString>
+
+/// The states of a sheet as timecardmaster stores them. Any other number, and no row at all, is open.
+enum class SheetStatus { Open = 0, Closed = 1 };
+
+/// All functions here throw DatabaseError.
+
+bool IsSheetClosed(Connection& connection, const QString& sheet);
+
+/// Writes the sheet's row, adding it when there is none. An empty identifier does nothing.
+void CloseSheet(Connection& connection, const QString& sheet);
+void ReopenSheet(Connection& connection, const QString& sheet);
+
+/// The day of the sheet's cards; `today` when it has none. A sheet without an extension also finds the cards
+/// of that day's extended sheets.
+Day SheetDate(Connection& connection, const QString& sheet, Day today);

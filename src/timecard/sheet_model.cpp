@@ -1,0 +1,152 @@
+#include "timecard/sheet_model.h"
+
+#include "timecard/sheet_identifier.h"
+#include "timecard/sheet_lifecycle.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+SheetEntry Absent() {
+    return {AbsentStatus.toString(), {}, {}, {}, {}};
+}
+
+QString TimeCell(const std::optional<WallTime>& time) {
+    return time ? ShownTime(*time) : QString();
+}
+
+} // namespace
+
+SheetModel::SheetModel(const Clock& clock, QObject* parent) : QAbstractTableModel(parent), clock_(clock) {}
+
+void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
+    std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy);
+    beginResetModel();
+    employees_ = std::move(employees);
+    entries_.assign(employees_.size(), Absent());
+    rowOfCard_.clear();
+    sheetOfCards_.clear();
+    basis_ = {};
+    endResetModel();
+}
+
+void SheetModel::Refresh(Connection& connection, const QString& sheet) {
+    now_ = clock_.Now();
+    // Taken before reading: what is committed meanwhile is found by the next refresh.
+    const Basis basis{connection.Changes(), sheet, DayOf(now_)};
+    if (basis != basis_)
+        Read(connection, basis);
+    if (!closed_)
+        NotifyColumns(Hours, Hours);
+}
+
+void SheetModel::Read(Connection& connection, const Basis& basis) {
+    const bool closed = IsSheetClosed(connection, basis.sheet);
+    if (!closed) {
+        const Day day = SheetDate(connection, basis.sheet, basis.today);
+        TakeCards(ReadSheetCards(connection, basis.sheet), basis.sheet);
+        sheetDay_ = day;
+    }
+    closed_ = closed;
+    basis_ = basis;
+}
+
+void SheetModel::TakeCards(std::vector<SheetCard> cards, const QString& sheet) {
+    if (sheetOfCards_ != sheet || rowOfCard_.isEmpty()) {
+        rowOfCard_.clear();
+        rowOfCard_.reserve(static_cast<qsizetype>(employees_.size()));
+        for (size_t row = 0; row < employees_.size(); ++row)
+            rowOfCard_.insert(CardIdentifier(sheet, employees_[row].nip), static_cast<int>(row));
+        sheetOfCards_ = sheet;
+    }
+    std::vector<SheetEntry> entries(employees_.size(), Absent());
+    for (SheetCard& card : cards) {
+        const auto row = rowOfCard_.constFind(card.tcid);
+        if (row != rowOfCard_.constEnd())
+            entries[static_cast<size_t>(*row)] = std::move(card.entry);
+    }
+    if (entries == entries_)
+        return;
+    entries_ = std::move(entries);
+    NotifyColumns(Status, OvertimeHours);
+}
+
+void SheetModel::NotifyColumns(int first, int last) {
+    if (!entries_.empty())
+        Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, last));
+}
+
+SheetModel::Counts SheetModel::Count() const {
+    Counts counts;
+    counts.employees = rowCount();
+    for (const SheetEntry& entry : entries_) {
+        counts.in += entry.status == QStringView(u"IN");
+        counts.out += entry.status == QStringView(u"OUT");
+        counts.absent += entry.status == AbsentStatus;
+    }
+    return counts;
+}
+
+int SheetModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(employees_.size());
+}
+
+int SheetModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant SheetModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+        return Text(index.row(), index.column());
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(Qt::Alignment(index.column() >= TimeIn ? Qt::AlignRight : Qt::AlignLeft)
+                                   | Qt::AlignVCenter);
+    case StatusRole:
+        return entries_[static_cast<size_t>(index.row())].status;
+    default:
+        return {};
+    }
+}
+
+QString SheetModel::Text(int row, int column) const {
+    const SheetEmployee& employee = employees_[static_cast<size_t>(row)];
+    const SheetEntry& entry = entries_[static_cast<size_t>(row)];
+    switch (column) {
+    case Status:
+        return entry.status;
+    case Dept:
+        return employee.dept;
+    case Nip:
+        return employee.nip;
+    case Nama:
+        return employee.nama;
+    case TimeIn:
+        return TimeCell(entry.timeIn);
+    case TimeOut:
+        return TimeCell(entry.timeOut);
+    case Hours:
+        return HoursText(entry, now_);
+    case OvertimeIn:
+        return TimeCell(entry.overtimeIn);
+    case OvertimeOut:
+        return TimeCell(entry.overtimeOut);
+    case OvertimeHours:
+        return OvertimeText(entry);
+    default:
+        return {};
+    }
+}
+
+QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    static const QStringList headers{u"Status"_s,   u"Dept"_s,  u"NIP"_s,   u"Nama"_s,   u"Time In"_s,
+                                     u"Time Out"_s, u"Hours"_s, u"OT In"_s, u"OT Out"_s, u"OT Hours"_s};
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(section >= TimeIn ? Qt::AlignRight : Qt::AlignLeft)
+                                   | Qt::AlignVCenter);
+    return role == Qt::DisplayRole ? QVariant(headers.value(section)) : QVariant();
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "core/clock.h"
+#include "timecard/day_sheet.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+/// The day's sheet as the main window shows it: one row per employee. It holds compact rows; a cell's text is
+/// made when the cell is shown.
+class SheetModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    enum Column {
+        Status,
+        Dept,
+        Nip,
+        Nama,
+        TimeIn,
+        TimeOut,
+        Hours,
+        OvertimeIn,
+        OvertimeOut,
+        OvertimeHours,
+        ColumnCount
+    };
+    /// The status code of a row, for painting and counting.
+    enum Role { StatusRole = Qt::UserRole };
+
+    /// How many employees stand in which state.
+    struct Counts {
+        int employees = 0;
+        int in = 0;
+        int out = 0;
+        int absent = 0;
+    };
+
+    explicit SheetModel(const Clock& clock, QObject* parent = nullptr);
+
+    /// Reads the employee list in the order of the clause; all are absent until the next refresh. Throws
+    /// DatabaseError, and shows what it showed before then.
+    void LoadEmployees(Connection& connection, const QString& orderBy);
+
+    /// Reads the sheet when the database has changed since the last refresh, else only lets the running hours
+    /// move. Throws DatabaseError, and shows what it showed before then.
+    void Refresh(Connection& connection, const QString& sheet);
+
+    /// What the last refresh found: a closed sheet is not read further.
+    bool IsClosed() const { return closed_; }
+    Day SheetDay() const { return sheetDay_; }
+
+    Counts Count() const;
+    const QString& NipAt(int row) const { return employees_.at(static_cast<size_t>(row)).nip; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    /// All that a refresh depends on; equal to the last one, nothing needs to be read.
+    struct Basis {
+        ChangeStamp changes;
+        QString sheet;
+        Day today{};
+        bool operator==(const Basis&) const = default;
+    };
+
+    QString Text(int row, int column) const;
+    void Read(Connection& connection, const Basis& basis);
+    void TakeCards(std::vector<SheetCard> cards, const QString& sheet);
+    void NotifyColumns(int first, int last);
+
+    const Clock& clock_;
+    std::vector<SheetEmployee> employees_;
+    std::vector<SheetEntry> entries_;
+    QHash<QString, int> rowOfCard_;
+    QString sheetOfCards_;
+    Basis basis_;
+    bool closed_ = false;
+    Day sheetDay_{};
+    WallTime now_{};
+};

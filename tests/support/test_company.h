@@ -1,0 +1,74 @@
+#pragma once
+
+#include "core/program.h"
+#include "database/connection.h"
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <ostream>
+
+/// So that a failed comparison prints texts, not bytes.
+inline void PrintTo(const QString& text, std::ostream* os) {
+    *os << '"' << text.toStdString() << '"';
+}
+
+/// A clock that stands still until a test sets it.
+class TestClock : public Clock {
+public:
+    explicit TestClock(WallTime start) : now(start) {}
+    WallTime Now() const override { return now; }
+    WallTime now;
+};
+
+/// Keeps what the user would have been shown.
+class TestDialogs : public Dialogs {
+public:
+    void Show(Icon icon, const QString& text) override {
+        texts << text;
+        icons.push_back(icon);
+    }
+    QString Last() const { return texts.isEmpty() ? QString() : texts.last(); }
+
+    QStringList texts;
+    std::vector<Icon> icons;
+};
+
+/// A moment, from its stored form.
+WallTime Moment(QStringView text);
+
+/// A program folder with an empty database of its own, a clock at 2026-11-22 07:58:12 and dialogs that
+/// remember. The shared connection is open from the start unless told otherwise; the login answers with
+/// `login`.
+class TestCompany {
+public:
+    enum class Database { Open, Closed };
+
+    explicit TestCompany(Database state = Database::Open);
+
+    /// The database as the program has it open.
+    Connection& Db() { return program.Db(); }
+    QString DatabaseFile() const { return folder.filePath(QStringLiteral("DATA.mdb")); }
+    /// A second desk: a connection of its own to the same file.
+    std::unique_ptr<Connection> OtherDesk() const;
+
+    /// Adds an employee and the user of the same number with that password.
+    void AddEmployee(const QString& nip, const QString& nama, const QString& password,
+                     const QString& dept = {}, const QString& divisi = {});
+    void AddUser(const QString& id, const QString& password, const QString& group = {});
+
+    /// The rows that a query finds, the fields of a row joined by "|", null as "-".
+    QStringList RowsOf(const QString& query);
+
+    QTemporaryDir folder;
+    TestClock clock;
+    TestDialogs dialogs;
+    modGeneral::ErrorLog log;
+    b_global::SharedConnection database;
+    /// What the login window hands back.
+    QString login = QStringLiteral("<CANCEL>");
+    Program program;
+};
