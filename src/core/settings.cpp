@@ -22,8 +22,9 @@ QString Unquoted(QStringView value) {
 } // namespace
 
 QString b_global::ReadSetting(const ProgramFolder& folder, const QString& key) {
-    QFile file(folder.Existing(u"\\setting.ini"));
-    if (!file.open(QIODevice::ReadOnly))
+    const QString path = folder.Existing(u"\\setting.ini");
+    QFile file(path);
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return {};
     const QString text = QString::fromUtf8(file.readAll());
     bool inMain = false;

@@ -78,9 +78,9 @@ QString TextGrid::Text(int row, int column) const {
     return rows_.at(static_cast<size_t>(row)).value(column);
 }
 
-void TextGrid::Clear() {
+void TextGrid::SetRows(std::vector<QStringList> rows) {
     beginResetModel();
-    rows_.clear();
+    rows_ = std::move(rows);
     endResetModel();
 }
 

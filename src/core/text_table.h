@@ -19,11 +19,12 @@ public:
 
     void SetHeaders(const QStringList& headers);
     const QStringList& Headers() const { return headers_; }
+    /// Takes all rows at once, in place of the present ones. Each has a cell for every header.
+    void SetRows(std::vector<QStringList> rows);
     /// Adds a row and returns its number, counted from 0. Missing cells are empty.
     int AddRow(const QStringList& cells);
     void SetText(int row, int column, const QString& text);
     QString Text(int row, int column) const;
-    void Clear();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

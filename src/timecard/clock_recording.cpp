@@ -91,11 +91,3 @@ std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry
     transaction.Commit();
     return std::nullopt;
 }
-
-EmployeeCard LoadEmployeeCard(Connection& connection, const QString& nip) {
-    const Recordset employee(connection, u"select * from employee where nip="_s + Quoted(nip));
-    if (employee.AtEnd())
-        return {};
-    return {employee.Field(u"Nama"_s).Text(), employee.Field(u"Dept"_s).Text(),
-            employee.Field(u"Divisi"_s).Text(), employee.Field(u"PathImage"_s).Text()};
-}

@@ -33,12 +33,3 @@ bool PasswordMatches(const QString& typed, const QString& stored);
 /// desks that record one employee at the same instant leave one arrival. Throws DatabaseError; nothing is
 /// written then, nor when the recording is refused.
 std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip);
-
-/// An employee as the entry window shows one after recording; all empty for an unknown number.
-struct EmployeeCard {
-    QString nama;
-    QString dept;
-    QString divisi;
-    QString pathImage;
-};
-EmployeeCard LoadEmployeeCard(Connection& connection, const QString& nip);

@@ -3,6 +3,8 @@
 #include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -46,6 +48,8 @@ void SheetModel::Read(Connection& connection, const Basis& basis) {
         const Day day = SheetDate(connection, basis.sheet, basis.today);
         TakeCards(ReadSheetCards(connection, basis.sheet), basis.sheet);
         sheetDay_ = day;
+    } else if (sheetOfCards_ != basis.sheet) {
+        ForgetCards();
     }
     closed_ = closed;
     basis_ = basis;
@@ -71,6 +75,14 @@ void SheetModel::TakeCards(std::vector<SheetCard> cards, const QString& sheet) {
     NotifyColumns(Status, OvertimeHours);
 }
 
+/// A closed sheet is not read; the cards of the sheet before it must not stand in its place.
+void SheetModel::ForgetCards() {
+    entries_.assign(employees_.size(), SheetEntry{});
+    rowOfCard_.clear();
+    sheetOfCards_.clear();
+    NotifyColumns(Status, OvertimeHours);
+}
+
 void SheetModel::NotifyColumns(int first, int last) {
     if (!entries_.empty())
         Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, last));
@@ -85,6 +97,11 @@ SheetModel::Counts SheetModel::Count() const {
         counts.absent += entry.status == AbsentStatus;
     }
     return counts;
+}
+
+int SheetModel::RowOf(const QString& nip) const {
+    const auto found = std::ranges::find(employees_, nip, &SheetEmployee::nip);
+    return found == employees_.end() ? -1 : static_cast<int>(found - employees_.begin());
 }
 
 int SheetModel::rowCount(const QModelIndex& parent) const {

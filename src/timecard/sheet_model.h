@@ -51,6 +51,8 @@ public:
 
     Counts Count() const;
     const QString& NipAt(int row) const { return employees_.at(static_cast<size_t>(row)).nip; }
+    /// -1 when no employee has that number.
+    int RowOf(const QString& nip) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -69,6 +71,7 @@ private:
     QString Text(int row, int column) const;
     void Read(Connection& connection, const Basis& basis);
     void TakeCards(std::vector<SheetCard> cards, const QString& sheet);
+    void ForgetCards();
     void NotifyColumns(int first, int last);
 
     const Clock& clock_;

@@ -1,0 +1,52 @@
+#include "shell/frmLogin.h"
+#include "timecard/frmMain.h"
+#include "ui/form_skin.h"
+#include "ui/message_dialogs.h"
+#include "ui/theme.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString HomeFolder(const QApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Time attendance for a payroll office."_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption home(u"home"_s,
+                                  u"The program folder: database, settings and pictures (default: the "
+                                  "program's own)."_s,
+                                  u"DIR"_s, QApplication::applicationDirPath());
+    parser.addOption(home);
+    parser.process(application);
+    return parser.value(home);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"timeattendance"_s);
+    QApplication::setApplicationDisplayName(u"Time Attendance"_s);
+    QApplication::setApplicationVersion(u"1.0"_s);
+    Theme::Apply(application);
+
+    const SystemClock clock;
+    MessageDialogs dialogs;
+    modGeneral::ErrorLog log;
+    b_global::SharedConnection database;
+    b_form_skin::Backgrounds skin;
+    Program program{
+        ProgramFolder(HomeFolder(application)), clock, dialogs, log, database, [&](LoginHandOver& channel) {
+            frmLogin(clock, channel, skin, QApplication::activeWindow()).exec();
+        }};
+
+    frmMain window(program, skin, {});
+    if (!window.Form_Load())
+        return 1;
+    window.show();
+    return QApplication::exec();
+}

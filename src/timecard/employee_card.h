@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/program_folder.h"
+#include "database/connection.h"
+
+#include <QString>
+
+/// An employee as the entry window shows one after recording; all empty for an unknown number.
+struct EmployeeCard {
+    QString nama;
+    QString dept;
+    QString divisi;
+    QString pathImage;
+};
+
+/// Throws DatabaseError.
+EmployeeCard LoadEmployeeCard(Connection& connection, const QString& nip);
+
+/// The existing picture file to show for an employee: the one that the record names, a relative path being
+/// relative to the program folder; else NoImage.gif of the program folder; empty when that is missing too.
+QString PhotoFile(const ProgramFolder& folder, const QString& pathImage);

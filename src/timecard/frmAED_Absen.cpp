@@ -1,0 +1,232 @@
+#include "timecard/frmAED_Absen.h"
+
+#include "timecard/employee_card.h"
+#include "ui/pick_list.h"
+#include "ui_frmAED_Absen.h"
+
+#include <QButtonGroup>
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Button { Detail, Simpan, Batal };
+
+constexpr int CloseAfterMilliseconds = 2000;
+
+} // namespace
+
+frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate, const QString& mode,
+                           const b_form_skin::Backgrounds& skin, QWidget* parent)
+    : QDialog(parent), program_(program), entry_{sheet, sheetDate, mode, program.clock.Now()},
+      ui_(std::make_unique<Ui::frmAED_Absen>()) {
+    ui_->setupUi(this);
+    ui_->lblMode->setText(entry_.IsClockIn() ? u"ABSEN MASUK"_s : u"ABSEN KELUAR"_s);
+    ui_->txtPassword->SetCapsLockLabel(ui_->lblCapsLock);
+    b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Small));
+    ShowPhoto({});
+    ShowDetail(false);
+
+    Timer1.setInterval(CloseAfterMilliseconds);
+    Timer1.setSingleShot(true);
+    connect(&Timer1, &QTimer::timeout, this, &QDialog::accept);
+    connect(ui_->txtNIK, &QLineEdit::returnPressed, this, &frmAED_Absen::txtNIK_Enter);
+    connect(ui_->txtPassword, &QLineEdit::returnPressed, this, &frmAED_Absen::txtPassword_Enter);
+    ui_->txtNIK->installEventFilter(this);
+    auto* cmdButtons = new QButtonGroup(this);
+    cmdButtons->addButton(ui_->cmdButtons_0, Detail);
+    cmdButtons->addButton(ui_->cmdButtons_1, Simpan);
+    cmdButtons->addButton(ui_->cmdButtons_2, Batal);
+    connect(cmdButtons, &QButtonGroup::idClicked, this, &frmAED_Absen::cmdButtons_Click);
+}
+
+frmAED_Absen::~frmAED_Absen() = default;
+
+void frmAED_Absen::Form_Activate() {
+    entry_.openedAt = program_.clock.Now();
+    const WallTime moment = entry_.Moment();
+    ui_->lblMoment->setText(ShownDay(DayOf(moment)) + u"   "_s + ShownTime(moment));
+    Trapped(program_, u"Form_Activate"_s, [this] { LoadPassword(); });
+    ui_->txtNIK->setFocus();
+}
+
+bool frmAED_Absen::LoadPassword() {
+    const std::optional<QString> stored = LoadStoredPassword(program_.Db(), ui_->txtNIK->text());
+    storedPassword_ = stored.value_or(QString());
+    return stored.has_value();
+}
+
+void frmAED_Absen::txtNIK_Enter() {
+    focusNextChild();
+}
+
+bool frmAED_Absen::txtNIK_Validate() {
+    if (ui_->txtNIK->text().isEmpty() || recorded_)
+        return true;
+    bool known = false;
+    const bool read = Trapped(program_, u"txtNIK_Validate"_s, [&] { known = LoadPassword(); });
+    if (read && !known)
+        program_.dialogs.Warn(u"NIK tidak ada !"_s);
+    if (!known) {
+        ui_->txtNIK->setFocus();
+        ui_->txtNIK->selectAll();
+    }
+    return known;
+}
+
+void frmAED_Absen::txtPassword_Enter() {
+    const QString typed = ui_->txtPassword->text();
+    if (typed.isEmpty() || recorded_ || !txtNIK_Validate())
+        return;
+    if (!PasswordMatches(typed, storedPassword_)) {
+        program_.dialogs.Warn(u"Password salah !"_s);
+        ui_->txtPassword->selectAll();
+        return;
+    }
+    Record();
+}
+
+bool frmAED_Absen::Record() {
+    const QString nip = ui_->txtNIK->text();
+    if (nip.isEmpty())
+        return false;
+    std::optional<Refusal> refusal;
+    if (!Trapped(program_, u"Record"_s, [&] { refusal = RecordClockEntry(program_.Db(), entry_, nip); }))
+        return false;
+    if (refusal) {
+        program_.dialogs.Warn(RefusalText(*refusal));
+        return false;
+    }
+    recorded_ = true;
+    ShowRecorded();
+    Timer1.start();
+    return true;
+}
+
+void frmAED_Absen::ShowRecorded() {
+    ui_->txtPassword->clear();
+    ui_->lblCapsLock->clear();
+    for (QWidget* input :
+         {static_cast<QWidget*>(ui_->txtNIK), static_cast<QWidget*>(ui_->txtPassword),
+          static_cast<QWidget*>(ui_->cmdButtons_1), static_cast<QWidget*>(ui_->cmdButtons_2)})
+        input->setEnabled(false);
+    ui_->lblDone->setText(
+        (entry_.IsClockIn() ? u"✓  Masuk tercatat pukul "_s : u"✓  Keluar tercatat pukul "_s)
+        + ShownTime(entry_.Moment()));
+    ui_->lblDone->show();
+    ui_->lblHelp->hide();
+    ShowDetail(true);
+    Trapped(program_, u"ShowRecorded"_s, [this] {
+        const EmployeeCard employee = LoadEmployeeCard(program_.Db(), ui_->txtNIK->text());
+        ui_->txtNama->setText(employee.nama);
+        ui_->txtDept->setText(employee.dept);
+        ui_->txtDivisi->setText(employee.divisi);
+        ShowPhoto(employee.pathImage);
+    });
+}
+
+void frmAED_Absen::ShowPhoto(const QString& pathImage) {
+    QPixmap photo(PhotoFile(program_.folder, pathImage));
+    if (photo.isNull())
+        photo.load(program_.folder.Existing(u"\\NoImage.gif"));
+    if (!photo.isNull())
+        photo =
+            photo.scaled(ui_->imgEmp->size() - QSize(4, 4), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    ui_->imgEmp->setPixmap(photo);
+}
+
+void frmAED_Absen::ShowDetail(bool shown) {
+    ui_->picDetail->setVisible(shown);
+    adjustSize();
+}
+
+void frmAED_Absen::ClearEntry() {
+    ui_->txtNIK->clear();
+    ui_->txtPassword->clear();
+    ui_->txtNIK->setFocus();
+}
+
+void frmAED_Absen::cmdButtons_Click(int index) {
+    switch (index) {
+    case Detail:
+        ShowDetail(ui_->picDetail->isHidden());
+        break;
+    case Simpan:
+        // The number was checked when its field lost the focus, but a mnemonic leaves the focus where it is.
+        if (!recorded_ && txtNIK_Validate() && !Record())
+            program_.dialogs.Warn(u"Gagal Simpan Record ini."_s);
+        break;
+    case Batal:
+        ClearEntry();
+        break;
+    default:
+        break;
+    }
+}
+
+void frmAED_Absen::ShowEmployeeList() {
+    if (recorded_)
+        return;
+    delete pickList_;
+    pickList_ = new PickList(program_, this);
+    connect(pickList_, &PickList::LOV_AfterListClose, this, &frmAED_Absen::LOV_AfterListClose);
+    pickList_->ConnectionString = program_.Db().ConnectionString();
+    pickList_->SqlText = u"select Nama,NIP from Employee"_s;
+    pickList_->ShowList(ui_->txtNIK, -1.0, -1.0);
+}
+
+void frmAED_Absen::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
+    if (!pickList_->ItemSelected() || control != ui_->txtNIK)
+        return;
+    ui_->txtNIK->setText(values.value(u"NIP"_s).toString());
+    if (txtNIK_Validate())
+        ui_->txtPassword->setFocus();
+}
+
+void frmAED_Absen::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        ui_->txtNIK->clear();
+        ui_->txtPassword->clear();
+        reject();
+        break;
+    case Qt::Key_F9:
+        ShowEmployeeList();
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // Fields answer Enter themselves; behind them only a recorded entry has something left to close.
+        if (recorded_)
+            accept();
+        break;
+    default:
+        QDialog::keyPressEvent(event);
+    }
+}
+
+void frmAED_Absen::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!std::exchange(activated_, true))
+        Form_Activate();
+}
+
+/// The number is checked when its field loses the focus to another field of this window, but not on the way
+/// out by the "Batal" button.
+bool frmAED_Absen::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui_->txtNIK && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool moved = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+                           || reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
+        if (moved && isVisible())
+            QMetaObject::invokeMethod(
+                this,
+                [this] {
+                    if (isVisible() && focusWidget() != ui_->cmdButtons_2)
+                        txtNIK_Validate();
+                },
+                Qt::QueuedConnection);
+    }
+    return QDialog::eventFilter(watched, event);
+}

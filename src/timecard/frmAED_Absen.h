@@ -1,0 +1,57 @@
+#pragma once
+
+#include "core/program.h"
+#include "timecard/clock_recording.h"
+#include "ui/form_skin.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <memory>
+
+class PickList;
+
+namespace Ui {
+class frmAED_Absen;
+}
+
+/// Records one employee's arrival (mode "IN") or departure (any other mode) on a sheet. Each opening serves
+/// one employee; the time recorded is that at which the window opened.
+class frmAED_Absen : public QDialog {
+    Q_OBJECT
+public:
+    frmAED_Absen(Program& program, const QString& sheet, Day sheetDate, const QString& mode,
+                 const b_form_skin::Backgrounds& skin, QWidget* parent);
+    ~frmAED_Absen() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Form_Activate();
+    void txtNIK_Enter();
+    /// False when the number is unknown: then the user was told, and the focus is in the field again.
+    bool txtNIK_Validate();
+    void txtPassword_Enter();
+    void cmdButtons_Click(int index);
+    void ShowEmployeeList();
+    void LOV_AfterListClose(QWidget* control, const QVariantMap& values);
+
+    bool LoadPassword();
+    bool Record();
+    void ShowRecorded();
+    void ShowPhoto(const QString& pathImage);
+    void ShowDetail(bool shown);
+    void ClearEntry();
+
+    Program& program_;
+    ClockEntry entry_;
+    QString storedPassword_;
+    bool activated_ = false;
+    bool recorded_ = false;
+    std::unique_ptr<Ui::frmAED_Absen> ui_;
+    PickList* pickList_ = nullptr;
+    QTimer Timer1;
+};

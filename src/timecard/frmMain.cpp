@@ -1,0 +1,391 @@
+#include "timecard/frmMain.h"
+
+#include "core/supervisor_check.h"
+#include "timecard/frmAED_Absen.h"
+#include "timecard/sheet_identifier.h"
+#include "timecard/sheet_lifecycle.h"
+#include "ui/busy_pointer.h"
+#include "ui/window_place.h"
+#include "ui_frmMain.h"
+
+#include <QButtonGroup>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using modGeneral::AskAdminPass;
+
+namespace {
+
+enum Button { In, Out, Admin };
+
+constexpr int TickMilliseconds = 1200;
+constexpr Seconds RefreshEvery{5};
+constexpr int LastDayOfAnyMonth = 31;
+/// The clock's refresh waits little for another program's lock: the next one comes soon.
+constexpr std::chrono::milliseconds ClockPatience{200};
+constexpr std::chrono::milliseconds UserPatience{2000};
+/// The mode under which the entry window records a departure.
+const QString ClockOutMode = u"N"_s;
+const QString ClockInMode = u"IN"_s;
+
+Seconds SecondOfMinute(WallTime time) {
+    return TimeOfDay(time) % std::chrono::minutes{1};
+}
+
+/// The clock stands on a multiple of five seconds, or went past one since the last tick.
+bool RefreshIsDue(WallTime lastTick, WallTime now) {
+    return SecondOfMinute(now) % RefreshEvery == Seconds{0}
+           || lastTick.time_since_epoch() / RefreshEvery != now.time_since_epoch() / RefreshEvery;
+}
+
+} // namespace
+
+frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNeeds needs)
+    : program_(program), skin_(skin), needs_(std::move(needs)), sheet_(program.clock),
+      ui_(std::make_unique<Ui::frmMain>()) {
+    ui_->setupUi(this);
+    lblCounts_ = new QLabel(this);
+    lblCounts_->setObjectName(u"lblCounts"_s);
+    lblUpdated_ = new QLabel(this);
+    lblUpdated_->setObjectName(u"lblUpdated"_s);
+    ui_->statusbar->addWidget(lblCounts_);
+    ui_->statusbar->addPermanentWidget(lblUpdated_);
+    ui_->picCloseTcid->hide();
+    ui_->lblOtherDay->hide();
+    ui_->lblAdminMode->hide();
+    ConnectControls();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::ConnectControls() {
+    auto* cmdButtons = new QButtonGroup(this);
+    cmdButtons->addButton(ui_->cmdButtons_0, In);
+    cmdButtons->addButton(ui_->cmdButtons_1, Out);
+    cmdButtons->addButton(ui_->cmdButtons_2, Admin);
+    connect(cmdButtons, &QButtonGroup::idClicked, this, &frmMain::cmdButtons_Click);
+    ui_->cmdButtons_2->setEnabled(bool(needs_.openSettings));
+    ui_->mnAdmin->setEnabled(bool(needs_.openSettings));
+
+    connect(ui_->mnIN, &QAction::triggered, this, &frmMain::mnIN_Click);
+    connect(ui_->mnOUT, &QAction::triggered, this, &frmMain::mnOUT_Click);
+    connect(ui_->mnAdmin, &QAction::triggered, this, &frmMain::mnAdmin_Click);
+    connect(ui_->mnTcidTutup, &QAction::triggered, this, &frmMain::mnTcidTutup_Click);
+    connect(ui_->mnBukaTcid, &QAction::triggered, this, &frmMain::mnBukaTcid_Click);
+    connect(ui_->mnAdminMode, &QAction::triggered, this, &frmMain::mnAdminMode_Click);
+    connect(ui_->mnExit, &QAction::triggered, this, &QWidget::close);
+
+    connect(ui_->cmdTCID, &QPushButton::clicked, this, &frmMain::cmdTCID_Click);
+    connect(ui_->txtTCID, &QLineEdit::textChanged, this, &frmMain::txtTCID_Change);
+    connect(ui_->txtTCID, &QLineEdit::editingFinished, this, [this] { RefreshSheet(Cause::User); });
+    connect(ui_->txtTcIDRight, &QLineEdit::editingFinished, this, &frmMain::txtTcIDRight_LostFocus);
+    connect(ui_->txtExt, &QLineEdit::editingFinished, this, &frmMain::txtTcIDRight_LostFocus);
+    // Cards carry their identifier in upper case: the extension is shown as it will stand on them.
+    connect(ui_->txtExt, &QLineEdit::textEdited, this,
+            [this](const QString& text) { ui_->txtExt->setText(text.toUpper()); });
+    connect(ui_->tabTgl, &QTabBar::currentChanged, this, &frmMain::tabTgl_Click);
+    connect(ui_->UpDown1_Up, &QToolButton::clicked, this, [this] { UpDown1_Change(+1); });
+    connect(ui_->UpDown1_Down, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
+    connect(ui_->MSHFlexGrid1, &MSHFlexGrid::HeaderPressed, this, &frmMain::MSHFlexGrid1_MouseDown);
+    connect(ui_->MSHFlexGrid1, &MSHFlexGrid::RowChosen, this, &frmMain::MSHFlexGrid1_DblClick);
+    Timer1.setInterval(TickMilliseconds);
+    connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
+}
+
+bool frmMain::Form_Load() {
+    if (!modAbsen::InitApplication(program_, skin_, needs_.userCountry))
+        return false;
+    b_form_skin::SkinWindow(*this, skin_.Picture(modAbsen::Background::Big));
+    const Day today = program_.clock.Today();
+    lastTick_ = program_.clock.Now();
+    FillDayTabs(today);
+    ui_->txtTCID->setText(SheetIdentifierOf(today));
+    ui_->txtTanggal->setDate(ToQDate(today));
+    SetUpGrid();
+    LoadEmployees(u" ORDER BY NAMA"_s);
+    Timer1_Timer();
+    Timer1.start();
+    RestorePlace(*this);
+    ui_->MSHFlexGrid1->setFocus();
+    return true;
+}
+
+void frmMain::SetUpGrid() {
+    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    grid.setModel(&sheet_);
+    grid.PaintStatus(SheetModel::Status, SheetModel::StatusRole);
+    grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
+    const QFontMetrics metrics = grid.fontMetrics();
+    const int padding = metrics.horizontalAdvance(u"MMM"_s);
+    const int time = metrics.horizontalAdvance(u"00:00:00"_s) + padding;
+    for (const int column : {SheetModel::TimeIn, SheetModel::TimeOut, SheetModel::Hours,
+                             SheetModel::OvertimeIn, SheetModel::OvertimeOut, SheetModel::OvertimeHours})
+        grid.setColumnWidth(column, time);
+    grid.setColumnWidth(SheetModel::Status, metrics.horizontalAdvance(u"Status"_s) + padding);
+    grid.setColumnWidth(SheetModel::Dept, metrics.horizontalAdvance(u"WWWW/WWWW"_s) + padding);
+    grid.setColumnWidth(SheetModel::Nip, metrics.horizontalAdvance(u"00000000"_s) + padding);
+    grid.horizontalHeader()->setSectionResizeMode(SheetModel::Nama, QHeaderView::Stretch);
+}
+
+void frmMain::FillDayTabs(Day today) {
+    const QSignalBlocker quiet(ui_->tabTgl);
+    QTabBar& tabs = *ui_->tabTgl;
+    while (tabs.count() > 0)
+        tabs.removeTab(0);
+    const QDate date = ToQDate(today);
+    for (int day = 1; day <= date.daysInMonth(); ++day) {
+        tabs.addTab(QString::number(day));
+        tabs.setTabToolTip(day - 1, ShownDay(FromQDate(QDate(date.year(), date.month(), day))));
+    }
+    tabs.setTabText(date.day() - 1, u"•%1"_s.arg(date.day()));
+    tabs.setTabToolTip(date.day() - 1, u"Hari ini, %1"_s.arg(ShownDay(today)));
+}
+
+void frmMain::SetAdminMode(bool on) {
+    adminMode_ = on;
+    ui_->mnAdminMode->setChecked(on);
+    ui_->lblAdminMode->setVisible(on);
+}
+
+void frmMain::Timer1_Timer() {
+    const WallTime now = program_.clock.Now();
+    sheetIdentifier_ = ui_->txtTCID->text();
+    sheetDate_ = FromQDate(ui_->txtTanggal->date());
+    const Seconds rest = SecondOfMinute(now) % RefreshEvery;
+    ui_->lblTimer->setText(ShownTime(now) + u'-' + QString::number(rest.count()));
+    if (MonthPartOf(DayOf(lastTick_)) != MonthPartOf(DayOf(now)) || DayOf(lastTick_) != DayOf(now))
+        FillDayTabs(DayOf(now));
+    const bool due = RefreshIsDue(lastTick_, now);
+    lastTick_ = now;
+    if (due) {
+        blink_ = !blink_;
+        RefreshSheet(Cause::Clock);
+    }
+}
+
+void frmMain::RefreshSheet(Cause cause) {
+    ui_->lblAdminMode->setVisible(adminMode_);
+    try {
+        ReadSheet(cause);
+        refreshFailing_ = false;
+        lastRefresh_ = program_.clock.Now();
+    } catch (const std::exception& error) {
+        // While the clock's refreshes keep failing, one message is enough; the status bar tells the rest.
+        const bool tell = cause == Cause::User || !std::exchange(refreshFailing_, true);
+        if (tell)
+            ReportError(program_, error, u"RefreshSheet"_s);
+    }
+    ShowState();
+}
+
+void frmMain::ReadSheet(Cause cause) {
+    const BusyPointer busy;
+    Connection& connection = program_.Db();
+    if (cause == Cause::Clock)
+        connection.SetPatience(ClockPatience);
+    const auto restore = qScopeGuard([&connection] { connection.SetPatience(UserPatience); });
+    sheet_.Refresh(connection, ui_->txtTCID->text());
+    if (sheet_.IsClosed())
+        return;
+    ui_->txtTanggal->setDate(ToQDate(sheet_.SheetDay()));
+    sheetDate_ = sheet_.SheetDay();
+}
+
+void frmMain::ShowState() {
+    const Day today = program_.clock.Today();
+    const QString sheet = ui_->txtTCID->text();
+    ui_->picCloseTcid->setVisible(sheet_.IsClosed());
+    ui_->lblOtherDay->setVisible(sheet.left(SheetIdentifierOf(today).size()) != SheetIdentifierOf(today));
+    const SheetModel::Counts counts = sheet_.Count();
+    lblCounts_->setText(u"%1 karyawan · %2 masuk · %3 keluar · %4 belum hadir"_s.arg(counts.employees)
+                            .arg(counts.in)
+                            .arg(counts.out)
+                            .arg(counts.absent));
+    const QString file = QFileInfo(program_.Db().FileName()).fileName();
+    lblUpdated_->setText(
+        (refreshFailing_ ? u"TIDAK dapat diperbarui sejak %1 · %2"_s : u"diperbarui %1 · %2"_s)
+            .arg(ShownTime(lastRefresh_), file));
+}
+
+void frmMain::LoadEmployees(const QString& sortClause) {
+    const int row = ui_->MSHFlexGrid1->currentIndex().row();
+    const QString selected = row < 0 ? QString() : sheet_.NipAt(row);
+    const bool loaded = Trapped(program_, u"LoadEmployees"_s, [&] {
+        const BusyPointer busy;
+        sheet_.LoadEmployees(program_.Db(), sortClause);
+        sortClause_ = sortClause;
+    });
+    if (!loaded)
+        return;
+    RefreshSheet(Cause::User);
+    const int again = selected.isEmpty() ? 0 : sheet_.RowOf(selected);
+    ui_->MSHFlexGrid1->selectRow(again);
+}
+
+void frmMain::MSHFlexGrid1_MouseDown(int column) {
+    const QString clause = u" ORDER BY ["_s + sheet_.headerData(column, Qt::Horizontal).toString() + u"]"_s;
+    if (clause != sortClause_)
+        LoadEmployees(clause);
+}
+
+void frmMain::MSHFlexGrid1_DblClick(int row) {
+    if (adminMode_ && needs_.editCard)
+        needs_.editCard(CardIdentifier(ui_->txtTCID->text(), sheet_.NipAt(row)), sheet_.NipAt(row));
+}
+
+void frmMain::Form_KeyDown(int key) {
+    // F3, though it stands on the button, is not bound: administration is no matter of one stray key.
+    if (key == Qt::Key_F2)
+        mnIN_Click();
+    else if (key == Qt::Key_F8)
+        mnOUT_Click();
+    else if (key == Qt::Key_F10)
+        ui_->mnEdit->popup(ui_->menubar->mapToGlobal(QPoint(0, ui_->menubar->height())));
+}
+
+void frmMain::cmdButtons_Click(int index) {
+    if (index == In)
+        mnIN_Click();
+    else if (index == Out)
+        mnOUT_Click();
+    else if (index == Admin)
+        mnAdmin_Click();
+}
+
+void frmMain::mnIN_Click() {
+    OpenClockEntry(ClockInMode);
+}
+
+void frmMain::mnOUT_Click() {
+    OpenClockEntry(ClockOutMode);
+}
+
+void frmMain::OpenClockEntry(const QString& mode) {
+    sheetIdentifier_ = ui_->txtTCID->text();
+    bool closed = false;
+    if (!Trapped(program_, u"OpenClockEntry"_s,
+                 [&] { closed = IsSheetClosed(program_.Db(), sheetIdentifier_); }))
+        return;
+    ui_->picCloseTcid->setVisible(closed);
+    if (closed)
+        return;
+    // The date that the window shows may be older than the last recording of another desk.
+    RefreshSheet(Cause::User);
+    frmAED_Absen entry(program_, sheetIdentifier_, sheetDate_, mode, skin_, this);
+    entry.exec();
+    RefreshSheet(Cause::User);
+}
+
+void frmMain::mnAdmin_Click() {
+    if (!needs_.openSettings || (!adminMode_ && !AskAdminPass(program_)))
+        return;
+    needs_.openSettings();
+    RefreshSheet(Cause::User);
+}
+
+void frmMain::mnTcidTutup_Click() {
+    ChangeSheet(true);
+}
+
+void frmMain::mnBukaTcid_Click() {
+    ChangeSheet(false);
+}
+
+void frmMain::ChangeSheet(bool close) {
+    if (!AskAdminPass(program_))
+        return;
+    const QString sheet = ui_->txtTCID->text();
+    if (sheet.isEmpty())
+        return;
+    const bool written = Trapped(program_, u"ChangeSheet"_s, [&] {
+        close ? CloseSheet(program_.Db(), sheet) : ReopenSheet(program_.Db(), sheet);
+    });
+    RefreshSheet(Cause::User);
+    if (written)
+        ui_->statusbar->showMessage(
+            (close ? u"Lembar %1 ditutup."_s : u"Lembar %1 dibuka lagi."_s).arg(sheet), 4000);
+}
+
+void frmMain::mnAdminMode_Click() {
+    SetAdminMode(!adminMode_ && AskAdminPass(program_));
+}
+
+bool frmMain::IsUnlocked() const {
+    return ui_->txtTCID->isEnabled();
+}
+
+void frmMain::cmdTCID_Click() {
+    const bool unlock = !IsUnlocked();
+    if (unlock && !AskAdminPass(program_))
+        return;
+    for (QWidget* field : {ui_->txtTCID, ui_->txtTcIDRight, ui_->txtExt})
+        field->setEnabled(unlock);
+    ui_->cmdTCID->setText(unlock ? u"&Kunci"_s : u"Buka &kunci"_s);
+    if (unlock)
+        ui_->txtTcIDRight->setFocus();
+}
+
+void frmMain::txtTCID_Change() {
+    const QString sheet = ui_->txtTCID->text();
+    ui_->txtTcIDLeft->setText(MonthPartOf(program_.clock.Today()));
+    if (!sheet.contains(u'-'))
+        ui_->txtTcIDRight->setText(TrailingDay(sheet));
+    ShowDayTab();
+}
+
+void frmMain::txtTcIDRight_LostFocus() {
+    ComposeIdentifier();
+}
+
+void frmMain::ComposeIdentifier() {
+    const QString day = ui_->txtTcIDRight->text().trimmed();
+    if (day.isEmpty()) {
+        ui_->txtTcIDRight->setText(DayPartOf(ui_->txtTCID->text()));
+    } else {
+        ui_->txtTcIDRight->setText(TwoDigitDay(day));
+        ui_->txtTCID->setText(ComposeSheetIdentifier(ui_->txtTcIDLeft->text(), day, ui_->txtExt->text()));
+    }
+    RefreshSheet(Cause::User);
+}
+
+/// Only a supervisor may switch the sheet to another day; back to today everybody may.
+bool frmMain::MaySwitchTo(const QString& day) {
+    return IsUnlocked() || day == TrailingDay(SheetIdentifierOf(program_.clock.Today()))
+           || AskAdminPass(program_);
+}
+
+void frmMain::SwitchToDay(const QString& day) {
+    if (day != ui_->txtTcIDRight->text() && MaySwitchTo(day)) {
+        ui_->txtTcIDRight->setText(day);
+        ComposeIdentifier();
+    }
+    ShowDayTab();
+}
+
+void frmMain::tabTgl_Click(int index) {
+    SwitchToDay(TwoDigitDay(QString::number(index + 1)));
+}
+
+void frmMain::UpDown1_Change(int step) {
+    const int day = ui_->txtTcIDRight->text().toInt() + step;
+    if (day >= 1 && day <= LastDayOfAnyMonth)
+        SwitchToDay(TwoDigitDay(QString::number(day)));
+}
+
+void frmMain::ShowDayTab() {
+    const QSignalBlocker quiet(ui_->tabTgl);
+    ui_->tabTgl->setCurrentIndex(DayPartOf(ui_->txtTCID->text()).toInt() - 1);
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    Form_KeyDown(event->key());
+    QMainWindow::keyPressEvent(event);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    SavePlace(*this);
+    QMainWindow::closeEvent(event);
+}

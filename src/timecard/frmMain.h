@@ -1,0 +1,104 @@
+#pragma once
+
+#include "core/program.h"
+#include "timecard/sheet_model.h"
+#include "ui/form_skin.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+class QActionGroup;
+class QLabel;
+
+namespace Ui {
+class frmMain;
+}
+
+/// What the main window needs of the windows above it. A function that is not given leaves its entry
+/// disabled.
+struct MainWindowNeeds {
+    /// Opens the editor of one card, filled with its header and day row.
+    std::function<void(const QString& tcid, const QString& nip)> editCard;
+    /// Opens the administrator's window and waits until it is closed.
+    std::function<void()> openSettings;
+    std::function<QString()> userCountry = b_WinControlPanel::UserCountry;
+};
+
+/// The attendance desk: the day's sheet, the running clock, and the ways to clock in and out and into
+/// administration.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNeeds needs);
+    ~frmMain() override;
+
+    /// Runs the start-up checks and loads today's sheet; false when the program must end.
+    bool Form_Load();
+
+    bool AdminMode() const { return adminMode_; }
+    void SetAdminMode(bool on);
+
+public Q_SLOTS:
+    void Timer1_Timer();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    enum class Cause { User, Clock };
+
+    void ConnectControls();
+    void SetUpGrid();
+    void FillDayTabs(Day today);
+
+    void Form_KeyDown(int key);
+    void cmdButtons_Click(int index);
+    void cmdTCID_Click();
+    void mnIN_Click();
+    void mnOUT_Click();
+    void mnAdmin_Click();
+    void mnTcidTutup_Click();
+    void mnBukaTcid_Click();
+    void mnAdminMode_Click();
+    void txtTCID_Change();
+    void txtTcIDRight_LostFocus();
+    void tabTgl_Click(int index);
+    void UpDown1_Change(int step);
+    void MSHFlexGrid1_MouseDown(int column);
+    void MSHFlexGrid1_DblClick(int row);
+
+    bool IsUnlocked() const;
+    bool MaySwitchTo(const QString& day);
+    void SwitchToDay(const QString& day);
+    void ComposeIdentifier();
+    void OpenClockEntry(const QString& mode);
+    void ChangeSheet(bool close);
+    void LoadEmployees(const QString& sortClause);
+    void RefreshSheet(Cause cause);
+    void ReadSheet(Cause cause);
+    void ShowState();
+    void ShowDayTab();
+
+    Program& program_;
+    b_form_skin::Backgrounds& skin_;
+    MainWindowNeeds needs_;
+    SheetModel sheet_;
+    /// What the entry window is handed, copied from the fields at every tick.
+    QString sheetIdentifier_;
+    Day sheetDate_{};
+    QString sortClause_;
+    bool adminMode_ = false;
+    bool blink_ = false;
+    /// The clock's refresh is failing and the user has been told once.
+    bool refreshFailing_ = false;
+    WallTime lastTick_{};
+    WallTime lastRefresh_{};
+    std::unique_ptr<Ui::frmMain> ui_;
+    QLabel* lblCounts_ = nullptr;
+    QLabel* lblUpdated_ = nullptr;
+    QTimer Timer1;
+};

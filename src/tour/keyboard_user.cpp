@@ -1,0 +1,67 @@
+#include "tour/keyboard_user.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QTest>
+#include <QWindow>
+
+namespace {
+constexpr int LookEveryMilliseconds = 5;
+constexpr int PatienceMilliseconds = 10000;
+} // namespace
+
+KeyboardUser::KeyboardUser() {
+    timer_.setInterval(LookEveryMilliseconds);
+    connect(&timer_, &QTimer::timeout, this, &KeyboardUser::Look);
+}
+
+void KeyboardUser::WhenIn(const QString& window, Action action) {
+    plans_.push_back({window, std::move(action)});
+    timer_.start();
+}
+
+void KeyboardUser::Look() {
+    QWidget* front = InFront();
+    if (plans_.empty())
+        timer_.stop();
+    else if (front && front->objectName() == plans_.front().window && front->windowHandle()
+             && front->windowHandle()->isExposed()) {
+        const Plan plan = std::move(plans_.front());
+        plans_.pop_front();
+        plan.action(*front);
+    }
+}
+
+void KeyboardUser::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    if (WaitUntil([] { return InFront() != nullptr; }))
+        QTest::keyClick(InFront()->windowHandle(), key, modifiers);
+}
+
+void KeyboardUser::Type(const QString& text) {
+    for (const QChar character : text) {
+        if (WaitUntil([] { return InFront() != nullptr; }))
+            QTest::keyClick(InFront()->windowHandle(), character.toLatin1());
+    }
+}
+
+bool KeyboardUser::WaitUntil(const std::function<bool()>& condition) {
+    QDeadlineTimer deadline(PatienceMilliseconds);
+    while (!condition() && !deadline.hasExpired())
+        QTest::qWait(LookEveryMilliseconds);
+    return condition();
+}
+
+QWidget* KeyboardUser::InFront() {
+    if (QWidget* popup = QApplication::activePopupWidget())
+        return popup;
+    if (QWidget* dialog = QApplication::activeModalWidget())
+        return dialog;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    // Where no window manager does it, the window that is left takes the focus when one before it is closed.
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() != Qt::ToolTip)
+            window->activateWindow();
+    }
+    return QApplication::activeWindow();
+}

@@ -1,0 +1,167 @@
+#include "ui/pick_list.h"
+
+#include "core/text_table.h"
+#include "ui/msh_flex_grid.h"
+#include "ui/theme.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QScrollBar>
+#include <QSortFilterProxyModel>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int VisibleRows = 10;
+constexpr int WrongConnectionNumber = 3705;
+
+} // namespace
+
+PickList::PickList(Program& program, QWidget* parent)
+    : QFrame(parent, Qt::Popup), program_(program), rows_(new modGeneral::TextGrid(this)),
+      filtered_(new QSortFilterProxyModel(this)), filter_(new QLineEdit(this)), grid_(new MSHFlexGrid(this)),
+      hint_(new QLabel(u"Ketik untuk mencari · Enter memilih · Esc batal"_s, this)) {
+    setObjectName(u"PickList"_s);
+    setFrameShape(StyledPanel);
+    filter_->setObjectName(u"txtFilter"_s);
+    filter_->setPlaceholderText(u"Cari"_s);
+    filter_->setAccessibleName(u"Cari"_s);
+    filter_->setClearButtonEnabled(true);
+    filter_->installEventFilter(this);
+    grid_->setObjectName(u"grdList"_s);
+    grid_->setFocusPolicy(Qt::NoFocus);
+    grid_->SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
+    hint_->setProperty("look", u"quiet"_s);
+
+    filtered_->setSourceModel(rows_);
+    filtered_->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    filtered_->setFilterKeyColumn(-1);
+    grid_->setModel(filtered_);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Theme::GroupGap, Theme::GroupGap, Theme::GroupGap, Theme::GroupGap);
+    layout->setSpacing(Theme::FieldGap);
+    layout->addWidget(filter_);
+    layout->addWidget(grid_);
+    layout->addWidget(hint_);
+
+    connect(filter_, &QLineEdit::textChanged, this, &PickList::ApplyFilter);
+    connect(grid_, &MSHFlexGrid::RowChosen, this, &PickList::Choose);
+}
+
+void PickList::ShowList(QWidget* anchor, double left, double top) {
+    anchor_ = anchor;
+    itemSelected_ = false;
+    values_.clear();
+    filter_->clear();
+    if (!Trapped(program_, u"ShowList"_s, [this] { Fill(); })) {
+        Q_EMIT LOV_AfterListClose(anchor_, {});
+        return;
+    }
+    closeTold_ = false;
+    Place(left, top);
+    show();
+    filter_->setFocus();
+    grid_->selectRow(0);
+}
+
+void PickList::Fill() {
+    if (ConnectionString != program_.Db().ConnectionString())
+        throw ProgramError(WrongConnectionNumber, u"Daftar pilihan memakai koneksi database yang lain."_s);
+    Rows rows = program_.Db().Query(SqlText);
+    rows_->SetHeaders(rows.ColumnNames());
+    const int columns = rows_->columnCount();
+    std::vector<QStringList> lines;
+    while (rows.Next()) {
+        QStringList line;
+        for (int column = 0; column < columns; ++column)
+            line << rows.Text(column);
+        lines.push_back(std::move(line));
+    }
+    rows_->SetRows(std::move(lines));
+}
+
+void PickList::Place(double left, double top) {
+    grid_->horizontalHeader()->setResizeContentsPrecision(200);
+    grid_->resizeColumnsToContents();
+    grid_->horizontalHeader()->setStretchLastSection(true);
+    const int rowHeight = grid_->verticalHeader()->defaultSectionSize();
+    grid_->setFixedHeight(grid_->horizontalHeader()->sizeHint().height() + VisibleRows * rowHeight + 4);
+    int width = grid_->verticalScrollBar()->sizeHint().width() + 3 * Theme::GroupGap;
+    for (int column = 0; column < filtered_->columnCount(); ++column)
+        width += grid_->columnWidth(column);
+    setFixedWidth(qMax(width, hint_->sizeHint().width() + 3 * Theme::GroupGap));
+    adjustSize();
+
+    QPoint place = anchor_ ? anchor_->mapToGlobal(QPoint(0, anchor_->height() + 2)) : QPoint(0, 0);
+    if (left >= 0 && top >= 0)
+        place = QPoint(qRound(left), qRound(top));
+    if (const QScreen* screen = anchor_ ? anchor_->screen() : nullptr) {
+        const QRect room = screen->availableGeometry();
+        place.setX(qMax(room.left(), qMin(place.x(), room.right() - width)));
+        if (place.y() + height() > room.bottom())
+            place.setY(qMax(room.top(), room.bottom() - this->height()));
+    }
+    move(place);
+}
+
+void PickList::ApplyFilter(const QString& text) {
+    filtered_->setFilterFixedString(text.trimmed());
+    grid_->selectRow(0);
+}
+
+void PickList::Choose(int row) {
+    if (row < 0 || row >= filtered_->rowCount())
+        return;
+    for (int column = 0; column < filtered_->columnCount(); ++column)
+        values_.insert(rows_->Headers().at(column), filtered_->index(row, column).data());
+    itemSelected_ = true;
+    hide();
+}
+
+/// The filter keeps the focus; the keys that walk the rows go on to the grid.
+bool PickList::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == filter_ && event->type() == QEvent::KeyPress)
+        return HandleFilterKey(static_cast<QKeyEvent*>(event)->key());
+    return QFrame::eventFilter(watched, event);
+}
+
+bool PickList::HandleFilterKey(int key) {
+    const int row = grid_->currentIndex().row();
+    const int last = filtered_->rowCount() - 1;
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Choose(row);
+        return true;
+    case Qt::Key_Escape:
+        hide();
+        return true;
+    case Qt::Key_Down:
+        grid_->selectRow(qMin(row + 1, last));
+        return true;
+    case Qt::Key_Up:
+        grid_->selectRow(qMax(row - 1, 0));
+        return true;
+    case Qt::Key_PageDown:
+        grid_->selectRow(qMin(row + VisibleRows, last));
+        return true;
+    case Qt::Key_PageUp:
+        grid_->selectRow(qMax(row - VisibleRows, 0));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PickList::hideEvent(QHideEvent* event) {
+    QFrame::hideEvent(event);
+    if (std::exchange(closeTold_, true))
+        return;
+    Q_EMIT LOV_AfterListClose(anchor_, values_);
+}

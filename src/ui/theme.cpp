@@ -1,0 +1,148 @@
+#include "ui/theme.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+#include <QStyleFactory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct StatusLook {
+    QStringView status;
+    QStringView fill;
+    QStringView text;
+};
+
+/// The fills differ in lightness as well as in hue, so that they are told apart without seeing colours.
+constexpr StatusLook StatusLooks[] = {
+    {u"IN", u"#BFEBCB", u"#0B4A26"}, {u"OUT", u"#D9DFE7", u"#2F3A48"}, {u"OU", u"#D9DFE7", u"#2F3A48"},
+    {u"KI", u"#FFE9A8", u"#5C4300"}, {u"PC", u"#FFCFB3", u"#6E2A00"},  {u"TL", u"#CBDCFF", u"#15317A"},
+};
+
+constexpr int BaseFontSize = 10;
+
+QPalette CalmPalette() {
+    const QColor window(u"#F4F6F8"_s);
+    const QColor text(u"#1B2430"_s);
+    const QColor disabled(u"#8A95A3"_s);
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(u"#F9FBFC"_s));
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Button, window);
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::PlaceholderText, Theme::QuietText());
+    palette.setColor(QPalette::Highlight, QColor(u"#CFE4FA"_s));
+    palette.setColor(QPalette::HighlightedText, text);
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Link, Theme::Accent());
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, disabled);
+    return palette;
+}
+
+const QString BaseSheet = uR"(
+QLabel[look="heading"] { font-size: %1pt; font-weight: 600; }
+QLabel[look="clock"] { font-size: %2pt; font-weight: 300; color: #0B5CAD; }
+QLabel[look="quiet"] { color: #566273; }
+QLabel[look="admin"] { font-weight: 600; color: #0B5CAD; }
+QLabel[look="caps"] { color: #5C4300; }
+QLabel[look="done"] { background: #BFEBCB; color: #0B4A26; font-size: %1pt; font-weight: 600;
+    padding: 8px 12px; border-radius: 4px; }
+QLabel[look="notice"], QFrame[look="notice"] { background: #FFF1C2; color: #5C4300; font-weight: 600;
+    border: 1px solid #E8CF80; border-radius: 4px; }
+QFrame[look="notice"] QLabel { background: transparent; color: #5C4300; font-weight: 600; border: none; }
+QLabel[look="photo"] { background: white; border: 1px solid #E1E6EC; border-radius: 4px; }
+QLabel[status] { padding: 3px 10px; border-radius: 4px; }
+
+QPushButton { background: white; border: 1px solid #B9C4D0; border-radius: 4px; padding: 4px 14px; min-height: 22px; }
+QPushButton:hover { background: #F0F5FA; border-color: #8FA3B8; }
+QPushButton:pressed { background: #E1EBF5; }
+QPushButton:default { background: #0B5CAD; border-color: #0B5CAD; color: white; }
+QPushButton:default:hover { background: #0A4F95; }
+QPushButton:focus { border: 2px solid #0B5CAD; padding: 3px 13px; }
+QPushButton:default:focus { border: 2px solid #06325F; }
+QPushButton:disabled { background: #EEF1F4; border-color: #D8DEE5; color: #8A95A3; }
+QPushButton[look="desk"] { min-height: 46px; min-width: 150px; font-size: %1pt; font-weight: 600; }
+QToolButton { background: white; border: 1px solid #B9C4D0; border-radius: 3px; padding: 1px; }
+QToolButton:hover { background: #F0F5FA; }
+QToolButton:focus { border: 2px solid #0B5CAD; padding: 0px; }
+QToolButton:disabled { background: #EEF1F4; border-color: #D8DEE5; }
+
+QLineEdit, QDateEdit { background: white; border: 1px solid #B9C4D0; border-radius: 4px; padding: 3px 6px;
+    min-height: 20px; selection-background-color: #CFE4FA; selection-color: #1B2430; }
+QLineEdit:focus, QDateEdit:focus { border: 2px solid #0B5CAD; padding: 2px 5px; }
+QLineEdit:disabled, QDateEdit:disabled, QLineEdit:read-only, QDateEdit:read-only { background: #EEF1F4;
+    border-color: #D8DEE5; color: #3A4656; }
+
+QTableView { background: white; border: 1px solid #E1E6EC; gridline-color: #E1E6EC; alternate-background-color: #F9FBFC;
+    selection-background-color: #CFE4FA; selection-color: #1B2430; }
+QTableView:focus { border: 1px solid #0B5CAD; }
+QHeaderView::section { background: #EAEFF4; border: none; border-right: 1px solid #E1E6EC;
+    border-bottom: 1px solid #D3DBE3; padding: 5px 8px; font-weight: 600; }
+QHeaderView::section:hover { background: #DFE7EF; }
+
+QTabBar::tab { background: white; border: 1px solid #D3DBE3; border-radius: 3px; padding: 5px 3px; margin-right: 2px; }
+QTabBar::tab:hover { background: #F0F5FA; }
+QTabBar::tab:selected { background: #0B5CAD; border-color: #0B5CAD; color: white; font-weight: 600; }
+QTabBar:focus::tab:selected { border: 2px solid #06325F; }
+QTabBar::tab:disabled { color: #8A95A3; }
+
+QMenuBar { background: transparent; }
+QMenu { background: white; border: 1px solid #B9C4D0; padding: 4px; }
+QMenu::item { padding: 6px 24px; border-radius: 3px; }
+QMenu::item:selected { background: #CFE4FA; color: #1B2430; }
+QMenu::item:disabled { color: #8A95A3; }
+QStatusBar { color: #566273; }
+QStatusBar::item { border: none; }
+QToolTip { background: white; color: #1B2430; border: 1px solid #B9C4D0; padding: 4px; }
+)"_s;
+
+QString StatusRules() {
+    QString rules;
+    for (const StatusLook& look : StatusLooks)
+        rules += u"QLabel[status=\"%1\"] { background: %2; color: %3; }\n"_s.arg(look.status, look.fill,
+                                                                                 look.text);
+    return rules;
+}
+
+} // namespace
+
+void Theme::Apply(QApplication& application) {
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setPalette(CalmPalette());
+    QFont font = QApplication::font();
+    font.setPointSizeF(qMax<qreal>(BaseFontSize, font.pointSizeF()));
+    QApplication::setFont(font);
+    const auto scaled = [&font](qreal size) {
+        return QString::number(size * font.pointSizeF() / BaseFontSize, 'f', 1);
+    };
+    application.setStyleSheet(BaseSheet.arg(scaled(13), scaled(40)) + StatusRules());
+}
+
+std::optional<Theme::Colours> Theme::StatusColours(QStringView status) {
+    if (status == QStringView(u"A"))
+        return Colours{QColor(), QuietText()};
+    for (const StatusLook& look : StatusLooks) {
+        if (look.status == status)
+            return Colours{QColor(look.fill), QColor(look.text)};
+    }
+    return std::nullopt;
+}
+
+QColor Theme::QuietText() {
+    return QColor(u"#566273"_s);
+}
+
+QColor Theme::Accent() {
+    return QColor(u"#0B5CAD"_s);
+}
+
+QColor Theme::FieldBorder() {
+    return QColor(u"#B9C4D0"_s);
+}

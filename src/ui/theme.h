@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+
+#include <optional>
+
+class QApplication;
+
+/// The one look of all windows: colours, fonts and spacing stand here and nowhere else. Widgets say what they
+/// are by the dynamic property "look" ("heading", "clock", "quiet", "notice", "desk", "done"), legend labels
+/// by the property "status".
+namespace Theme {
+
+/// Sets style, palette, font and style sheet. Sizes follow the system's font.
+void Apply(QApplication& application);
+
+struct Colours {
+    QColor fill;
+    QColor text;
+};
+
+/// How a status code is painted; nothing for a code without colours of its own.
+std::optional<Colours> StatusColours(QStringView status);
+
+QColor QuietText();
+QColor Accent();
+QColor FieldBorder();
+
+/// Distances in pixels: around a window's content, between groups, inside a group.
+inline constexpr int Margin = 12;
+inline constexpr int GroupGap = 8;
+inline constexpr int FieldGap = 6;
+
+} // namespace Theme

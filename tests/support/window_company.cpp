@@ -1,0 +1,86 @@
+#include "support/window_company.h"
+
+#include "shell/frmLogin.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QMenu>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void AddPictures(const QString& folder) {
+    QDir(folder).mkpath(u"images"_s);
+    QImage picture(4, 4, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    // The reader goes by the content: any picture format does under these names.
+    for (const auto& name : {u"images/back_big.gif"_s, u"images/back_litle.gif"_s, u"images/back_midle.gif"_s,
+                             u"images/back.gif"_s, u"NoImage.gif"_s})
+        EXPECT_TRUE(picture.save(folder + u'/' + name, "PNG"));
+}
+
+} // namespace
+
+WindowCompany::WindowCompany(MainWindowNeeds needs) {
+    company.AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"rahasia"_s, u"PROD"_s, u"A"_s);
+    company.AddEmployee(u"0013"_s, u"Budi Santoso"_s, u"Kunci1"_s, u"PROD"_s, u"B"_s);
+    company.AddEmployee(u"0014"_s, u"Agus Salim"_s, u"agus"_s, u"ADM"_s, u"A"_s);
+    company.AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
+    company.AddUser(u"budi"_s, u"budi"_s);
+    AddPictures(company.folder.path());
+    company.program.askLogin = [this](LoginHandOver& channel) {
+        frmLogin(company.clock, channel, skin, QApplication::activeWindow()).exec();
+    };
+    if (!needs.openSettings)
+        needs.openSettings = [] {};
+    needs.userCountry = [] { return u"United States"_s; };
+    window = std::make_unique<frmMain>(company.program, skin, std::move(needs));
+    EXPECT_TRUE(window->Form_Load());
+    window->show();
+    window->activateWindow();
+    EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return QApplication::activeWindow() == window.get(); }));
+}
+
+WindowCompany::~WindowCompany() {
+    EXPECT_TRUE(user.IsDone()) << "a window that the test waited for never came";
+}
+
+void WindowCompany::WillLogIn(const QString& name, const QString& password) {
+    user.WhenIn(u"frmLogin"_s, [name, password](QWidget&) {
+        KeyboardUser::Type(name);
+        KeyboardUser::Press(Qt::Key_Return);
+        KeyboardUser::Type(password);
+        KeyboardUser::Press(Qt::Key_Return);
+    });
+}
+
+void WindowCompany::Record(Qt::Key key, const QString& nip, const QString& password) {
+    user.WhenIn(u"frmAED_Absen"_s, [nip, password](QWidget&) {
+        KeyboardUser::Type(nip);
+        KeyboardUser::Press(Qt::Key_Return);
+        KeyboardUser::Type(password);
+        KeyboardUser::Press(Qt::Key_Return);
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    KeyboardUser::Press(key);
+}
+
+void WindowCompany::ChooseFromMenu(const QString& entry) {
+    KeyboardUser::Press(Qt::Key_F10);
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    for (int i = 0; i <= menu->actions().size(); ++i) {
+        KeyboardUser::Press(Qt::Key_Down);
+        if (menu->activeAction() && menu->activeAction()->text() == entry)
+            break;
+    }
+    ASSERT_TRUE(menu->activeAction());
+    ASSERT_EQ(menu->activeAction()->text(), entry);
+    KeyboardUser::Press(Qt::Key_Return);
+}
+
+QString WindowCompany::Cell(int row, int column) {
+    return Part<QTableView>("MSHFlexGrid1").model()->index(row, column).data().toString();
+}
