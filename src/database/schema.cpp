@@ -21,8 +21,10 @@ constexpr int SchemaNumber = 90003;
     throw DatabaseError({SchemaNumber, u"Time Attendance"_s, description});
 }
 
+/// The modifier makes the engine work the date out anew: without it, some of its versions give 30 February
+/// and 24:00:00 back as they are.
 QString Checked(QStringView column, QStringView form) {
-    return u"%1 TEXT CHECK (%1 IS %2(%1))"_s.arg(column, form);
+    return u"%1 TEXT CHECK (%1 IS %2(%1,'+0 days'))"_s.arg(column, form);
 }
 
 QString DayColumn(QStringView column) {
