@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -89,22 +90,24 @@ int NumberOf(Connection& connection, const QString& query) {
     return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : 0;
 }
 
-QSet<QString> TablesAndColumns(Connection& connection) {
+/// The names of the tables, or of the views, and "table.column" for each of their columns.
+QString NamesQuery(QStringView kind) {
+    return u"SELECT lower(m.name), lower(m.name)||'.'||lower(c.name) FROM sqlite_master m "
+           "JOIN pragma_table_xinfo(m.name) c WHERE m.type='%1'"_s.arg(kind);
+}
+
+QSet<QString> NamesIn(Connection& connection, QStringView kind) {
     QSet<QString> found;
-    Rows rows =
-        connection.QueryNative(u"SELECT m.name, c.name FROM sqlite_master m "
-                               "JOIN pragma_table_xinfo(m.name) c WHERE m.type IN ('table','view')"_s);
-    while (rows.Next()) {
-        found << rows.Text(0).toLower();
-        found << rows.Text(0).toLower() + u'.' + rows.Text(1).toLower();
-    }
+    Rows rows = connection.QueryNative(NamesQuery(kind));
+    while (rows.Next())
+        found << rows.Text(0) << rows.Text(1);
     return found;
 }
 
 /// What a database of this version holds is read off a fresh one in memory: the steps are its only
 /// description.
-QSet<QString> ExpectedTablesAndColumns(std::span<const SchemaStep> steps) {
-    const QString name = u"expected schema"_s;
+QSet<QString> ExpectedNames(std::span<const SchemaStep> steps, QStringView kind) {
+    const QString name = QUuid::createUuid().toString();
     QSet<QString> expected;
     {
         QSqlDatabase memory = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
@@ -115,12 +118,9 @@ QSet<QString> ExpectedTablesAndColumns(std::span<const SchemaStep> steps) {
             for (const QString& statement : step.statements)
                 query.exec(statement);
         }
-        query.exec(u"SELECT m.name, c.name FROM sqlite_master m "
-                   "JOIN pragma_table_xinfo(m.name) c WHERE m.type IN ('table','view')"_s);
-        while (query.next()) {
-            expected << query.value(0).toString().toLower();
-            expected << query.value(0).toString().toLower() + u'.' + query.value(1).toString().toLower();
-        }
+        query.exec(NamesQuery(kind));
+        while (query.next())
+            expected << query.value(0).toString() << query.value(1).toString();
     }
     QSqlDatabase::removeDatabase(name);
     return expected;
@@ -184,11 +184,14 @@ void PrepareSchema(Connection& connection, std::span<const SchemaStep> steps) {
         RunSteps(connection, steps);
     }
 
-    QStringList missing = (ExpectedTablesAndColumns(steps) - TablesAndColumns(connection)).values();
-    missing.sort();
-    if (!missing.isEmpty())
-        Refuse(u"Database tidak lengkap, tidak ditemukan: %1.\nPulihkan database dari cadangan."_s.arg(
-            missing.first()));
+    // Tables first: the engine cannot even describe a view that stands on a missing one.
+    for (const QStringView kind : {u"table", u"view"}) {
+        QStringList missing = (ExpectedNames(steps, kind) - NamesIn(connection, kind)).values();
+        missing.sort();
+        if (!missing.isEmpty())
+            Refuse(u"Database tidak lengkap, tidak ditemukan: %1.\nPulihkan database dari cadangan."_s.arg(
+                missing.first()));
+    }
 }
 
 std::unique_ptr<Connection> OpenDatabaseFile(const QString& path) {
