@@ -2,11 +2,11 @@
 
 #include "database/connection_text.h"
 #include "database/sqlite_engine.h"
-#include "database/statement.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QSet>
 #include <QUuid>
 
@@ -140,11 +140,17 @@ void RunSteps(Connection& connection, std::span<const SchemaStep> steps) {
     }
 }
 
-/// The engine makes the copy, so that it is whole even while other desks write.
+/// The engine makes the copy, so that it is whole even while other desks write. It gets its name only once it
+/// is complete; when another desk was quicker, that desk's copy stays.
 void CopyAside(Connection& connection, int version) {
-    const QString copy = u"%1.v%2"_s.arg(connection.FileName()).arg(version);
-    if (!QFile::exists(copy))
-        connection.ExecuteNative(u"VACUUM INTO "_s + Quoted(copy));
+    const QString copy = connection.FileName() + u".v"_s + QString::number(version);
+    if (QFile::exists(copy))
+        return;
+    const QString unfinished = copy + u'.' + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    const auto removeUnfinished = qScopeGuard([&] { QFile::remove(unfinished); });
+    connection.ExecuteNative(u"VACUUM INTO '"_s + QString(unfinished).replace(u'\'', u"''"_s) + u'\'');
+    if (!QFile::rename(unfinished, copy) && !QFile::exists(copy))
+        Refuse(u"Salinan database tidak dapat dibuat: %1"_s.arg(QDir::toNativeSeparators(copy)));
 }
 
 } // namespace
