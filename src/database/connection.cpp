@@ -65,8 +65,8 @@ void Connection::ExecuteMany(const QString& statement, const QList<QVariantList>
         for (qsizetype i = 0; i < row.size(); ++i)
             query.bindValue(static_cast<int>(i), row[i]);
         Run(query);
+        ++ownChanges_; // the rows before one that fails are written
     }
-    ++ownChanges_;
 }
 
 void Connection::ExecuteNative(const QString& statement) {
@@ -123,6 +123,7 @@ Transaction::~Transaction() {
     if (!open_)
         return;
     connection_.inTransaction_ = false;
+    ++connection_.ownChanges_; // what was read inside is no longer so
     // The engine itself takes a transaction back that cannot be finished; then this statement fails, rightly.
     QSqlQuery query(connection_.database_);
     query.exec(u"ROLLBACK"_s);
