@@ -33,13 +33,15 @@ void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
 }
 
 void SheetModel::Refresh(Connection& connection, const QString& sheet) {
-    now_ = clock_.Now();
+    const WallTime now = clock_.Now();
     // Taken before reading: what is committed meanwhile is found by the next refresh.
-    const Basis basis{connection.Changes(), sheet, DayOf(now_)};
+    const Basis basis{connection.Changes(), sheet, DayOf(now)};
     if (basis != basis_)
         Read(connection, basis);
-    if (!closed_)
-        NotifyColumns(Hours, Hours);
+    if (closed_)
+        return;
+    now_ = now;
+    NotifyColumns(Hours, Hours);
 }
 
 void SheetModel::Read(Connection& connection, const Basis& basis) {
