@@ -9,7 +9,7 @@
 
 #include <chrono>
 
-/// The columns of a table and those of them that make its key.
+/// The columns of a table and those of them that make its key, each in its own order.
 struct TableShape {
     QStringList columns;
     QStringList key;
