@@ -30,7 +30,6 @@ QString HomeFolder(const QApplication& application) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"timeattendance"_s);
-    QApplication::setApplicationDisplayName(u"Time Attendance"_s);
     QApplication::setApplicationVersion(u"1.0"_s);
     Theme::Apply(application);
 

@@ -32,9 +32,8 @@ frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate
     Timer1.setInterval(CloseAfterMilliseconds);
     Timer1.setSingleShot(true);
     connect(&Timer1, &QTimer::timeout, this, &QDialog::accept);
-    connect(ui_->txtNIK, &QLineEdit::returnPressed, this, &frmAED_Absen::txtNIK_Enter);
-    connect(ui_->txtPassword, &QLineEdit::returnPressed, this, &frmAED_Absen::txtPassword_Enter);
     ui_->txtNIK->installEventFilter(this);
+    ui_->txtPassword->installEventFilter(this);
     auto* cmdButtons = new QButtonGroup(this);
     cmdButtons->addButton(ui_->cmdButtons_0, Detail);
     cmdButtons->addButton(ui_->cmdButtons_1, Simpan);
@@ -212,21 +211,29 @@ void frmAED_Absen::showEvent(QShowEvent* event) {
         Form_Activate();
 }
 
-/// The number is checked when its field loses the focus to another field of this window, but not on the way
-/// out by the "Batal" button.
 bool frmAED_Absen::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == ui_->txtNIK && event->type() == QEvent::FocusOut) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        const bool moved = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
-                           || reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
-        if (moved && isVisible())
-            QMetaObject::invokeMethod(
-                this,
-                [this] {
-                    if (isVisible() && focusWidget() != ui_->cmdButtons_2)
-                        txtNIK_Validate();
-                },
-                Qt::QueuedConnection);
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            watched == ui_->txtNIK ? txtNIK_Enter() : txtPassword_Enter();
+            return true;
+        }
     }
+    if (watched == ui_->txtNIK && event->type() == QEvent::FocusOut)
+        txtNIK_LostFocus(static_cast<QFocusEvent*>(event)->reason());
     return QDialog::eventFilter(watched, event);
+}
+
+/// The number is checked when the focus went to another field of this window, but not on the way out by the
+/// "Batal" button. The focus has to arrive there before it can be called back.
+void frmAED_Absen::txtNIK_LostFocus(Qt::FocusReason reason) {
+    const bool moved = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+                       || reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
+    if (!moved)
+        return;
+    const auto check = [this] {
+        if (isVisible() && focusWidget() != ui_->cmdButtons_2)
+            txtNIK_Validate();
+    };
+    QMetaObject::invokeMethod(this, check, Qt::QueuedConnection);
 }

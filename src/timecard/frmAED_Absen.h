@@ -32,6 +32,7 @@ protected:
 private:
     void Form_Activate();
     void txtNIK_Enter();
+    void txtNIK_LostFocus(Qt::FocusReason reason);
     /// False when the number is unknown: then the user was told, and the focus is in the field again.
     bool txtNIK_Validate();
     void txtPassword_Enter();

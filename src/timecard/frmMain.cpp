@@ -21,6 +21,7 @@ namespace {
 
 enum Button { In, Out, Admin };
 
+constexpr QSize FirstSize(1366, 740);
 constexpr int TickMilliseconds = 1200;
 constexpr Seconds RefreshEvery{5};
 constexpr int LastDayOfAnyMonth = 31;
@@ -53,6 +54,8 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     lblUpdated_->setObjectName(u"lblUpdated"_s);
     ui_->statusbar->addWidget(lblCounts_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
+    ui_->tabTgl->setDrawBase(false);
+    ui_->tabTgl->setUsesScrollButtons(true);
     ui_->picCloseTcid->hide();
     ui_->lblOtherDay->hide();
     ui_->lblAdminMode->hide();
@@ -108,7 +111,7 @@ bool frmMain::Form_Load() {
     LoadEmployees(u" ORDER BY NAMA"_s);
     Timer1_Timer();
     Timer1.start();
-    RestorePlace(*this);
+    RestorePlace(*this, FirstSize);
     ui_->MSHFlexGrid1->setFocus();
     return true;
 }

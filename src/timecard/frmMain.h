@@ -21,9 +21,9 @@ class frmMain;
 /// disabled.
 struct MainWindowNeeds {
     /// Opens the editor of one card, filled with its header and day row.
-    std::function<void(const QString& tcid, const QString& nip)> editCard;
+    std::function<void(const QString& tcid, const QString& nip)> editCard = {};
     /// Opens the administrator's window and waits until it is closed.
-    std::function<void()> openSettings;
+    std::function<void()> openSettings = {};
     std::function<QString()> userCountry = b_WinControlPanel::UserCountry;
 };
 

@@ -22,14 +22,20 @@ void KeyboardUser::WhenIn(const QString& window, Action action) {
 
 void KeyboardUser::Look() {
     QWidget* front = InFront();
-    if (plans_.empty())
+    if (plans_.empty()) {
         timer_.stop();
-    else if (front && front->objectName() == plans_.front().window && front->windowHandle()
-             && front->windowHandle()->isExposed()) {
-        const Plan plan = std::move(plans_.front());
-        plans_.pop_front();
-        plan.action(*front);
+        return;
     }
+    if (!front || front->objectName() != plans_.front().window || !front->windowHandle()->isExposed())
+        return;
+    // Shortcuts and mnemonics work in the active window only.
+    if (front->windowType() != Qt::Popup && !front->isActiveWindow()) {
+        front->activateWindow();
+        return;
+    }
+    const Plan plan = std::move(plans_.front());
+    plans_.pop_front();
+    plan.action(*front);
 }
 
 void KeyboardUser::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -9,15 +9,16 @@
 #include <functional>
 #include <list>
 
-/// Someone at the keyboard: presses keys in the window that is in front, and knows what to do in windows that open
-/// later, while the program waits in them.
+/// Someone at the keyboard: presses keys in the window that is in front, and knows what to do in windows that
+/// open later, while the program waits in them.
 class KeyboardUser : public QObject {
 public:
     using Action = std::function<void(QWidget&)>;
 
     KeyboardUser();
 
-    /// Remembers what to do, once, when a window of that object name is in front. Several are done in this order.
+    /// Remembers what to do, once, when a window of that object name is in front. Several are done in this
+    /// order.
     void WhenIn(const QString& window, Action action);
 
     /// True when every window that was waited for has come.

@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString ProgramTitle = u"Time Attendance - Korvane"_s;
+
 QMessageBox::Icon BoxIcon(Dialogs::Icon icon) {
     switch (icon) {
     case Dialogs::Icon::Information:
@@ -23,9 +25,9 @@ QMessageBox::Icon BoxIcon(Dialogs::Icon icon) {
 } // namespace
 
 void MessageDialogs::Show(Icon icon, const QString& text) {
-    QMessageBox box(BoxIcon(icon), QApplication::applicationDisplayName(), text, QMessageBox::Ok,
-                    QApplication::activeWindow());
+    QMessageBox box(BoxIcon(icon), ProgramTitle, text, QMessageBox::Ok, QApplication::activeWindow());
     // What is shown is text, whatever characters a value in it has.
+    box.setObjectName(u"MessageBox"_s);
     box.setTextFormat(Qt::PlainText);
     box.button(QMessageBox::Ok)->setText(u"&OK"_s);
     box.exec();

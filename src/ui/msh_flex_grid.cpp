@@ -11,34 +11,46 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class StatusDelegate : public QStyledItemDelegate {
+/// Paints a cell: the row's own colour or, in the status column, that of the status; then the text, set off
+/// from the lines of the grid.
+class CellDelegate : public QStyledItemDelegate {
 public:
-    StatusDelegate(int role, QObject* parent) : QStyledItemDelegate(parent), role_(role) {}
+    using QStyledItemDelegate::QStyledItemDelegate;
 
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        const auto colours = Theme::StatusColours(index.data(role_).toString());
-        if (!colours)
-            return;
-        if (colours->fill.isValid())
-            option->backgroundBrush = colours->fill;
-        option->palette.setColor(QPalette::Text, colours->text);
-        option->palette.setColor(QPalette::HighlightedText, colours->text);
-        option->font.setBold(colours->fill.isValid());
-    }
+    void SetStatusRole(int role) { statusRole_ = role; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        // A selected row keeps the colour of its status.
-        QStyleOptionViewItem plain = option;
-        if (Theme::StatusColours(index.data(role_).toString()))
-            plain.state.setFlag(QStyle::State_Selected, false);
-        QStyledItemDelegate::paint(painter, plain, index);
+        QStyleOptionViewItem cell = option;
+        initStyleOption(&cell, index);
+        QColor textColour = cell.palette.color(QPalette::Text);
+        QBrush fill = cell.backgroundBrush;
+        if (cell.state.testFlag(QStyle::State_Selected))
+            fill = cell.palette.highlight();
+        if (const auto colours =
+                statusRole_ ? Theme::StatusColours(index.data(statusRole_).toString()) : std::nullopt) {
+            textColour = colours->text;
+            if (colours->fill.isValid())
+                fill = colours->fill; // a selected row keeps the colour of its status
+            cell.font.setBold(colours->fill.isValid());
+        }
+        painter->save();
+        if (fill.style() != Qt::NoBrush)
+            painter->fillRect(cell.rect, fill);
+        painter->setPen(textColour);
+        painter->setFont(cell.font);
+        const QRect room = cell.rect.adjusted(Theme::CellPadding, 0, -Theme::CellPadding, 0);
+        const QString text = QFontMetrics(cell.font).elidedText(cell.text, Qt::ElideRight, room.width());
+        painter->drawText(room, static_cast<int>(cell.displayAlignment), text);
+        painter->restore();
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * Theme::CellPadding, 0);
     }
 
 private:
-    int role_;
+    int statusRole_ = 0;
 };
 
 } // namespace
@@ -52,10 +64,12 @@ MSHFlexGrid::MSHFlexGrid(QWidget* parent) : QTableView(parent) {
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollMode(ScrollPerPixel);
     setTabKeyNavigation(false);
+    setItemDelegate(new CellDelegate(this));
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setSectionsClickable(true);
     connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &MSHFlexGrid::HeaderPressed);
     connect(this, &QTableView::doubleClicked, this,
@@ -63,7 +77,9 @@ MSHFlexGrid::MSHFlexGrid(QWidget* parent) : QTableView(parent) {
 }
 
 void MSHFlexGrid::PaintStatus(int column, int role) {
-    setItemDelegateForColumn(column, new StatusDelegate(role, this));
+    auto* delegate = new CellDelegate(this);
+    delegate->SetStatusRole(role);
+    setItemDelegateForColumn(column, delegate);
 }
 
 void MSHFlexGrid::SetEmptyText(const QString& text) {
@@ -73,7 +89,7 @@ void MSHFlexGrid::SetEmptyText(const QString& text) {
 
 void MSHFlexGrid::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && event->modifiers().testFlag(Qt::ControlModifier) == false && currentIndex().isValid()) {
+    if (enter && currentIndex().isValid()) {
         Q_EMIT RowChosen(currentIndex().row());
         return;
     }

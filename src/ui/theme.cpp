@@ -77,7 +77,7 @@ QToolButton:disabled { background: #EEF1F4; border-color: #D8DEE5; }
 QLineEdit, QDateEdit { background: white; border: 1px solid #B9C4D0; border-radius: 4px; padding: 3px 6px;
     min-height: 20px; selection-background-color: #CFE4FA; selection-color: #1B2430; }
 QLineEdit:focus, QDateEdit:focus { border: 2px solid #0B5CAD; padding: 2px 5px; }
-QLineEdit:disabled, QDateEdit:disabled, QLineEdit:read-only, QDateEdit:read-only { background: #EEF1F4;
+QLineEdit:disabled, QDateEdit:disabled, QLineEdit:read-only, QDateEdit[look="shown"] { background: #EEF1F4;
     border-color: #D8DEE5; color: #3A4656; }
 
 QTableView { background: white; border: 1px solid #E1E6EC; gridline-color: #E1E6EC; alternate-background-color: #F9FBFC;
@@ -90,15 +90,18 @@ QHeaderView::section:hover { background: #DFE7EF; }
 QTabBar::tab { background: white; border: 1px solid #D3DBE3; border-radius: 3px; padding: 5px 3px; margin-right: 2px; }
 QTabBar::tab:hover { background: #F0F5FA; }
 QTabBar::tab:selected { background: #0B5CAD; border-color: #0B5CAD; color: white; font-weight: 600; }
-QTabBar:focus::tab:selected { border: 2px solid #06325F; }
+QTabBar::tab:selected:focus { border: 2px solid #06325F; }
 QTabBar::tab:disabled { color: #8A95A3; }
 
-QMenuBar { background: transparent; }
+QMenuBar { background: transparent; padding-left: 4px; }
+QMenuBar::item { padding: 4px 8px; border-radius: 3px; background: transparent; }
+QMenuBar::item:selected { background: #CFE4FA; }
 QMenu { background: white; border: 1px solid #B9C4D0; padding: 4px; }
 QMenu::item { padding: 6px 24px; border-radius: 3px; }
 QMenu::item:selected { background: #CFE4FA; color: #1B2430; }
 QMenu::item:disabled { color: #8A95A3; }
-QStatusBar { color: #566273; }
+QStatusBar { color: #566273; padding: 0 8px; }
+QStatusBar QLabel { color: #566273; padding: 0 8px; }
 QStatusBar::item { border: none; }
 QToolTip { background: white; color: #1B2430; border: 1px solid #B9C4D0; padding: 4px; }
 )"_s;

@@ -31,5 +31,7 @@ QColor FieldBorder();
 inline constexpr int Margin = 12;
 inline constexpr int GroupGap = 8;
 inline constexpr int FieldGap = 6;
+/// Between a grid's lines and the text of a cell.
+inline constexpr int CellPadding = 8;
 
 } // namespace Theme

@@ -2,7 +2,13 @@
 
 #include "support/window_company.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 
@@ -44,7 +50,8 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
 
     KeyboardUser::Press(Qt::Key_F2);
-    EXPECT_TRUE(desk.company.RowsOf(Cards).isEmpty());
+    KeyboardUser::Press(Qt::Key_F8);
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
 
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     desk.ChooseFromMenu(u"Buka lagi lembar ini"_s);
@@ -52,4 +59,236 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     EXPECT_FALSE(desk.Part<QWidget>("picCloseTcid").isVisible());
     desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
     EXPECT_EQ(desk.company.RowsOf(Cards).size(), 1);
+}
+
+TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
+    WindowCompany desk;
+    for (const QString& entry : {u"Tutup Lembar ini"_s, u"Buka lagi lembar ini"_s, u"Admin Mode"_s}) {
+        desk.WillLogIn(u"budi"_s, u"budi"_s);
+        desk.ChooseFromMenu(entry);
+        EXPECT_EQ(desk.company.dialogs.Last(), u"Hanya level supervisor / SPV.\nLihat [User Job]..."_s);
+    }
+    desk.WillLogIn(u"pelon"_s, u"PELON"_s);
+    desk.Part<QPushButton>("cmdTCID").click();
+    EXPECT_EQ(desk.company.dialogs.Last(), u"Password/Username salah."_s);
+    EXPECT_FALSE(desk.Part<QLineEdit>("txtTCID").isEnabled());
+    EXPECT_FALSE(desk.window->AdminMode());
+    EXPECT_TRUE(desk.company.RowsOf(Sheets).isEmpty());
+}
+
+TEST(frmMain, AdminModeIsTurnedOnWithACheckAndOffWithout) {
+    WindowCompany desk;
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.ChooseFromMenu(u"Admin Mode"_s);
+    EXPECT_TRUE(desk.window->AdminMode());
+    EXPECT_TRUE(desk.Part<QAction>("mnAdminMode").isChecked());
+    EXPECT_TRUE(desk.Part<QLabel>("lblAdminMode").isVisible());
+    desk.ChooseFromMenu(u"Admin Mode"_s);
+    EXPECT_FALSE(desk.window->AdminMode());
+    EXPECT_FALSE(desk.Part<QAction>("mnAdminMode").isChecked());
+}
+
+TEST(frmMain, RowsOpenTheEditorInAdminModeOnly) {
+    QStringList opened;
+    WindowCompany desk({.editCard = [&](const QString& tcid, const QString& nip) { opened << tcid << nip; }});
+    auto& grid = desk.Part<QTableView>("MSHFlexGrid1");
+    grid.setFocus();
+    grid.selectRow(1);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_TRUE(opened.isEmpty());
+    desk.window->SetAdminMode(true);
+    KeyboardUser::Press(Qt::Key_Return);
+    Q_EMIT grid.doubleClicked(grid.model()->index(2, 3));
+    EXPECT_EQ(opened, (QStringList{u"T202611220013"_s, u"0013"_s, u"T202611220012"_s, u"0012"_s}));
+}
+
+TEST(frmMain, AdministrationAsksForASupervisorUnlessAdminModeIsOn) {
+    int opened = 0;
+    WindowCompany desk({.openSettings = [&] { ++opened; }});
+    KeyboardUser::Press(Qt::Key_F3);
+    EXPECT_EQ(opened, 0);
+    desk.WillLogIn(u"budi"_s, u"budi"_s);
+    desk.Part<QPushButton>("cmdButtons_2").click();
+    EXPECT_EQ(opened, 0);
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.Part<QPushButton>("cmdButtons_2").click();
+    EXPECT_EQ(opened, 1);
+    desk.window->SetAdminMode(true);
+    desk.ChooseFromMenu(u"Edit data master dan laporan"_s);
+    EXPECT_EQ(opened, 2);
+}
+
+TEST(frmMain, TheUnlockedIdentifierIsComposedFromItsFields) {
+    WindowCompany desk;
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.Part<QPushButton>("cmdTCID").click();
+    auto& day = desk.Part<QLineEdit>("txtTcIDRight");
+    auto& extension = desk.Part<QLineEdit>("txtExt");
+    auto& sheet = desk.Part<QLineEdit>("txtTCID");
+    ASSERT_TRUE(day.isEnabled() && extension.isEnabled() && sheet.isEnabled());
+    EXPECT_FALSE(desk.Part<QLineEdit>("txtTcIDLeft").isEnabled());
+
+    struct Case {
+        QString day, extension, sheet, shownDay;
+    };
+    for (const Case& c : {Case{u"5"_s, u""_s, u"T20261105"_s, u"05"_s},
+                          {u"7"_s, u"a"_s, u"T20261107-A"_s, u"07"_s},
+                          {u""_s, u"A"_s, u"T20261107-A"_s, u"07"_s},
+                          {u"31"_s, u""_s, u"T20261131"_s, u"31"_s},
+                          {u""_s, u""_s, u"T20261131"_s, u"31"_s}}) {
+        extension.setFocus();
+        extension.selectAll();
+        KeyboardUser::Press(Qt::Key_Delete);
+        KeyboardUser::Type(c.extension);
+        day.setFocus();
+        day.selectAll();
+        KeyboardUser::Press(Qt::Key_Delete);
+        KeyboardUser::Type(c.day);
+        KeyboardUser::Press(Qt::Key_Tab);
+        EXPECT_EQ(sheet.text(), c.sheet);
+        EXPECT_EQ(day.text(), c.shownDay);
+    }
+    desk.Part<QPushButton>("cmdTCID").click();
+    EXPECT_FALSE(day.isEnabled() || extension.isEnabled() || sheet.isEnabled());
+    EXPECT_EQ(sheet.text(), u"T20261131"_s);
+}
+
+TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToToday) {
+    WindowCompany desk;
+    auto& tabs = desk.Part<QTabBar>("tabTgl");
+    auto& sheet = desk.Part<QLineEdit>("txtTCID");
+    EXPECT_EQ(tabs.count(), 30);
+    EXPECT_EQ(tabs.currentIndex(), 21);
+    desk.WillLogIn(u"budi"_s, u"budi"_s);
+    tabs.setCurrentIndex(4);
+    EXPECT_EQ(sheet.text(), u"T20261122"_s);
+    EXPECT_EQ(tabs.currentIndex(), 21);
+
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    tabs.setCurrentIndex(4);
+    EXPECT_EQ(sheet.text(), u"T20261105"_s);
+    EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
+    tabs.setCurrentIndex(21);
+    EXPECT_EQ(sheet.text(), u"T20261122"_s);
+    EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
+}
+
+TEST(frmMain, TheSpinnerStaysBetween1And31) {
+    WindowCompany desk;
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.Part<QPushButton>("cmdTCID").click();
+    auto& sheet = desk.Part<QLineEdit>("txtTCID");
+    auto* up = desk.window->findChild<QAbstractButton*>(u"UpDown1_Up"_s);
+    auto* down = desk.window->findChild<QAbstractButton*>(u"UpDown1_Down"_s);
+    for (int i = 0; i < 12; ++i)
+        up->click();
+    EXPECT_EQ(sheet.text(), u"T20261131"_s);
+    for (int i = 0; i < 40; ++i)
+        down->click();
+    EXPECT_EQ(sheet.text(), u"T20261101"_s);
+}
+
+TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
+    WindowCompany desk;
+    const auto other = desk.company.OtherDesk();
+    other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES ('T202611220013','0013','IN')"_s);
+    other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES "
+                   "('T202611220013','2026-11-22','2026-11-22 07:30:00')"_s);
+    desk.company.clock.now = Moment(u"2026-11-22 07:58:13");
+    desk.Tick();
+    EXPECT_EQ(desk.Part<QLabel>("lblTimer").text(), u"07:58:13-3"_s);
+    EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"A"_s);
+    desk.company.clock.now = Moment(u"2026-11-22 07:58:15");
+    desk.Tick();
+    EXPECT_EQ(desk.Part<QLabel>("lblTimer").text(), u"07:58:15-0"_s);
+    EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s);
+    EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s);
+    // The tick of 20 seconds fell out: the next one makes up for it, and the running hours move.
+    desk.company.clock.now = Moment(u"2026-11-22 07:58:21");
+    desk.Tick();
+    EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:21"_s);
+    EXPECT_EQ(desk.Part<QLabel>("lblCounts").text(), u"3 karyawan · 1 masuk · 0 keluar · 2 belum hadir"_s);
+}
+
+TEST(frmMain, ARefreshKeepsSelectionAndScrollPosition) {
+    WindowCompany desk;
+    for (int i = 100; i < 200; ++i)
+        desk.company.AddEmployee(QString::number(i), u"Karyawan %1"_s.arg(i), u"x"_s);
+    auto& grid = desk.Part<QTableView>("MSHFlexGrid1");
+    Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Nip);
+    grid.selectRow(60);
+    grid.verticalScrollBar()->setValue(50);
+    desk.company.Db().Execute(
+        u"INSERT INTO TimeCardDetail (TCID, Tanggal) VALUES ('T20261122150','2026-11-22')"_s);
+    desk.company.clock.now += Seconds{10};
+    desk.Tick();
+    EXPECT_EQ(grid.currentIndex().row(), 60);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
+}
+
+TEST(frmMain, AHeaderSortsAndAnUnknownColumnIsReportedOnce) {
+    WindowCompany desk;
+    auto* header = desk.Part<QTableView>("MSHFlexGrid1").horizontalHeader();
+    Q_EMIT header->sectionPressed(SheetModel::Nip);
+    EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
+    Q_EMIT header->sectionPressed(SheetModel::Dept);
+    EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
+    EXPECT_TRUE(desk.company.dialogs.texts.isEmpty());
+    Q_EMIT header->sectionPressed(SheetModel::Hours);
+    ASSERT_EQ(desk.company.dialogs.texts.size(), 1);
+    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"no such column"_s))
+        << desk.company.dialogs.Last().toStdString();
+    EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
+}
+
+TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
+    WindowCompany desk;
+    desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
+    const auto other = desk.company.OtherDesk();
+    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
+    for (int i = 0; i < 3; ++i) {
+        desk.company.clock.now += Seconds{5};
+        desk.Tick();
+    }
+    EXPECT_EQ(desk.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(desk.Cell(2, SheetModel::Status), u"IN"_s);
+    EXPECT_TRUE(
+        desk.Part<QLabel>("lblUpdated").text().startsWith(u"TIDAK dapat diperbarui sejak 07:58:12"_s));
+    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
+    desk.company.clock.now += Seconds{5};
+    desk.Tick();
+    EXPECT_EQ(desk.Part<QLabel>("lblUpdated").text(), u"diperbarui 07:58:32 · DATA.mdb"_s);
+}
+
+TEST(frmMain, AQuoteInTheSheetIdentifierChangesNothing) {
+    WindowCompany desk;
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.Part<QPushButton>("cmdTCID").click();
+    desk.Part<QLineEdit>("txtTCID").setText(u"' or '1'='1"_s);
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"Perintah database ditolak"_s));
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    EXPECT_TRUE(desk.company.RowsOf(Sheets).isEmpty());
+    EXPECT_TRUE(desk.company.RowsOf(Cards).isEmpty());
+}
+
+TEST(frmMain, TheDayTabsFollowTheMonth) {
+    WindowCompany desk;
+    desk.company.clock.now = Moment(u"2026-12-01 00:00:02");
+    desk.Tick();
+    EXPECT_EQ(desk.Part<QTabBar>("tabTgl").count(), 31);
+    EXPECT_EQ(desk.Part<QLineEdit>("txtTCID").text(), u"T20261122"_s);
+    EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
+}
+
+TEST(frmMain, AFailedStartOpensNothing) {
+    TestCompany company(TestCompany::Database::Closed);
+    b_form_skin::Backgrounds skin;
+    frmMain window(company.program, skin, {});
+    EXPECT_FALSE(window.Form_Load());
+    EXPECT_TRUE(company.dialogs.Last().contains(u"back_big.gif"_s)) << company.dialogs.Last().toStdString();
+    EXPECT_FALSE(company.database.Exists());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }

@@ -1,0 +1,97 @@
+#include "ui/pick_list.h"
+
+#include "support/window_company.h"
+
+#include <QLineEdit>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A list over the employees, opened under a field of its own window.
+class OpenList {
+public:
+    OpenList() {
+        field = new QLineEdit(&window);
+        window.setObjectName(u"host"_s);
+        window.show();
+        window.activateWindow();
+        for (int i = 1; i <= 30; ++i)
+            company.AddEmployee(QString::number(100 + i),
+                                i % 2 ? u"Ganjil %1"_s.arg(i) : u"Genap %1"_s.arg(i), u"x"_s);
+        list = new PickList(company.program, &window);
+        list->ConnectionString = company.Db().ConnectionString();
+        list->SqlText = u"select NIP, Nama from Employee ORDER BY NIP"_s;
+        QObject::connect(list, &PickList::LOV_AfterListClose, list,
+                         [this](QWidget* control, const QVariantMap& values) {
+                             ++closed;
+                             anchor = control;
+                             picked = values;
+                         });
+    }
+    void Show() {
+        list->ShowList(field, -1.0, -1.0);
+        EXPECT_TRUE(
+            KeyboardUser::WaitUntil([this] { return KeyboardUser::InFront() == list || closed > 0; }));
+    }
+
+    TestCompany company;
+    QWidget window;
+    QLineEdit* field = nullptr;
+    PickList* list = nullptr;
+    int closed = 0;
+    QWidget* anchor = nullptr;
+    QVariantMap picked;
+};
+
+} // namespace
+
+TEST(PickList, KeysWalkAndEnterTakesTheRowByColumnName) {
+    OpenList open;
+    open.Show();
+    KeyboardUser::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Up);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(open.closed, 1);
+    EXPECT_TRUE(open.list->ItemSelected());
+    EXPECT_EQ(open.anchor, open.field);
+    EXPECT_EQ(open.picked.value(u"NIP"_s).toString(), u"102"_s);
+    EXPECT_EQ(open.picked.value(u"Nama"_s).toString(), u"Genap 2"_s);
+}
+
+TEST(PickList, TypingFiltersEveryColumnAndEscapeTakesNothing) {
+    OpenList open;
+    open.Show();
+    const auto& grid = WindowCompany::Part<QTableView>(*open.list, "grdList");
+    KeyboardUser::Type(u"genap"_s);
+    EXPECT_EQ(grid.model()->rowCount(), 15);
+    KeyboardUser::Type(u" 30"_s);
+    EXPECT_EQ(grid.model()->rowCount(), 1);
+    KeyboardUser::Type(u"x"_s);
+    EXPECT_EQ(grid.model()->rowCount(), 0);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(open.closed, 0);
+    KeyboardUser::Press(Qt::Key_Escape);
+    EXPECT_EQ(open.closed, 1);
+    EXPECT_FALSE(open.list->ItemSelected());
+    EXPECT_TRUE(open.picked.isEmpty());
+
+    open.Show();
+    EXPECT_EQ(grid.model()->rowCount(), 30);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(open.picked.value(u"NIP"_s).toString(), u"101"_s);
+}
+
+TEST(PickList, AFailingQueryOrAnotherConnectionSelectsNothing) {
+    OpenList open;
+    open.list->SqlText = u"select Tiada from Employee"_s;
+    open.Show();
+    EXPECT_EQ(open.closed, 1);
+    EXPECT_FALSE(open.list->ItemSelected());
+    open.list->ConnectionString = u"Data Source=elsewhere;"_s;
+    open.Show();
+    EXPECT_EQ(open.closed, 2);
+    EXPECT_EQ(open.company.dialogs.texts.size(), 2);
+}
