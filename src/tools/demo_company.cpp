@@ -1,0 +1,265 @@
+#include "tools/demo_company.h"
+
+#include "timecard/sheet_identifier.h"
+#include "timecard/sheet_lifecycle.h"
+#include "tools/demo_attendance.h"
+#include "tools/demo_photos.h"
+#include "tools/demo_staff.h"
+#include "tools/new_database_file.h"
+
+#include <span>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono;
+
+namespace {
+
+/// Rows that go to the database in one piece.
+constexpr qsizetype BatchSize = 20'000;
+
+/// Collects rows of one statement and writes them in large pieces.
+class RowWriter {
+public:
+    RowWriter(Connection& connection, const QString& statement)
+        : connection_(connection), statement_(statement) {}
+
+    void Add(const QVariantList& row) {
+        rows_ << row;
+        if (rows_.size() >= BatchSize)
+            Flush();
+    }
+
+    /// Writes what is collected; to be called after the last row.
+    void Flush() {
+        connection_.ExecuteMany(statement_, rows_);
+        rows_.clear();
+    }
+
+private:
+    Connection& connection_;
+    QString statement_;
+    QList<QVariantList> rows_;
+};
+
+struct CodeAndText {
+    QStringView code;
+    QStringView text;
+};
+constexpr CodeAndText Departments[] = {
+    {u"ADM", u"Administrasi"}, {u"GUD", u"Gudang"},    {u"KEU", u"Keuangan"},
+    {u"MNT", u"Perawatan"},    {u"PROD", u"Produksi"}, {u"QC", u"Pengendalian Mutu"},
+};
+constexpr CodeAndText Divisions[] = {
+    {u"A", u"Regu A"}, {u"B", u"Regu B"}, {u"C", u"Regu C"},
+    {u"G", u"Gudang"}, {u"K", u"Kantor"}, {u"T", u"Teknik"},
+};
+constexpr CodeAndText Statuses[] = {
+    {u"IN", u"Masuk"},      {u"OUT", u"Keluar"},
+    {u"A", u"Tidak hadir"}, {u"S", u"Sakit"},
+    {u"I", u"Izin"},        {u"C", u"Cuti"},
+    {u"L", u"Libur"},       {u"PC", u"Pulang cepat"},
+    {u"TL", u"Tugas luar"}, {u"KI", u"Keluar istirahat"},
+};
+constexpr CodeAndText AbsenceTypes[] = {
+    {u"A", u"Alpa"}, {u"C", u"Cuti"}, {u"I", u"Izin"}, {u"L", u"Libur"}, {u"S", u"Sakit"},
+};
+
+void WriteCodes(Connection& connection, const QString& insert, std::span<const CodeAndText> codes) {
+    RowWriter writer(connection, insert);
+    for (const CodeAndText& entry : codes)
+        writer.Add({entry.code.toString(), entry.text.toString()});
+    writer.Flush();
+}
+
+void WriteCodeTables(Connection& connection) {
+    WriteCodes(connection, u"INSERT INTO Departments (DeptCode, DeptName) VALUES (?,?)"_s, Departments);
+    WriteCodes(connection, u"INSERT INTO Division (DivKode, DivName) VALUES (?,?)"_s, Divisions);
+    WriteCodes(connection, u"INSERT INTO AbsenTipe (Kode, Keterangan) VALUES (?,?)"_s, AbsenceTypes);
+
+    RowWriter statuses(connection,
+                       u"INSERT INTO [Employee Status] (ID, Status, Description) VALUES (?,?,?)"_s);
+    int id = 0;
+    for (const CodeAndText& status : Statuses)
+        statuses.Add({++id, status.code.toString(), status.text.toString()});
+    statuses.Flush();
+
+    RowWriter shifts(connection, u"INSERT INTO Shift (Code, TimeIn, TimeOut) VALUES (?,?,?)"_s);
+    for (const DemoShift& shift : DemoShifts())
+        shifts.Add(
+            {shift.code.toString(), StoredTime(DayZero + shift.start), StoredTime(DayZero + shift.end)});
+    shifts.Flush();
+}
+
+/// Everybody's password is the user's own number or name, so that the demo is easy to use.
+void WriteUsers(Connection& connection, const std::vector<DemoEmployee>& staff) {
+    RowWriter users(connection, u"INSERT INTO [User] (UserID, [Password]) VALUES (?,?)"_s);
+    for (const QString& name : {u"pelon"_s, u"budi"_s})
+        users.Add({name, name});
+    for (const DemoEmployee& employee : staff)
+        users.Add({employee.nip, employee.nip});
+    users.Flush();
+
+    RowWriter jobs(connection, u"INSERT INTO User_Job (UserID, GroupID) VALUES (?,?)"_s);
+    jobs.Add({u"pelon"_s, u"SPV"_s});
+    jobs.Add({u"budi"_s, u"ADM"_s});
+    jobs.Flush();
+}
+
+void WriteStaff(Connection& connection, const std::vector<DemoEmployee>& staff) {
+    RowWriter writer(connection,
+                     u"INSERT INTO Employee (NIP, Nama, Dept, Divisi, PathImage, GP, RateOT, TMakan, "
+                     "EmpType) VALUES (?,?,?,?,?,?,?,?,?)"_s);
+    for (const DemoEmployee& employee : staff)
+        writer.Add({employee.nip, employee.nama, employee.dept, employee.divisi,
+                    employee.pathImage.isEmpty() ? QVariant() : QVariant(employee.pathImage), employee.gp,
+                    employee.rateOT, employee.tMakan, employee.empType});
+    writer.Flush();
+}
+
+/// Days from the first to the last one.
+struct Period {
+    Day first;
+    Day last;
+
+    qint64 Length() const { return (last - first).count() + 1; }
+};
+
+Period AttendanceOf(const DemoOptions& options) {
+    const Day behind = options.until + days{1};
+    year_month_day first = year_month_day{behind} - std::chrono::months{options.months};
+    if (!first.ok())
+        first = first.year() / first.month() / std::chrono::last;
+    return {Day{first}, options.until};
+}
+
+/// Whole months, from the attendance's first to the one in which the day after it lies.
+Period RosterOf(const DemoOptions& options) {
+    const year_month_day first{AttendanceOf(options).first};
+    const year_month_day last{options.until + days{1}};
+    return {Day{first.year() / first.month() / 1}, Day{last.year() / last.month() / std::chrono::last}};
+}
+
+/// Counts rows as they are made, most of which end as table rows.
+class WorkDone {
+public:
+    WorkDone(qint64 total, const DemoProgress& progress) : total_(total), progress_(progress) {}
+
+    void Advance(qint64 rows) {
+        done_ += rows;
+        if (progress_)
+            progress_(static_cast<int>(100 * done_ / total_));
+    }
+
+private:
+    qint64 total_;
+    qint64 done_ = 0;
+    const DemoProgress& progress_;
+};
+
+void WriteRoster(Connection& connection, const std::vector<DemoEmployee>& staff, const Period& period,
+                 WorkDone& work) {
+    RowWriter writer(connection, u"INSERT INTO ShiftEmployee (NIP, Tgl, ShiftCode) VALUES (?,?,?)"_s);
+    for (const DemoEmployee& employee : staff) {
+        for (Day day = period.first; employee.HasRoster() && day <= period.last; day += days{1})
+            writer.Add({employee.nip, StoredDay(day), PlannedShift(employee, day).code.toString()});
+        work.Advance(period.Length());
+    }
+    writer.Flush();
+}
+
+QVariant Stored(const std::optional<WallTime>& time) {
+    return time ? QVariant(StoredTime(*time)) : QVariant();
+}
+
+QVariant StoredText(const QString& text) {
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+
+/// Writes time cards and, day by day, which sheets there are.
+class AttendanceWriter {
+public:
+    explicit AttendanceWriter(Connection& connection)
+        : headers_(connection,
+                   u"INSERT INTO TimeCardHeader (TCID, NIP, Status, Keterangan) VALUES (?,?,?,?)"_s),
+          details_(connection,
+                   u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN, TimeOUT, TimeINOT, TimeOutOT, "
+                   "ShiftCode, BeriUangMakan) VALUES (?,?,?,?,?,?,?,?)"_s),
+          sheets_(connection, u"INSERT INTO timecardmaster (TCID, Status) VALUES (?,?)"_s) {}
+
+    void AddDay(const std::vector<DemoEmployee>& staff, Day day, SheetStatus status) {
+        QStringList sheetsOfDay;
+        for (const DemoEmployee& employee : staff) {
+            for (const DemoCard& card : CardsOf(employee, day)) {
+                Add(card);
+                if (!sheetsOfDay.contains(card.sheet))
+                    sheetsOfDay << card.sheet;
+            }
+        }
+        for (const QString& sheet : sheetsOfDay)
+            sheets_.Add({sheet, static_cast<int>(status)});
+        sheetCount_ += sheetsOfDay.size();
+    }
+
+    void Flush() {
+        headers_.Flush();
+        details_.Flush();
+        sheets_.Flush();
+    }
+
+    qint64 CardCount() const { return cardCount_; }
+    qint64 SheetCount() const { return sheetCount_; }
+
+private:
+    void Add(const DemoCard& card) {
+        const QString tcid = CardIdentifier(card.sheet, card.nip);
+        headers_.Add({tcid, card.nip, card.status, StoredText(card.keterangan)});
+        details_.Add({tcid, StoredDay(card.day), Stored(card.timeIn), Stored(card.timeOut),
+                      Stored(card.overtimeIn), Stored(card.overtimeOut), StoredText(card.shiftCode),
+                      card.timeIn ? QVariant(1) : QVariant()});
+        ++cardCount_;
+    }
+
+    RowWriter headers_;
+    RowWriter details_;
+    RowWriter sheets_;
+    qint64 cardCount_ = 0;
+    qint64 sheetCount_ = 0;
+};
+
+} // namespace
+
+DemoSummary FillDemoCompany(Connection& connection, const DemoOptions& options,
+                            const DemoProgress& progress) {
+    const std::vector<DemoEmployee> staff = MakeDemoStaff(options.employees);
+    const Period attendance = AttendanceOf(options);
+    const Period roster = RosterOf(options);
+    WorkDone work(options.employees * (roster.Length() + 2 * attendance.Length()), progress);
+
+    Transaction transaction(connection);
+    WriteCodeTables(connection);
+    WriteUsers(connection, staff);
+    WriteStaff(connection, staff);
+    WriteRoster(connection, staff, roster, work);
+
+    // One sheet was opened again for a correction; the others are closed.
+    const Day reopened = attendance.last - weeks{1};
+    AttendanceWriter writer(connection);
+    for (Day day = attendance.first; day <= attendance.last; day += days{1}) {
+        writer.AddDay(staff, day, day == reopened ? SheetStatus::Open : SheetStatus::Closed);
+        work.Advance(qint64{2} * options.employees);
+    }
+    writer.Flush();
+    transaction.Commit();
+    return {attendance.first, writer.CardCount(), writer.SheetCount()};
+}
+
+DemoSummary MakeDemoCompany(const QString& path, const DemoOptions& options, const DemoProgress& progress) {
+    DemoSummary summary;
+    DemoPhotos photos(path);
+    MakeDatabaseFile(path, [&](Connection& connection) {
+        summary = FillDemoCompany(connection, options, progress);
+        photos.Write();
+    });
+    photos.Keep();
+    return summary;
+}

@@ -1,0 +1,209 @@
+#include "core/query_values.h"
+#include "timecard/clock_recording.h"
+#include "timecard/sheet_lifecycle.h"
+#include "tools/demo_random.h"
+#include "tools/demo_staff.h"
+#include "tools/demo_support.h"
+
+#include <QSet>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int CountOf(Connection& connection, const QString& condition) {
+    int count = -1;
+    modGeneral::QueryValues(connection, u"select count(*) from "_s + condition, count);
+    return count;
+}
+
+} // namespace
+
+/// The numbers are those of the published SplitMix64 for the seed 1234567, below 2^31.
+TEST(DemoRandom, DrawsTheSameNumbersEverywhere) {
+    DemoRandom random(1234567);
+    for (const int expected : {2064186501, 1481904037, 603094135})
+        EXPECT_EQ(random.Between(0, std::numeric_limits<int>::max()), expected);
+}
+
+TEST(DemoStaff, NumbersAreUniqueAndNamesFitTheReports) {
+    EXPECT_EQ(MakeDemoStaff(9999).back().nip, u"9999"_s);
+    const std::vector<DemoEmployee> staff = MakeDemoStaff(10'000);
+    EXPECT_EQ(staff.front().nip, u"00001"_s);
+    QSet<QString> numbers;
+    QSet<QString> names;
+    for (const DemoEmployee& employee : staff) {
+        numbers << employee.nip;
+        names << employee.nama;
+        EXPECT_LE(employee.nama.size(), 20) << employee.nama.toStdString();
+        EXPECT_FALSE(employee.nama.contains(u'\'')) << employee.nama.toStdString();
+    }
+    EXPECT_EQ(numbers.size(), 10'000);
+    EXPECT_EQ(names.size(), 10'000);
+}
+
+class DemoCompany : public testing::Test {
+protected:
+    QTemporaryDir folder;
+    QString file = folder.filePath(u"DATA.mdb"_s);
+};
+
+TEST_F(DemoCompany, HoldsAPayrollOfficesDailyLife) {
+    const DemoSummary summary = MakeDemoCompany(file, DemoUntil(u"2026-11-21"));
+    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
+    EXPECT_EQ(summary.firstDay, DayOf(Moment(u"2026-08-22")));
+    EXPECT_EQ(CountOf(*db, u"TimeCardHeader"_s), summary.cards);
+    EXPECT_EQ(CountOf(*db, u"TimeCardDetail"_s), summary.cards);
+    EXPECT_EQ(CountOf(*db, u"timecardmaster"_s), summary.sheets);
+    EXPECT_EQ(RowsOf(*db, u"select min(Tanggal), max(Tanggal) from TimeCardDetail"_s),
+              QStringList{u"2026-08-22|2026-11-21"_s});
+
+    EXPECT_EQ(CountOf(*db, u"Employee"_s), 42);
+    EXPECT_EQ(RowsOf(*db, u"select distinct EmpType from Employee order by EmpType"_s),
+              (QStringList{u"BLN"_s, u"HRN"_s}));
+    EXPECT_EQ(CountOf(*db, u"Employee where GP>0 and RateOT>0 and TMakan>0"_s), 42);
+    EXPECT_EQ(CountOf(*db, u"[User] where UserID=[Password]"_s), 42 + 2);
+    EXPECT_EQ(RowsOf(*db, u"select UserID from User_Job where GroupID='SPV'"_s), QStringList{u"pelon"_s});
+    EXPECT_EQ(RowsOf(*db, u"select Status from [Employee Status] order by ID"_s).first(3),
+              (QStringList{u"IN"_s, u"OUT"_s, u"A"_s}));
+    EXPECT_EQ(RowsOf(*db, u"select * from Shift where Code in ('MALAM','O','P') order by Code"_s),
+              (QStringList{u"MALAM|1899-12-30 22:00:00|1899-12-31 06:00:00"_s,
+                           u"O|1899-12-30 00:00:00|1899-12-30 00:00:00"_s,
+                           u"P|1899-12-30 08:00:00|1899-12-30 17:00:00"_s}));
+
+    EXPECT_GT(CountOf(*db, u"TimeCardHeader where Status='OUT'"_s), summary.cards * 8 / 10);
+    for (const QString& status : {u"S"_s, u"I"_s, u"C"_s, u"A"_s, u"PC"_s, u"TL"_s})
+        EXPECT_GT(CountOf(*db, u"TimeCardHeader where Status='"_s + status + u'\''), 3)
+            << status.toStdString();
+    EXPECT_GT(CountOf(*db, u"TimeCardHeader where Left(TCID,11)=Left(TCID,9)||'-1'"_s), 3);
+    EXPECT_GT(CountOf(*db, u"TimeCardDetail where TimeINOT<TimeOutOT and TimeOutOT=TimeOUT"_s), 50);
+    EXPECT_EQ(CountOf(*db, u"TimeCardHeader where NormalHours is not null or NormalAmount is not null"_s), 0);
+}
+
+TEST_F(DemoCompany, NightShiftsEndTheNextMorning) {
+    MakeDemoCompany(file, DemoUntil(u"2026-11-21"));
+    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
+    const QString nights = u"TimeCardDetail d inner join TimeCardHeader h on h.TCID=d.TCID "
+                           "inner join ShiftEmployee s on s.NIP=h.NIP and s.Tgl=d.Tanggal "
+                           "where s.ShiftCode='MALAM' and h.Status='OUT'"_s;
+    const int count = CountOf(*db, nights);
+    EXPECT_GT(count, 100);
+    EXPECT_EQ(CountOf(*db, nights
+                               + u" and CDATE(Left(d.TimeIN,10))=d.Tanggal "
+                                 "and julianday(Left(d.TimeOUT,10))=julianday(d.Tanggal)+1"_s),
+              count);
+}
+
+TEST_F(DemoCompany, RosterReachesToTheEndOfTheMonthAfterTheLastDay) {
+    MakeDemoCompany(file, DemoUntil(u"2026-11-30", 10, 1));
+    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
+    // From the 1st of November; two of ten employees work without a roster.
+    EXPECT_EQ(RowsOf(*db, u"select min(Tgl), max(Tgl), count(*) from ShiftEmployee"_s),
+              QStringList{u"2026-11-01|2026-12-31|%1"_s.arg(8 * 61)});
+    EXPECT_EQ(RowsOf(*db, u"select distinct ShiftCode from ShiftEmployee order by ShiftCode"_s),
+              (QStringList{u"MALAM"_s, u"O"_s, u"OFF"_s, u"P"_s, u"PAGI"_s, u"SIANG"_s}));
+}
+
+TEST_F(DemoCompany, TodaysSheetIsOpenAndWaitsForItsFirstArrival) {
+    MakeDemoCompany(file, DemoUntil(u"2026-11-21"));
+    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
+    EXPECT_TRUE(IsSheetClosed(*db, u"T20261121"_s));
+    EXPECT_FALSE(IsSheetClosed(*db, u"T20261122"_s));
+    EXPECT_EQ(RowsOf(*db, u"select Status from timecardmaster where TCID='T20261114'"_s),
+              QStringList{u"0"_s});
+
+    const WallTime now = Moment(u"2026-11-22 07:58:12");
+    EXPECT_EQ(LoadStoredPassword(*db, u"0012"_s), u"0012"_s);
+    EXPECT_EQ(RecordClockEntry(*db, {u"T20261122"_s, DayOf(now), u"IN"_s, now}, u"0012"_s), std::nullopt);
+    EXPECT_EQ(RowsOf(*db, u"select TCID from TimeCardHeader where Left(TCID,9)='T20261122'"_s),
+              QStringList{u"T202611220012"_s});
+}
+
+TEST_F(DemoCompany, PhotosStandBesideTheFileExceptOne) {
+    MakeDemoCompany(file, DemoUntil(u"2026-11-21", 42, 0));
+    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
+    int missing = 0;
+    QSet<QString> shown;
+    for (const QString& path : RowsOf(*db, u"select PathImage from Employee where PathImage is not null"_s)) {
+        const QString photo = folder.filePath(path);
+        if (!QFile::exists(photo)) {
+            ++missing;
+            continue;
+        }
+        shown << path;
+        EXPECT_TRUE(BytesOf(photo).startsWith("GIF8")) << path.toStdString();
+        EXPECT_TRUE(QFile::permissions(photo) & QFileDevice::WriteOwner) << path.toStdString();
+    }
+    EXPECT_EQ(missing, 1);
+    EXPECT_EQ(shown.size(), 8);
+    EXPECT_GT(CountOf(*db, u"Employee where PathImage is null"_s), 5);
+}
+
+TEST_F(DemoCompany, SameArgumentsGiveTheSameRows) {
+    const auto contentFor = [this](const DemoOptions& options) {
+        static int number = 0;
+        const QString path = folder.filePath(QString::number(++number));
+        MakeDemoCompany(path, options);
+        return ContentOf(path);
+    };
+    const QStringList content = contentFor(DemoUntil(u"2026-11-21", 20, 1));
+    EXPECT_EQ(contentFor(DemoUntil(u"2026-11-21", 20, 1)), content);
+    EXPECT_NE(contentFor(DemoUntil(u"2026-11-20", 20, 1)), content);
+    EXPECT_NE(contentFor(DemoUntil(u"2026-11-21", 21, 1)), content);
+    EXPECT_NE(contentFor(DemoUntil(u"2026-11-21", 20, 2)), content);
+}
+
+TEST_F(DemoCompany, PassesTheCheckInEverySize) {
+    const struct {
+        DemoOptions options;
+        QStringView firstDay;
+    } cases[] = {
+        {DemoUntil(u"2026-11-21", 1, 0), u"2026-11-22"},  {DemoUntil(u"2026-11-21", 1, 1), u"2026-10-22"},
+        {DemoUntil(u"2024-03-30", 7, 1), u"2024-02-29"},  {DemoUntil(u"2024-02-29", 7, 12), u"2023-03-01"},
+        {DemoUntil(u"1950-01-01", 40, 1), u"1949-12-02"}, {DemoUntil(u"2026-12-31", 60, 6), u"2026-07-01"},
+    };
+    for (const auto& [options, firstDay] : cases) {
+        const QString path = folder.filePath(firstDay.toString());
+        EXPECT_EQ(MakeDemoCompany(path, options).firstDay, DayOf(Moment(firstDay)));
+        EXPECT_EQ(FindingsOf(*OpenDatabaseFile(path)), QStringList()) << path.toStdString();
+    }
+}
+
+TEST_F(DemoCompany, RefusesAnExistingFileAndLeavesItAlone) {
+    QFile existing(file);
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    existing.write("mine");
+    existing.close();
+    EXPECT_THROW(MakeDemoCompany(file, DemoUntil(u"2026-11-21", 1, 0)), ProgramError);
+    EXPECT_EQ(BytesOf(file), "mine");
+    EXPECT_EQ(EntriesOf(folder.path()), QStringList{u"DATA.mdb"_s});
+}
+
+TEST_F(DemoCompany, AFailureLeavesNeitherFileNorPhotos) {
+    // The work is given up half-way; then the photos cannot be written, because a file stands in their place.
+    EXPECT_THROW(MakeDemoCompany(file, DemoUntil(u"2026-11-21"),
+                                 [](int percent) {
+                                     if (percent > 50)
+                                         throw ProgramError(1, u"given up"_s);
+                                 }),
+                 ProgramError);
+    EXPECT_EQ(EntriesOf(folder.path()), QStringList());
+
+    QFile inTheWay(folder.filePath(u"photos"_s));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_THROW(MakeDemoCompany(file, DemoUntil(u"2026-11-21", 1, 0)), ProgramError);
+    EXPECT_EQ(EntriesOf(folder.path()), QStringList{u"photos"_s});
+}
+
+TEST_F(DemoCompany, LeavesPhotosOfTheSameNameAlone) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"photos"_s));
+    QFile mine(folder.filePath(u"photos/pria-1.gif"_s));
+    ASSERT_TRUE(mine.open(QIODevice::WriteOnly));
+    mine.write("mine");
+    mine.close();
+    MakeDemoCompany(file, DemoUntil(u"2026-11-21", 1, 0));
+    EXPECT_EQ(BytesOf(mine.fileName()), "mine");
+    EXPECT_EQ(EntriesOf(folder.filePath(u"photos"_s)).size(), 8);
+}
