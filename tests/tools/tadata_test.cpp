@@ -1,0 +1,185 @@
+#include "tools/demo_support.h"
+
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Outcome {
+    int status = -1;
+    QString output;
+    QString errors;
+};
+
+/// Runs the real program.
+Outcome Tadata(const QStringList& arguments, const QString& outputFile = {}) {
+    QProcess process;
+    if (!outputFile.isEmpty())
+        process.setStandardOutputFile(outputFile);
+    process.start(QStringLiteral(TADATA_PROGRAM), arguments);
+    if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), QString::fromLocal8Bit(process.readAllStandardOutput()),
+            QString::fromLocal8Bit(process.readAllStandardError())};
+}
+
+class Tool : public testing::Test {
+protected:
+    QString MakeDemo(const QString& name) const {
+        QString path = folder.filePath(name);
+        MakeDemoCompany(path, DemoUntil(u"2026-11-21", 3, 1));
+        return path;
+    }
+
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST_F(Tool, HelpIsGivenOnTheToolAndOnEachCommand) {
+    const struct {
+        QStringList arguments;
+        QString says;
+    } cases[] = {
+        {{u"--help"_s}, u"demo"_s},
+        {{u"-h"_s}, u"create"_s},
+        {{u"create"_s, u"--help"_s}, u"create FILE"_s},
+        {{u"demo"_s, u"--help"_s}, u"--until"_s},
+        {{u"check"_s, u"FILE"_s, u"--help"_s}, u"check FILE"_s},
+    };
+    for (const auto& [arguments, says] : cases) {
+        const Outcome outcome = Tadata(arguments);
+        EXPECT_EQ(outcome.status, 0) << arguments.join(u' ').toStdString();
+        EXPECT_TRUE(outcome.output.contains(says)) << outcome.output.toStdString();
+        EXPECT_EQ(outcome.errors, QString());
+    }
+}
+
+TEST_F(Tool, RefusesWhatItDoesNotUnderstandAndMakesNothing) {
+    const QString file = folder.filePath(u"DATA.mdb"_s);
+    const struct {
+        QStringList arguments;
+        QString says;
+    } cases[] = {
+        {{}, u"no command"_s},
+        {{u"repair"_s, file}, u"\"repair\""_s},
+        {{u"create"_s}, u"one FILE"_s},
+        {{u"create"_s, file, file}, u"one FILE"_s},
+        {{u"create"_s, u"--employees"_s, u"5"_s, file}, u"employees"_s},
+        {{u"demo"_s, file, u"--bogus"_s}, u"bogus"_s},
+        {{u"demo"_s, file, u"--employees"_s}, u"employees"_s},
+        {{u"demo"_s, file, u"--employees"_s, u"0"_s}, u"\"0\""_s},
+        {{u"demo"_s, file, u"--employees"_s, u"100000"_s}, u"\"100000\""_s},
+        {{u"demo"_s, file, u"--employees"_s, u"12x"_s}, u"\"12x\""_s},
+        {{u"demo"_s, file, u"--months"_s, u"-1"_s}, u"\"-1\""_s},
+        {{u"demo"_s, file, u"--until"_s, u"2026-02-30"_s}, u"\"2026-02-30\""_s},
+        {{u"demo"_s, file, u"--until"_s, u"2026-02-03 00:00:00"_s}, u"yyyy-mm-dd"_s},
+        {{u"demo"_s, file, u"--until"_s, u"1949-12-31"_s}, u"1950"_s},
+        {{u"create"_s, folder.filePath(u"nowhere/DATA.mdb"_s)}, u"cannot be made"_s},
+        {{u"demo"_s, folder.path()}, u"exists"_s},
+    };
+    for (const auto& [arguments, says] : cases) {
+        const Outcome outcome = Tadata(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments.join(u' ').toStdString();
+        EXPECT_TRUE(outcome.errors.contains(says)) << outcome.errors.toStdString();
+        EXPECT_EQ(outcome.output, QString());
+    }
+    EXPECT_EQ(EntriesOf(folder.path()), QStringList());
+}
+
+TEST_F(Tool, MakesAndChecksFilesWhateverTheirName) {
+    for (const QString& name : {u"Données 100%3 #1 – 出席.mdb"_s, u"DATA.mdb"_s}) {
+        const QString file = folder.filePath(name);
+        const QString emptyFile = folder.filePath(u"kosong "_s + name);
+        EXPECT_EQ(Tadata({u"create"_s, emptyFile}).status, 0);
+        EXPECT_EQ(Tadata({u"check"_s, emptyFile}).status, 0);
+        const Outcome demo = Tadata(
+            {u"demo"_s, file, u"--employees"_s, u"5"_s, u"--months=1"_s, u"--until"_s, u"2026-11-21"_s});
+        EXPECT_EQ(demo.status, 0) << demo.errors.toStdString();
+        EXPECT_TRUE(demo.output.startsWith(file + u": 5 employees"_s)) << demo.output.toStdString();
+        EXPECT_TRUE(demo.output.contains(u"from 2026-10-22 to 2026-11-21"_s)) << demo.output.toStdString();
+        EXPECT_EQ(RowsOf(*OpenDatabaseFile(file), u"select count(*) from Employee"_s), QStringList{u"5"_s});
+
+        const Outcome check = Tadata({u"check"_s, file});
+        EXPECT_EQ(check.status, 0);
+        EXPECT_EQ(check.output + check.errors, QString());
+        for (const QString& command : {u"create"_s, u"demo"_s})
+            EXPECT_EQ(Tadata({command, file}).status, 2);
+    }
+}
+
+TEST_F(Tool, AttendanceEndsYesterdayUnlessToldOtherwise) {
+    const QString file = folder.filePath(u"DATA.mdb"_s);
+    const SystemClock clock;
+    const Day before = clock.Today();
+    ASSERT_EQ(Tadata({u"demo"_s, file, u"--employees=9"_s}).status, 0);
+    const Day after = clock.Today(); // midnight may have passed
+    const QStringList last = RowsOf(*OpenDatabaseFile(file), u"select max(Tanggal) from TimeCardDetail"_s);
+    // The last days may all be days off.
+    EXPECT_LT(last.first(), StoredDay(after));
+    EXPECT_GE(last.first(), StoredDay(before - std::chrono::days{4}));
+}
+
+TEST_F(Tool, CheckPrintsFindingsAndChangesNothing) {
+    const QString file = MakeDemo(u"DATA.mdb"_s);
+    OpenDatabaseFile(file)->Execute(u"UPDATE Employee SET Dept='ZZ' WHERE NIP='0002'"_s);
+    const QByteArray bytes = BytesOf(file);
+    const QStringList entries = EntriesOf(folder.path());
+    const Outcome outcome = Tadata({u"check"_s, file});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, u"Employee 0002: unknown department \"ZZ\"\n"_s);
+    EXPECT_EQ(outcome.errors, QString());
+    EXPECT_EQ(BytesOf(file), bytes);
+    EXPECT_EQ(EntriesOf(folder.path()), entries);
+}
+
+TEST_F(Tool, CheckTellsWhyAFileCannotBeRead) {
+    const auto altered = [this](const QString& name, const QString& statement) {
+        QString path = MakeDemo(name);
+        OpenDatabaseFile(path)->ExecuteNative(statement);
+        return path;
+    };
+    const QString truncated = MakeDemo(u"truncated.mdb"_s);
+    ASSERT_TRUE(QFile::resize(truncated, QFile(truncated).size() / 2));
+    const QString text = folder.filePath(u"text.mdb"_s);
+    QFile textFile(text);
+    ASSERT_TRUE(textFile.open(QIODevice::WriteOnly));
+    textFile.write(QByteArray("no database at all\n").repeated(100));
+    textFile.close();
+    const QString empty = folder.filePath(u"empty.mdb"_s);
+    QFile emptyFile(empty);
+    ASSERT_TRUE(emptyFile.open(QIODevice::WriteOnly));
+
+    const struct {
+        QString file;
+        QString says;
+    } cases[] = {
+        {folder.filePath(u"missing.mdb"_s), u"tidak ditemukan"_s},
+        {folder.path(), u"tidak ditemukan"_s},
+        {text, u"bukan database"_s},
+        {empty, u"bukan database absensi"_s},
+        {truncated, u"rusak atau terpotong"_s},
+        {altered(u"newer.mdb"_s, u"PRAGMA user_version=99"_s), u"lebih baru"_s},
+        {altered(u"older.mdb"_s, u"PRAGMA user_version=0"_s), u"older version"_s},
+        {altered(u"foreign.mdb"_s, u"PRAGMA application_id=1"_s), u"bukan database absensi"_s},
+        {altered(u"incomplete.mdb"_s, u"DROP TABLE AbsenTipe"_s), u"absentipe"_s},
+    };
+    const QStringList entries = EntriesOf(folder.path());
+    for (const auto& [file, says] : cases) {
+        const Outcome outcome = Tadata({u"check"_s, file});
+        EXPECT_EQ(outcome.status, 2) << file.toStdString();
+        EXPECT_TRUE(outcome.errors.contains(says)) << outcome.errors.toStdString();
+        EXPECT_EQ(outcome.output, QString());
+    }
+    EXPECT_EQ(EntriesOf(folder.path()), entries);
+}
+
+TEST_F(Tool, FindingsThatCannotBePrintedAreAnError) {
+    const QString full = u"/dev/full"_s;
+    if (!QFile::exists(full))
+        GTEST_SKIP() << "this system has no /dev/full";
+    const QString file = MakeDemo(u"DATA.mdb"_s);
+    OpenDatabaseFile(file)->Execute(u"DELETE FROM Departments"_s);
+    EXPECT_EQ(Tadata({u"check"_s, file}, full).status, 2);
+}
