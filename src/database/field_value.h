@@ -13,7 +13,8 @@ class FieldValue {
 public:
     FieldValue() = default; ///< null
     explicit FieldValue(QVariant stored) : stored_(std::move(stored)) {}
-    FieldValue(const QString& text) : stored_(text) {}
+    /// A null text is null, an empty one is a text.
+    FieldValue(const QString& text) : stored_(text.isNull() ? QVariant() : QVariant(text)) {}
     FieldValue(int number) : stored_(number) {}
     FieldValue(double number) : stored_(number) {}
     FieldValue(bool flag) : stored_(flag ? 1 : 0) {}
