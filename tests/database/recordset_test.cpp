@@ -1,0 +1,243 @@
+#include "database/recordset.h"
+
+#include "support/failures.h"
+#include "support/test_company.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Recordsets : public testing::Test {
+protected:
+    Recordset Employee(Connection& connection, const QString& nip) {
+        return Recordset(connection, u"select * from employee where nip='%1'"_s.arg(nip));
+    }
+    QStringList Employees() {
+        return company.RowsOf(u"select NIP,Nama,Dept,GP from Employee order by NIP"_s);
+    }
+
+    TestCompany company;
+    Connection& db = company.Db();
+};
+
+} // namespace
+
+TEST_F(Recordsets, AddChangeAndEmptyFieldsInAnyLetterCase) {
+    Recordset row = Employee(db, u"0012"_s);
+    ASSERT_TRUE(row.AtEnd());
+    row.AddNew();
+    row.Set(u"nip"_s, u"0012"_s);
+    row.Set(u"NAMA"_s, u"Budi"_s);
+    EXPECT_TRUE(row.Field(u"gp"_s).IsNull());
+    row.Update();
+    EXPECT_EQ(Employees(), QStringList{u"0012|Budi|-|-"_s});
+    row.Set(u"GP"_s, 9.15); // the added row stays the current one
+    row.Set(u"Dept"_s, QString());
+    row.Update();
+    EXPECT_EQ(Employees(), QStringList{u"0012|Budi|-|9.15"_s});
+    row.Set(u"GP"_s, FieldValue());
+    row.Set(u"Dept"_s, u""_s);
+    row.Update();
+    row.Update(); // nothing changed since
+    EXPECT_EQ(Employees(), QStringList{u"0012|Budi||-"_s});
+    row.Set(u"Dept"_s, QString());
+    EXPECT_TRUE(row.Field(u"Dept"_s).IsNull());
+    row.Update();
+    EXPECT_EQ(Employees(), QStringList{u"0012|Budi|-|-"_s});
+
+    EXPECT_NE(FailureOf([&] { row.Set(u"Gaji"_s, 1); }), QString());
+    EXPECT_NE(FailureOf([&] { row.Field(u"Gaji"_s); }), QString());
+    EXPECT_NE(FailureOf([&] { Recordset(db, u"select 1"_s); }), QString());
+}
+
+TEST_F(Recordsets, EveryTypeReadsBackAsItWasWritten) {
+    Recordset day(db, u"select * from [TimeCardDetail]"_s);
+    const WallTime in = Moment(u"2026-11-22 07:58:12");
+    day.AddNew();
+    day.Set(u"TCID"_s, u"T1"_s);
+    day.Set(u"Tanggal"_s, DayOf(in));
+    day.Set(u"TimeIN"_s, in);
+    day.Set(u"BeriUangMakan"_s, true);
+    day.Update();
+    const Recordset again(db, u"select * from TimeCardDetail"_s);
+    ASSERT_FALSE(again.AtEnd());
+    EXPECT_EQ(again.Field(u"Tanggal"_s).Text(), u"2026-11-22"_s);
+    EXPECT_EQ(again.Field(u"TimeIN"_s).Time(), in);
+    EXPECT_EQ(again.Field(u"TimeOUT"_s).Time(), std::nullopt);
+    EXPECT_TRUE(again.Field(u"BeriUangMakan"_s).Flag());
+    EXPECT_EQ(company.RowsOf(u"select BeriUangMakan from TimeCardDetail"_s), QStringList{u"1"_s});
+}
+
+TEST_F(Recordsets, EveryCharacterIsDataThere) {
+    const QString odd = u"O'Brien \"x\"; -- [y] `z` #1# ? %1 :a Müller 工場 \U0001F600\n'' or '1'='1"_s;
+    Recordset row = Employee(db, u"0012"_s);
+    row.AddNew();
+    row.Set(u"NIP"_s, u"0012"_s);
+    row.Set(u"Nama"_s, odd);
+    row.Update();
+    Recordset again = Employee(db, u"0012"_s);
+    EXPECT_EQ(again.Field(u"Nama"_s).Text(), odd);
+    again.Set(u"Dept"_s, odd); // the row is found again by such values, too
+    again.Update();
+    EXPECT_EQ(Employee(db, u"0012"_s).Field(u"Dept"_s).Text(), odd);
+}
+
+TEST_F(Recordsets, WalkTheRowsInTheOrderOfTheStatement) {
+    company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s);
+    company.AddEmployee(u"0013"_s, u"Ani"_s, u"x"_s);
+    Recordset rows(db, u"select * from Employee order by Nama"_s);
+    rows.MoveNext();
+    rows.Set(u"Dept"_s, u"GA"_s);
+    rows.Update();
+    EXPECT_EQ(rows.Field(u"NIP"_s).Text(), u"0012"_s);
+    rows.MoveNext();
+    EXPECT_TRUE(rows.AtEnd());
+    EXPECT_EQ(Employees(), (QStringList{u"0012|Budi|GA|-"_s, u"0013|Ani|-|-"_s}));
+}
+
+TEST_F(Recordsets, AnotherDesksChangeIsNeverOverwritten) {
+    const auto other = company.OtherDesk();
+    const struct {
+        const char* what;
+        QString change;
+        QStringList left;
+    } cases[] = {
+        {"the same field", u"UPDATE Employee SET Nama='Ali'"_s, {u"0012|Ali||-"_s}},
+        {"another field", u"UPDATE Employee SET GP=5"_s, {u"0012|Budi||5"_s}},
+        {"a field emptied", u"UPDATE Employee SET Dept=NULL"_s, {u"0012|Budi|-|-"_s}},
+        {"the key", u"UPDATE Employee SET NIP='0099'"_s, {u"0099|Budi||-"_s}},
+        {"the row removed", u"DELETE FROM Employee"_s, {}},
+    };
+    for (const auto& [what, change, left] : cases) {
+        SCOPED_TRACE(what);
+        db.ExecuteNative(u"DELETE FROM Employee"_s);
+        db.ExecuteNative(u"DELETE FROM [User]"_s);
+        company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u""_s);
+        Recordset mine = Employee(db, u"0012"_s);
+        other->ExecuteNative(change);
+        mine.Set(u"Nama"_s, u"Cici"_s);
+        EXPECT_THROW(mine.Update(), ConflictError);
+        EXPECT_EQ(Employees(), left);
+    }
+}
+
+TEST_F(Recordsets, AKeyThatAnotherDeskAddedFirstIsRefused) {
+    Recordset mine = Employee(db, u"0012"_s);
+    company.OtherDesk()->ExecuteNative(u"INSERT INTO Employee (NIP,Nama) VALUES ('0012','Ali')"_s);
+    mine.AddNew();
+    mine.Set(u"NIP"_s, u"0012"_s);
+    EXPECT_TRUE(FailureOf([&] { mine.Update(); }).contains(u"isi ganda"));
+    EXPECT_EQ(Employees(), QStringList{u"0012|Ali|-|-"_s});
+}
+
+TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
+    const auto other = company.OtherDesk();
+    const auto seenByOther = [&] {
+        Rows rows = other->Query(u"select count(1) from Employee"_s);
+        return rows.Next() ? rows.Text(0) : u"nothing"_s;
+    };
+    const auto add = [&](const QString& nip) {
+        db.Execute(u"INSERT INTO Employee (NIP) VALUES (?)"_s, {nip});
+    };
+    try {
+        Transaction transaction(db);
+        add(u"0001"_s);
+        throw std::runtime_error("something else went wrong");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_EQ(Employees(), QStringList());
+
+    for (const auto& action : {u"ABORT"_s, u"ROLLBACK"_s, u"FAIL"_s}) {
+        db.ExecuteNative(u"CREATE TRIGGER stop BEFORE INSERT ON Employee WHEN NEW.NIP='0002' "
+                         "BEGIN SELECT RAISE(%1,'aturan kantor'); END"_s.arg(action));
+        EXPECT_TRUE(FailureOf([&] {
+                        Transaction transaction(db);
+                        add(u"0001"_s);
+                        add(u"0002"_s);
+                        transaction.Commit();
+                    }).contains(u"aturan kantor"))
+            << action.toStdString();
+        EXPECT_EQ(Employees(), QStringList()) << action.toStdString();
+        db.ExecuteNative(u"DROP TRIGGER stop"_s);
+    }
+
+    Transaction transaction(db);
+    EXPECT_THROW(Transaction(db).Commit(), std::logic_error);
+    add(u"0003"_s);
+    EXPECT_EQ(seenByOther(), u"0"_s);
+    transaction.Commit();
+    EXPECT_EQ(seenByOther(), u"1"_s);
+}
+
+TEST_F(Recordsets, AWriterWaitsOnlyAsLongAsItsPatience) {
+    const auto other = company.OtherDesk();
+    const Transaction writing(*other);
+    db.SetPatience(std::chrono::milliseconds(30));
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(
+        FailureOf([&] { Transaction transaction(db); }).contains(u"sedang dikunci oleh program lain"));
+    EXPECT_TRUE(FailureOf([&] { db.Execute(u"DELETE FROM Employee"_s); }).contains(u"dikunci"));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1500));
+    EXPECT_EQ(Employees(), QStringList()); // reading goes on meanwhile
+}
+
+TEST_F(Recordsets, TheChangeStampDiffersAfterEveryWriteAndOnlyThen) {
+    const auto other = company.OtherDesk();
+    const QString insert = u"INSERT INTO Division (DivKode) VALUES (?)"_s;
+    int next = 0;
+    const auto number = [&] { return QVariant(QString::number(++next)); };
+    const struct {
+        const char* what;
+        std::function<void()> action;
+        bool differs;
+    } cases[] = {
+        {"nothing", [] {}, false},
+        {"own reading", [&] { company.RowsOf(u"select * from Division"_s); }, false},
+        {"other's reading", [&] { other->Query(u"select * from Division"_s).Next(); }, false},
+        {"own statement", [&] { db.Execute(insert, {number()}); }, true},
+        {"own row",
+         [&] {
+             Recordset row(db, u"select * from Division"_s);
+             row.Set(u"DivName"_s, number().toString());
+             row.Update();
+         },
+         true},
+        {"own many",
+         [&] {
+             db.ExecuteMany(insert, {{number()}, {number()}});
+         },
+         true},
+        {"own many, the second failing",
+         [&] {
+             const QVariant twice = number();
+             EXPECT_NE(FailureOf([&] { db.ExecuteMany(insert, {{twice}, {twice}}); }), QString());
+         },
+         true},
+        {"other's statement", [&] { other->Execute(insert, {number()}); }, true},
+        {"other's transaction",
+         [&] {
+             Transaction transaction(*other);
+             other->Execute(insert, {number()});
+             transaction.Commit();
+         },
+         true},
+        {"other's transaction taken back",
+         [&] {
+             Transaction transaction(*other);
+             other->Execute(insert, {number()});
+         },
+         false},
+    };
+    for (const auto& [what, action, differs] : cases) {
+        const ChangeStamp before = db.Changes();
+        action();
+        EXPECT_EQ(db.Changes() != before, differs) << what;
+    }
+    ChangeStamp inside;
+    {
+        const Transaction takenBack(db);
+        db.Execute(insert, {number()});
+        inside = db.Changes();
+    }
+    EXPECT_NE(db.Changes(), inside);
+}
