@@ -12,6 +12,8 @@
 #include <QUuid>
 #include <QVariant>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -63,6 +65,31 @@ QString ExistingFileUri(const QString& path) {
     return u"file://"_s + QString::fromLatin1(encoded) + u"?mode=rw"_s;
 }
 
+/// Settles how the engine works on this connection, then takes the right to write, writes what stands there
+/// already and takes it back. That tells a locked, read-only, damaged or foreign file apart from a good one
+/// before the first employee stands at the desk; only to begin is not enough, since the engine begins on a
+/// file that it can only read, too. Returns an error that is not valid when all went well.
+QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
+    for (const QString& statement :
+         {u"PRAGMA case_sensitive_like=ON"_s, u"PRAGMA temp_store=MEMORY"_s, u"PRAGMA synchronous=FULL"_s,
+          u"PRAGMA cache_size=-32000"_s, begin,
+          u"SELECT user_version, page_size FROM pragma_user_version, pragma_page_size"_s}) {
+        if (!query.exec(statement))
+            return query.lastError();
+    }
+    query.next();
+    const QString version = query.value(0).toString();
+    const int pageSize = query.value(1).toInt();
+    // The engine itself notices only whole pages that are missing.
+    if (pageSize > 0 && QFileInfo(path).size() % pageSize != 0)
+        return QSqlError({}, u"incomplete page"_s, QSqlError::ConnectionError, QString::number(Corrupt));
+    for (const QString& statement : {u"PRAGMA user_version="_s + version, u"ROLLBACK"_s}) {
+        if (!query.exec(statement))
+            return query.lastError();
+    }
+    return {};
+}
+
 } // namespace
 
 QSqlDatabase SqliteEngine::Open(const QString& connectionText) const {
@@ -83,17 +110,9 @@ QSqlDatabase SqliteEngine::Open(const QString& connectionText) const {
     if (!database.open()) {
         failure = Describe(database.lastError());
     } else {
-        // Taking the right to write, and giving it back, tells a locked, read-only, damaged or foreign file
-        // apart from a good one before the first employee stands at the desk.
         QSqlQuery query(database);
-        for (const QString& statement :
-             {u"PRAGMA case_sensitive_like=ON"_s, u"PRAGMA temp_store=MEMORY"_s, u"PRAGMA synchronous=FULL"_s,
-              u"PRAGMA cache_size=-32000"_s, BeginStatement(), u"ROLLBACK"_s}) {
-            if (!query.exec(statement)) {
-                failure = Describe(query.lastError());
-                break;
-            }
-        }
+        if (const QSqlError error = Prepare(query, BeginStatement(), path); error.isValid())
+            failure = Describe(error);
     }
     if (failure.number != 0) {
         database.close();
