@@ -1,0 +1,221 @@
+#include "database/schema.h"
+
+#include "database/connection_text.h"
+#include "database/sqlite_engine.h"
+#include "support/failures.h"
+#include "support/test_company.h"
+
+#include <QDir>
+
+#include <barrier>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The steps of today and two that might follow them.
+std::vector<SchemaStep> LaterSteps(const QString& third = u"CREATE TABLE Libur (Tgl TEXT)"_s) {
+    std::vector<SchemaStep> steps(SchemaSteps().begin(), SchemaSteps().end());
+    const int newest = steps.back().version;
+    steps.push_back({newest + 1, {u"ALTER TABLE Employee ADD COLUMN Telepon TEXT"_s}});
+    steps.push_back({newest + 2, {u"UPDATE Employee SET Telepon='-'"_s, third}});
+    return steps;
+}
+
+int VersionOf(Connection& connection) {
+    Rows rows = connection.QueryNative(u"PRAGMA user_version"_s);
+    return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : -1;
+}
+
+/// Opens a file as any engine would, without looking at its schema.
+std::unique_ptr<Connection> OpenUnprepared(const QString& path) {
+    return std::make_unique<Connection>(std::make_unique<SqliteEngine>(), ConnectionText(path));
+}
+
+} // namespace
+
+TEST(Schema, EveryTableHasItsColumnsAndKey) {
+    TestCompany company;
+    const struct {
+        QString table;
+        QString columns;
+        QString key;
+    } tables[] = {
+        {u"timecardmaster"_s, u"TCID,Status"_s, u"TCID"_s},
+        {u"TimeCardHeader"_s,
+         u"TCID,NIP,Status,Keterangan,NormalHours,OTHours,NormalAmount,OTAmount,TotalUangMakan"_s, u"TCID"_s},
+        {u"TIMECARDDETAIL"_s, u"TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,TimeOutOT,ShiftCode,BeriUangMakan"_s,
+         u"TCID,Tanggal"_s},
+        {u"employee"_s, u"NIP,Nama,Dept,Divisi,PathImage,GP,RateOT,TMakan,EmpType,sc"_s, u"NIP"_s},
+        {u"Shift"_s, u"Code,TimeIn,TimeOut"_s, u"Code"_s},
+        {u"ShiftEmployee"_s, u"NIP,Tgl,ShiftCode"_s, u"NIP,Tgl"_s},
+        {u"Employee Status"_s, u"ID,Status,Description"_s, u"Status"_s},
+        {u"AbsenTipe"_s, u"Kode,Keterangan"_s, u"Kode"_s},
+        {u"Division"_s, u"DivKode,DivName"_s, u"DivKode"_s},
+        {u"Departments"_s, u"DeptCode,DeptName"_s, u"DeptCode"_s},
+        {u"User"_s, u"UserID,Password"_s, u"UserID"_s},
+        {u"User_Job"_s, u"UserID,GroupID"_s, u"UserID,GroupID"_s},
+    };
+    for (const auto& [table, columns, key] : tables) {
+        const TableShape shape = company.Db().ShapeOf(table);
+        EXPECT_EQ(shape.columns.join(u','), columns) << table.toStdString();
+        EXPECT_EQ(shape.key.join(u','), key) << table.toStdString();
+    }
+    EXPECT_EQ(FailureOf([&] { company.Db().ShapeOf(u"pph"_s); }), u"Tabel pph tidak ada dalam database."_s);
+}
+
+TEST(Schema, StoredFormsAreEnforced) {
+    TestCompany company;
+    const QStringList badDays{u"2026-02-29"_s, u"2026-11-31"_s, u"2026-13-01"_s,
+                              u"22-11-2026"_s, u"2026-1-2"_s,   u"2026-11-22 00:00:00"_s,
+                              u"now"_s,        u""_s,           u"kemarin"_s};
+    const QStringList goodDays{u"2026-11-22"_s, u"2028-02-29"_s, u"1899-12-30"_s};
+    const QStringList badTimes{u"2026-11-22"_s,
+                               u"2026-11-22 24:00:00"_s,
+                               u"2026-02-29 07:00:00"_s,
+                               u"2026-11-22T07:58:12"_s,
+                               u"2026-11-22 7:58:12"_s,
+                               u"2026-11-22 07:58"_s,
+                               u"07:58:12"_s,
+                               u"2026-11-22 07:58:12.5"_s,
+                               u"2026-11-22 07:58:12Z"_s,
+                               u""_s};
+    const QStringList goodTimes{u"2026-11-22 23:59:59"_s, u"1899-12-30 00:00:00"_s, u"2026-11-22 00:00:00"_s};
+    const QStringList badFlags{u"2"_s, u"-1"_s, u"ya"_s, u"True"_s, u""_s};
+    const QStringList goodFlags{u"0"_s, u"1"_s};
+    const struct {
+        QString insert;
+        const QStringList& bad;
+        const QStringList& good;
+    } columns[] = {
+        {u"TimeCardDetail (TCID,Tanggal) VALUES ('T',?)"_s, badDays, goodDays},
+        {u"ShiftEmployee (NIP,Tgl) VALUES ('0012',?)"_s, badDays, goodDays},
+        {u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T','2026-11-22',?)"_s, badTimes, goodTimes},
+        {u"TimeCardDetail (TCID,Tanggal,TimeOUT) VALUES ('T','2026-11-22',?)"_s, badTimes, goodTimes},
+        {u"TimeCardDetail (TCID,Tanggal,TimeINOT) VALUES ('T','2026-11-22',?)"_s, badTimes, goodTimes},
+        {u"TimeCardDetail (TCID,Tanggal,TimeOutOT) VALUES ('T','2026-11-22',?)"_s, badTimes, goodTimes},
+        {u"Shift (Code,TimeIn) VALUES ('P',?)"_s, badTimes, goodTimes},
+        {u"Shift (Code,TimeOut) VALUES ('P',?)"_s, badTimes, goodTimes},
+        {u"TimeCardDetail (TCID,Tanggal,BeriUangMakan) VALUES ('T','2026-11-22',?)"_s, badFlags, goodFlags},
+    };
+    for (const auto& [insert, bad, good] : columns) {
+        const auto refusal = [&](const QString& value) {
+            const Transaction takenBack(company.Db());
+            return FailureOf([&] { company.Db().Execute(u"INSERT INTO "_s + insert, {value}); });
+        };
+        for (const QString& value : bad)
+            EXPECT_NE(refusal(value), QString()) << insert.toStdString() << " took " << value.toStdString();
+        for (const QString& value : good)
+            EXPECT_EQ(refusal(value), QString()) << insert.toStdString();
+    }
+}
+
+TEST(Schema, BothSpellingsOfTheDepartmentsAnswerAlike) {
+    TestCompany company;
+    company.Db().ExecuteNative(
+        u"INSERT INTO Departments (DeptCode,DeptName) VALUES ('P','Produksi'),('G','Umum'),('X',NULL)"_s);
+    const QStringList rows{u"X|-"_s, u"P|Produksi"_s, u"G|Umum"_s};
+    EXPECT_EQ(company.RowsOf(u"SELECT DeptCode, DeptName FROM Departments ORDER BY DeptName"_s), rows);
+    EXPECT_EQ(company.RowsOf(u"SELECT [Dept Code], [Dept Name] FROM [Departments] ORDER BY [Dept Name]"_s),
+              rows);
+}
+
+TEST(Schema, TheTimeCardViewHasItsColumnsInOrderAndOneRowPerCardAndDay) {
+    TestCompany company;
+    company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u"PROD"_s, u"A"_s);
+    company.Db().ExecuteNative(
+        u"INSERT INTO TimeCardHeader VALUES ('T202611220012','0012','OUT','sakit',8.3,1.15,100.5,20,5)"_s);
+    company.Db().ExecuteNative(
+        u"INSERT INTO TimeCardDetail VALUES ('T202611220012','2026-11-22','2026-11-22 07:00:00',"
+        "'2026-11-22 15:30:00','2026-11-22 15:30:00','2026-11-22 16:45:00','P',1)"_s);
+    company.Db().ExecuteNative(
+        u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611220012','2026-11-23')"_s);
+    const Rows view = company.Db().Query(u"Select * from qry_TimeCardAll"_s);
+    EXPECT_EQ(view.ColumnNames().join(u' '),
+              u"Status NIP Nama Keterangan Dept TCID Divisi Tanggal TimeIN TimeOUT TimeINOT TimeOutOT "
+              "BeriUangMakan NormalHours OTHours NormalAmount OTAmount"_s);
+    EXPECT_EQ(
+        company.RowsOf(u"Select * from qry_TimeCardAll Where NIP='0012' order by Tanggal"_s),
+        (QStringList{u"OUT|0012|Budi|sakit|PROD|T202611220012|A|2026-11-22|2026-11-22 07:00:00|"
+                     "2026-11-22 15:30:00|2026-11-22 15:30:00|2026-11-22 16:45:00|1|8.3|1.15|100.5|20"_s,
+                     u"OUT|0012|Budi|sakit|PROD|T202611220012|A|2026-11-23|-|-|-|-|-|8.3|1.15|100.5|20"_s}));
+}
+
+TEST(SchemaUpgrade, TakesAllFurtherStepsAndCopiesTheFileAside) {
+    for (const auto& name : {u"biasa"_s, u"50% %1 %2"_s, u"kantor 'A'; B"_s}) {
+        SCOPED_TRACE(name.toStdString());
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkdir(name);
+        const QDir inside(folder.filePath(name));
+        const QString path = inside.filePath(u"DATA.mdb"_s);
+        CreateDatabase(path);
+        OpenDatabaseFile(path)->ExecuteNative(u"INSERT INTO Employee (NIP,Nama) VALUES ('0012','Budi')"_s);
+        for (int start = 0; start < 2; ++start) {
+            const auto connection = OpenUnprepared(path);
+            PrepareSchema(*connection, LaterSteps());
+            EXPECT_EQ(VersionOf(*connection), 3);
+            Rows rows = connection->QueryNative(u"SELECT Nama||Telepon FROM Employee"_s);
+            ASSERT_TRUE(rows.Next());
+            EXPECT_EQ(rows.Text(0), u"Budi-"_s);
+        }
+        EXPECT_EQ(inside.entryList(QDir::Files, QDir::Name), (QStringList{u"DATA.mdb"_s, u"DATA.mdb.v1"_s}));
+        Rows copied =
+            OpenDatabaseFile(inside.filePath(u"DATA.mdb.v1"_s))->Query(u"select Nama from Employee"_s);
+        EXPECT_TRUE(copied.Next());
+    }
+}
+
+TEST(SchemaUpgrade, AFailingStepIsTakenBackWhole) {
+    TestCompany company;
+    company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s);
+    EXPECT_NE(FailureOf([&] { PrepareSchema(company.Db(), LaterSteps(u"CREATE TABLE Employee (NIP)"_s)); }),
+              QString());
+    EXPECT_EQ(VersionOf(company.Db()), 2);
+    EXPECT_EQ(company.RowsOf(u"select Nama,Telepon from Employee"_s), QStringList{u"Budi|-"_s});
+    PrepareSchema(company.Db(), LaterSteps());
+    EXPECT_EQ(VersionOf(company.Db()), 3);
+}
+
+TEST(SchemaUpgrade, TwoProgramsUpgradeOneDatabase) {
+    for (int round = 0; round < 10; ++round) {
+        const TestCompany company(TestCompany::Database::Closed);
+        std::barrier ready(2);
+        QString failures[2];
+        const auto upgrade = [&](QString& failure) {
+            const auto connection = OpenUnprepared(company.DatabaseFile());
+            ready.arrive_and_wait();
+            failure = FailureOf([&] { PrepareSchema(*connection, LaterSteps()); });
+            EXPECT_EQ(VersionOf(*connection), 3);
+        };
+        std::thread other(upgrade, std::ref(failures[0]));
+        upgrade(failures[1]);
+        other.join();
+        EXPECT_EQ(failures[0], QString());
+        EXPECT_EQ(failures[1], QString());
+        EXPECT_EQ(QDir(company.folder.path()).entryList(QDir::Files, QDir::Name),
+                  (QStringList{u"DATA.mdb"_s, u"DATA.mdb.v1"_s}));
+    }
+}
+
+TEST(SchemaUpgrade, WhatIsMissingIsNamedAndANewerDatabaseRefused) {
+    const struct {
+        QString statement;
+        QString named;
+    } cases[] = {
+        {u"DROP TABLE Employee"_s, u"Database tidak lengkap, tidak ditemukan: employee.\n"_s},
+        {u"DROP TABLE [Employee Status]"_s, u"tidak ditemukan: employee status.\n"_s},
+        {u"DROP VIEW qry_TimeCardAll"_s, u"tidak ditemukan: qry_timecardall.\n"_s},
+        {u"ALTER TABLE Employee DROP COLUMN sc"_s, u"tidak ditemukan: employee.sc.\n"_s},
+        {u"ALTER TABLE TimeCardDetail RENAME COLUMN ShiftCode TO Kode"_s,
+         u"tidak ditemukan: timecarddetail.shiftcode.\n"_s},
+        {u"PRAGMA user_version=2"_s,
+         u"program yang lebih baru (versi 2; program ini mengenal sampai versi 1)"_s},
+    };
+    for (const auto& [statement, named] : cases) {
+        const TestCompany company(TestCompany::Database::Closed);
+        company.OtherDesk()->ExecuteNative(statement);
+        const QString failure = FailureOf([&] { company.OtherDesk(); });
+        EXPECT_TRUE(failure.contains(named)) << failure.toStdString();
+    }
+}
