@@ -1,0 +1,125 @@
+#include "core/error_log.h"
+
+#include "support/test_company.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+using modGeneral::ErrorLog;
+
+namespace {
+
+/// The lines of the log; on every system with "\n" at their end.
+QByteArray LogOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll() : QByteArray("no log");
+}
+
+} // namespace
+
+TEST(ShowDatabaseError, SaysWhatIsPendingWordForWord) {
+    const DatabaseError three(QList<DatabaseFailure>{{-2147217900, u"Mesin"_s, u"Kalimat salah"_s},
+                                                     {5, u"SQLite"_s, u"%1 %2\nbaris"_s},
+                                                     {3, u"c"_s, u""_s}});
+    const ProgramError general(13, u"Type mismatch"_s);
+    const std::runtime_error unknown("halo");
+    const DatabaseError none(QList<DatabaseFailure>{});
+    const struct {
+        const std::exception* pending;
+        QString connected;
+        QString unconnected;
+    } cases[] = {
+        {&three,
+         u"\nDatabase Errors: \n----------------------------------------\n[-2147217900]-Mesin\nKalimat "
+         u"salah\n\n"
+         "[5]-SQLite\n%1 %2\nbaris\n\n[3]-c\n\n\n"_s,
+         u"Kalimat salah"_s},
+        {&general, u"This program has error: \n----------------------------------\n[13]\nType mismatch\n"_s,
+         u"Type mismatch"_s},
+        {&unknown, u"This program has error: \n----------------------------------\n[5]\nhalo\n"_s, u"halo"_s},
+        {&none, u"This program has error: \n----------------------------------\n[0]\n\n"_s, u""_s},
+    };
+    TestCompany company;
+    const b_global::SharedConnection unconnectedYet;
+    for (const auto& [pending, connected, unconnected] : cases) {
+        TestDialogs dialogs;
+        ShowDatabaseError(company.database, dialogs, pending);
+        ShowDatabaseError(unconnectedYet, dialogs, pending);
+        EXPECT_EQ(dialogs.texts, (QStringList{connected, unconnected}));
+        EXPECT_EQ(dialogs.icons, (std::vector{Dialogs::Icon::Exclamation, Dialogs::Icon::None}));
+    }
+    ShowDatabaseError(company.database, company.dialogs, nullptr);
+    EXPECT_EQ(company.dialogs.texts, QStringList());
+}
+
+TEST(ErrorLog, HoldsOneLineForEachErrorOfTheRun) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"state/VELTLOG.TXT"_s);
+    for (const char* run : {"first run", "second run"}) {
+        ErrorLog log(path);
+        if (QByteArrayView(run) == "second run") {
+            EXPECT_EQ(LogOf(path).count('\n'), 4); // nothing is emptied before the first error
+        }
+        log.LogError(5, u"satu\r\ndua\ntiga"_s, u"EnterCell"_s);
+        EXPECT_EQ(LogOf(path), "Error Number: 5.~Error Description: satu~dua tiga~Module Name: VELT~"
+                               "Sub/Function: EnterCell~\n");
+        log.LogError(-7, u"übung"_s, u"Scroll"_s, u"OTHER"_s);
+        log.LogError(DatabaseError({19, u"SQLite"_s, u"ganda"_s}), u"Keypress"_s);
+        log.LogError(std::logic_error("x"), u"OnEnter"_s);
+        EXPECT_EQ(LogOf(path).split('\n').mid(1),
+                  (QList<QByteArray>{
+                      "Error Number: -7.~Error Description: übung~Module Name: OTHER~Sub/Function: Scroll~",
+                      "Error Number: 19.~Error Description: ganda~Module Name: VELT~Sub/Function: Keypress~",
+                      "Error Number: 0.~Error Description: x~Module Name: VELT~Sub/Function: OnEnter~", ""}));
+    }
+}
+
+TEST(ErrorLog, APlaceThatCannotBeWrittenHarmsNobody) {
+    const QTemporaryDir folder;
+    QStringList places{folder.path()};
+    {
+        QFile file(folder.filePath(u"file"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        places << folder.filePath(u"file/VELTLOG.TXT"_s);
+    }
+#ifdef Q_OS_LINUX
+    places << u"/dev/full"_s;
+#endif
+    for (const QString& place : places) {
+        ErrorLog log(place);
+        EXPECT_NO_THROW(log.LogError(1, u"x"_s, u"y"_s)) << place.toStdString();
+        EXPECT_NO_THROW(log.WriteLog(u"z"_s)) << place.toStdString();
+    }
+    const QString path = folder.filePath(u"later/VELTLOG.TXT"_s);
+    QDir(folder.path()).mkpath(u"later/VELTLOG.TXT"_s);
+    ErrorLog log(path);
+    log.WriteLog(u"lost"_s);
+    QDir(folder.path()).rmpath(u"later/VELTLOG.TXT"_s);
+    log.WriteLog(u"kept"_s);
+    EXPECT_EQ(LogOf(path), "kept\n");
+}
+
+#ifndef Q_OS_WIN
+TEST(ErrorLog, StandsInTheUsersStateFolder) {
+    const QByteArray before = qgetenv("XDG_STATE_HOME");
+    const QString usual = QDir::homePath() + u"/.local/state/timeattendance/VELTLOG.TXT"_s;
+    const std::pair<QByteArray, QString> cases[] = {
+        {"/var/x", u"/var/x/timeattendance/VELTLOG.TXT"_s}, {"", usual}, {"relative", usual}};
+    for (const auto& [folder, path] : cases) {
+        qputenv("XDG_STATE_HOME", folder);
+        EXPECT_EQ(modGeneral::ErrorLogPath(), path);
+    }
+    qputenv("XDG_STATE_HOME", before);
+}
+#endif
+
+TEST(Trapped, LogsAndShowsAFailureUnderItsProcedure) {
+    TestCompany company;
+    EXPECT_TRUE(Trapped(company.program, u"Scroll"_s, [] {}));
+    EXPECT_FALSE(QFile::exists(company.folder.filePath(u"VELTLOG.TXT"_s)));
+    EXPECT_FALSE(Trapped(company.program, u"Scroll"_s, [] { throw ProgramError(9, u"rusak"_s); }));
+    EXPECT_EQ(LogOf(company.folder.filePath(u"VELTLOG.TXT"_s)),
+              "Error Number: 9.~Error Description: rusak~Module Name: VELT~Sub/Function: Scroll~\n");
+    EXPECT_EQ(company.dialogs.texts.size(), 1);
+    EXPECT_TRUE(company.dialogs.Last().endsWith(u"\n[9]\nrusak\n"_s));
+}

@@ -1,0 +1,112 @@
+#include "core/query_values.h"
+#include "core/text_table.h"
+#include "core/time_text.h"
+
+#include "support/failures.h"
+#include "support/test_company.h"
+
+#include <QAbstractItemModelTester>
+
+using namespace Qt::StringLiterals;
+using namespace modGeneral;
+
+TEST(SecondsToTimeText, KeepsItsOddCases) {
+    const std::pair<int, QString> cases[] = {
+        {0, u"0:00"_s},         {5, u"0:05"_s},          {59, u"0:59"_s},       {-1, u"0:-01"_s},
+        {-120, u"0:-120"_s},    {-40000, u"0:-40000"_s}, {60, u"00:1:00"_s},    {125, u"00:2:05"_s},
+        {599, u"00:9:59"_s},    {3599, u"00:59:59"_s},   {3600, u"1:00:00"_s},  {3629, u"1:00:29"_s},
+        {3630, u"1:00:30"_s},   {3631, u"1:01:31"_s},    {3690, u"1:02:30"_s},  {3691, u"1:02:31"_s},
+        {7199, u"1:60:59"_s},   {7200, u"2:00:00"_s},    {30600, u"8:30:00"_s}, {30645, u"8:31:45"_s},
+        {86399, u"23:60:59"_s}, {360000, u"100:00:00"_s}};
+    for (const auto& [seconds, text] : cases)
+        EXPECT_EQ(SecondsToTimeText(Seconds{seconds}), text) << seconds;
+}
+
+TEST(PadText, GivesExactlyTheWidthInCharactersAsAReaderSeesThem) {
+    const struct {
+        QString text;
+        int width;
+        QString padded;
+    } cases[] = {
+        {u"Budi"_s, 6, u"Budi  "_s},
+        {u"Budi Santoso"_s, 6, u"Budi S"_s},
+        {u"Budi"_s, 4, u"Budi"_s},
+        {u""_s, 3, u"   "_s},
+        {u"Budi"_s, 0, u""_s},
+        {u"Budi"_s, -1, u""_s},
+        {u"e\u0301e\u0301e\u0301"_s, 2, u"e\u0301e\u0301"_s}, // a letter keeps its accent
+        {u"e\u0301"_s, 3, u"e\u0301  "_s},
+        {u"工場"_s, 3, u"工場 "_s},
+        {u"\U0001F600\U0001F600"_s, 1, u"\U0001F600"_s},
+    };
+    for (const auto& [text, width, padded] : cases)
+        EXPECT_EQ(PadText(text, width), padded) << text.toStdString() << ' ' << width;
+}
+
+TEST(TextTable, LinesAreAsLongAsTheRule) {
+    TextGrid grid;
+    const QAbstractItemModelTester tester(&grid, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    SetupGrid(grid, {u"Nama"_s, u"Dept"_s});
+    EXPECT_EQ(grid.AddRow({u"1"_s, u"Budi Santoso"_s}), 0);
+    EXPECT_EQ(grid.AddRow({u"2"_s, u"e\u0301"_s, u"PROD"_s, u"cut off"_s}), 1);
+    grid.SetText(0, 2, u"GA"_s);
+    EXPECT_EQ(GridToTextTable(grid, {5, 6}, {u"Judul"_s}),
+              (QStringList{u"Judul"_s, u"-------------"_s, u"Sr.No|Nama  |"_s, u"-------------"_s,
+                           u"1    |Budi S|"_s, u"2    |e\u0301     |"_s, u"-------------"_s}));
+    EXPECT_EQ(GridToTextTableAll(grid),
+              (QStringList{u"------------------------"_s, u"Sr.No|Nama        |Dept|"_s,
+                           u"------------------------"_s, u"1    |Budi Santoso|GA  |"_s,
+                           u"2    |e\u0301           |PROD|"_s, u"------------------------"_s}));
+    grid.Clear();
+    EXPECT_EQ(GridToTextTableAll(grid).size(), 4);
+}
+
+TEST(QueryValues, CopiesTheFirstRowByTheVariablesTypes) {
+    TestCompany company;
+    company.Db().ExecuteNative(
+        u"INSERT INTO TimeCardHeader (TCID,NIP,NormalHours,OTHours) VALUES ('T1','0012',9.15,8)"_s);
+    company.Db().ExecuteNative(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,BeriUangMakan) VALUES "
+                               "('T1','2026-11-22','2026-11-22 07:58:12',1),('T1','2026-11-23',NULL,NULL)"_s);
+    QString text, hours;
+    int count = 7;
+    double number = 7;
+    bool flag = false;
+    WallTime in{}, out = Moment(u"2026-11-22");
+    EXPECT_TRUE(
+        QueryValues(company.Db(),
+                    u"select h.NIP, h.NormalHours, h.NormalHours, h.OTHours, d.BeriUangMakan, d.TimeIN, "
+                    "d.TimeOUT from TimeCardHeader h, TimeCardDetail d order by d.Tanggal"_s,
+                    text, hours, number, count, flag, in, out));
+    EXPECT_EQ(text, u"0012"_s);
+    EXPECT_EQ(hours, u"9.15"_s);
+    EXPECT_EQ(number, 9.15);
+    EXPECT_EQ(count, 8);
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(in, Moment(u"2026-11-22 07:58:12"));
+    EXPECT_EQ(out, EmptyTime);
+    EXPECT_TRUE(
+        QueryValues(company.Db(), u"select Keterangan, OTAmount from TimeCardHeader"_s, text, number));
+    EXPECT_EQ(text, QString());
+    EXPECT_EQ(number, 0);
+    EXPECT_FALSE(QueryValues(company.Db(), u"select 1 from TimeCardHeader where NIP='x'"_s, count));
+    EXPECT_EQ(count, 8);
+    EXPECT_NE(FailureOf([&] { QueryValues(company.Db(), u"select x from y"_s, count); }), QString());
+}
+
+TEST(FirstValue, IsTextAndNullGivesWay) {
+    TestCompany company;
+    company.Db().ExecuteNative(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T1','2026-11-22')"_s);
+    const auto first = [&](const QString& select) {
+        return b_stored_procedure::GetFirstValue(company.Db(), u"select "_s + select);
+    };
+    EXPECT_EQ(first(u"Tanggal, TCID from TimeCardDetail"_s), u"2026-11-22"_s);
+    EXPECT_EQ(first(u"TimeIN from TimeCardDetail"_s), u""_s);
+    EXPECT_EQ(first(u"TimeIN from TimeCardDetail where TCID='T2'"_s), u""_s);
+    EXPECT_EQ(first(u"count(1) from TimeCardDetail"_s), u"1"_s);
+    EXPECT_NE(FailureOf([&] { first(u"x from TimeCardDetail"_s); }), QString());
+    EXPECT_EQ(b_stored_procedure::OpenTimeCardDetail(company.Db(), u"T1"_s).Field(u"tanggal"_s).Text(),
+              u"2026-11-22"_s);
+    EXPECT_EQ(b_global::IfNull(FieldValue(), u"x"_s).Text(), u"x"_s);
+    EXPECT_EQ(b_global::IfNull(u""_s, u"x"_s).Text(), u""_s);
+    EXPECT_EQ(b_global::IfNull(0, 5).Number(), 0);
+}
