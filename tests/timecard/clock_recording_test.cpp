@@ -1,0 +1,196 @@
+#include "timecard/clock_recording.h"
+
+#include "support/failures.h"
+#include "support/test_company.h"
+
+#include <barrier>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ClockEntry Entry(const QString& mode, QStringView openedAt, const QString& sheet = u"T20261122"_s,
+                 QStringView sheetDate = u"2026-11-22") {
+    return {sheet, DayOf(Moment(sheetDate)), mode, Moment(openedAt)};
+}
+
+class Recording : public testing::Test {
+protected:
+    std::optional<Refusal> In(QStringView at) {
+        return RecordClockEntry(company.Db(), Entry(u"IN"_s, at), u"0012"_s);
+    }
+    std::optional<Refusal> Out(QStringView at) {
+        return RecordClockEntry(company.Db(), Entry(u"N"_s, at), u"0012"_s);
+    }
+    QStringList Headers() {
+        return company.RowsOf(u"select TCID,NIP,Status,Keterangan,OTHours from TimeCardHeader"_s);
+    }
+    QStringList Days() {
+        return company.RowsOf(
+            u"select TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,BeriUangMakan from TimeCardDetail"_s);
+    }
+    void Add(const QString& statement) { company.Db().ExecuteNative(u"INSERT INTO "_s + statement); }
+
+    TestCompany company;
+};
+
+} // namespace
+
+TEST_F(Recording, AnArrivalMakesTheCardAndASecondOneIsRefused) {
+    EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
+    const QStringList header{u"T202611220012|0012|IN|-|-"_s};
+    const QStringList day{u"T202611220012|2026-11-22|2026-11-22 07:58:12|-|-|1"_s};
+    EXPECT_EQ(Headers(), header);
+    EXPECT_EQ(Days(), day);
+    EXPECT_EQ(In(u"2026-11-22 08:00:00"), Refusal::AlreadyClockedIn);
+    EXPECT_EQ(RefusalText(Refusal::AlreadyClockedIn), u"Tidak bisa absen dua kali."_s);
+    EXPECT_EQ(Headers(), header);
+    EXPECT_EQ(Days(), day);
+    // Another sheet of the same day is another card, named in upper case.
+    EXPECT_EQ(
+        RecordClockEntry(company.Db(), Entry(u"IN"_s, u"2026-11-22 08:00:00", u"T20261122-a"_s), u"x1"_s),
+        std::nullopt);
+    EXPECT_EQ(Headers(), (QStringList{u"T20261122-AX1|x1|IN|-|-"_s} + header));
+}
+
+TEST_F(Recording, AnArrivalTakesTheSheetsDayAndADepartureTheMomentItself) {
+    const auto record = [&](const QString& mode, QStringView at) {
+        return RecordClockEntry(company.Db(), Entry(mode, at, u"T20261120"_s, u"2026-11-20"), u"0012"_s);
+    };
+    EXPECT_EQ(record(u"IN"_s, u"2026-11-22 22:00:01"), std::nullopt);
+    EXPECT_EQ(record(u"N"_s, u"2026-11-23 06:00:02"), std::nullopt);
+    EXPECT_EQ(Days(), QStringList{u"T202611200012|2026-11-20|2026-11-20 22:00:01|2026-11-23 06:00:02|-|1"_s});
+}
+
+TEST_F(Recording, AnEmptyArrivalIsFilledAndTheOtherFieldsKept) {
+    for (const auto& empty : {u"NULL"_s, u"'1899-12-30 00:00:00'"_s}) {
+        SCOPED_TRACE(empty.toStdString());
+        company.Db().ExecuteNative(u"DELETE FROM TimeCardHeader"_s);
+        company.Db().ExecuteNative(u"DELETE FROM TimeCardDetail"_s);
+        Add(u"TimeCardHeader (TCID,NIP,Status,Keterangan,OTHours) VALUES ('T202611220012','9','A','sakit',1.3)"_s);
+        Add(u"TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,BeriUangMakan) VALUES "
+            "('T202611220012','2026-11-01',%1,'2026-11-22 15:00:00','2026-11-22 14:00:00',0)"_s.arg(empty));
+        EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
+        EXPECT_EQ(Headers(), QStringList{u"T202611220012|0012|IN|sakit|1.3"_s});
+        EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|2026-11-22 07:58:12|2026-11-22 15:00:00|"
+                                      "2026-11-22 14:00:00|1"_s});
+    }
+}
+
+TEST_F(Recording, MidnightOfARealDayIsAnArrivalEvenWithoutAHeader) {
+    Add(u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T202611220012','2026-11-22','2026-11-22 00:00:00')"_s);
+    EXPECT_EQ(In(u"2026-11-22 07:58:12"), Refusal::AlreadyClockedIn);
+    EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::NotClockedIn);
+    EXPECT_EQ(Headers(), QStringList());
+    EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|2026-11-22 00:00:00|-|-|-"_s});
+}
+
+TEST_F(Recording, ADepartureNeedsTheCardAndADayRowAndMayBeRepeated) {
+    EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::NotClockedIn);
+    EXPECT_EQ(RefusalText(Refusal::NotClockedIn),
+              u"Belum isi absen masuk.\nAtau beda lembaran.\nHubungi petugas absen sekarang.!!!"_s);
+    Add(u"TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012','A')"_s);
+    EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::NotClockedIn);
+    EXPECT_EQ(Headers(), QStringList{u"T202611220012|0012|A|-|-"_s});
+
+    EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
+    for (const auto& at : {u"2026-11-22 15:00:00"_s, u"2026-11-22 14:00:00"_s, u"2026-11-23 01:00:00"_s}) {
+        EXPECT_EQ(Out(at), std::nullopt);
+        EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|2026-11-22 07:58:12|%1|-|1"_s.arg(at)});
+        EXPECT_EQ(Headers(), QStringList{u"T202611220012|0012|OUT|-|-"_s});
+    }
+}
+
+TEST_F(Recording, NothingIsWrittenWhenAnythingFails) {
+    const struct {
+        const char* what;
+        QString trigger;
+        QString mode;
+        QString nip;
+    } cases[] = {
+        {"day row of an arrival", u"BEFORE INSERT ON TimeCardDetail"_s, u"IN"_s, u"0013"_s},
+        {"header of a departure", u"BEFORE UPDATE ON TimeCardHeader"_s, u"N"_s, u"0012"_s},
+        {"quote in the number", {}, u"IN"_s, u"' or '1'='1"_s},
+        {"quote in the number at departure", {}, u"N"_s, u"' or '1'='1"_s},
+    };
+    In(u"2026-11-22 07:58:12");
+    const QStringList headers = Headers();
+    const QStringList days = Days();
+    for (const auto& [what, trigger, mode, nip] : cases) {
+        SCOPED_TRACE(what);
+        if (!trigger.isEmpty())
+            company.Db().ExecuteNative(
+                u"CREATE TRIGGER stop %1 BEGIN SELECT RAISE(ABORT,'x'); END"_s.arg(trigger));
+        EXPECT_NE(
+            FailureOf([&] { RecordClockEntry(company.Db(), Entry(mode, u"2026-11-22 15:00:00"), nip); }),
+            QString());
+        company.Db().ExecuteNative(u"DROP TRIGGER IF EXISTS stop"_s);
+        EXPECT_EQ(Headers(), headers);
+        EXPECT_EQ(Days(), days);
+    }
+}
+
+TEST_F(Recording, OfTwoDesksAtOneInstantExactlyOneRecords) {
+    constexpr int employees = 40;
+    std::barrier together(2);
+    struct Desk {
+        QStringView at;
+        std::array<std::optional<Refusal>, employees> refusals{};
+        QStringList failures{};
+    };
+    Desk desks[] = {{u"2026-11-22 07:58:12"}, {u"2026-11-22 07:58:13"}};
+    const auto work = [&](Desk& desk) {
+        const auto connection = company.OtherDesk();
+        for (int i = 0; i < employees; ++i) {
+            together.arrive_and_wait();
+            const auto index = static_cast<size_t>(i);
+            desk.failures << FailureOf([&] {
+                desk.refusals[index] =
+                    RecordClockEntry(*connection, Entry(u"IN"_s, desk.at), QString::number(1000 + i));
+            });
+        }
+    };
+    std::thread other(work, std::ref(desks[1]));
+    work(desks[0]);
+    other.join();
+    for (int i = 0; i < employees; ++i) {
+        const auto recorded = [&](const Desk& desk) {
+            return desk.failures[i].isEmpty() && !desk.refusals[static_cast<size_t>(i)];
+        };
+        ASSERT_NE(recorded(desks[0]), recorded(desks[1])) << i;
+        const Desk& winner = desks[recorded(desks[0]) ? 0 : 1];
+        EXPECT_EQ(
+            company.RowsOf(u"select TimeIN from TimeCardDetail where TCID='T20261122%1'"_s.arg(1000 + i)),
+            QStringList{winner.at.toString()});
+    }
+    EXPECT_EQ(company.RowsOf(u"select count(1) from TimeCardHeader"_s),
+              QStringList{QString::number(employees)});
+}
+
+TEST(Password, MatchesInAnyLetterCaseButNeverEmpty) {
+    TestCompany company;
+    company.AddUser(u"0012"_s, u"Rahasia"_s);
+    company.AddUser(u"0013"_s, QString());
+    const struct {
+        QString typed;
+        QString stored;
+        bool matches;
+    } cases[] = {{u"rahasia"_s, u"RAHASIA"_s, true},
+                 {u"rahasia "_s, u"rahasia"_s, false},
+                 {u""_s, u""_s, false},
+                 {u"x"_s, u""_s, false},
+                 {u"ü"_s, u"Ü"_s, true}};
+    for (const auto& [typed, stored, matches] : cases)
+        EXPECT_EQ(PasswordMatches(typed, stored), matches) << typed.toStdString();
+    EXPECT_EQ(LoadStoredPassword(company.Db(), u"0012"_s), u"Rahasia"_s);
+    EXPECT_EQ(LoadStoredPassword(company.Db(), u"0013"_s), QString());
+    EXPECT_EQ(LoadStoredPassword(company.Db(), u"0099"_s), std::nullopt);
+    EXPECT_NE(FailureOf([&] { LoadStoredPassword(company.Db(), u"' or '1'='1"_s); }), QString());
+    company.Db().ExecuteNative(
+        u"INSERT INTO Employee (NIP,Nama,Dept,PathImage) VALUES ('0012','Budi','GA','a.gif')"_s);
+    const EmployeeCard card = LoadEmployeeCard(company.Db(), u"0012"_s);
+    EXPECT_EQ((QStringList{card.nama, card.dept, card.divisi, card.pathImage}),
+              (QStringList{u"Budi"_s, u"GA"_s, u""_s, u"a.gif"_s}));
+    EXPECT_EQ(LoadEmployeeCard(company.Db(), u"0099"_s).nama, QString());
+}

@@ -1,0 +1,86 @@
+#include "timecard/sheet_identifier.h"
+#include "timecard/sheet_lifecycle.h"
+
+#include "support/failures.h"
+#include "support/test_company.h"
+
+using namespace Qt::StringLiterals;
+
+TEST(SheetIdentifier, IsComposedOfMonthDayAndExtension) {
+    const Day day = DayOf(Moment(u"2004-05-05"));
+    EXPECT_EQ(SheetIdentifierOf(day), u"T20040505"_s);
+    EXPECT_EQ(MonthPartOf(day), u"T200405"_s);
+    const struct {
+        QString day;
+        QString extension;
+        QString sheet;
+        QString dayPart;
+        QString extensionPart;
+    } cases[] = {
+        {u"5"_s, u""_s, u"T20040505"_s, u"05"_s, u""_s},
+        {u"05"_s, u"  "_s, u"T20040505"_s, u"05"_s, u""_s},
+        {u" 5 "_s, u" 1 "_s, u"T20040505-1"_s, u"05"_s, u"1"_s},
+        {u"31"_s, u"a"_s, u"T20040531-a"_s, u"31"_s, u"a"_s},
+        {u"15"_s, u"1-2"_s, u"T20040515-1-2"_s, u"15"_s, u"1-2"_s},
+    };
+    for (const auto& [typed, extension, sheet, dayPart, extensionPart] : cases) {
+        EXPECT_EQ(ComposeSheetIdentifier(u"T200405"_s, typed, extension), sheet);
+        EXPECT_EQ(DayPartOf(sheet), dayPart) << sheet.toStdString();
+        EXPECT_EQ(ExtensionOf(sheet), extensionPart) << sheet.toStdString();
+    }
+    EXPECT_EQ(TwoDigitDay(u"x"_s), u"x"_s);
+    EXPECT_EQ(TwoDigitDay(u"100"_s), u"100"_s);
+    EXPECT_EQ(DayPartOf(u"7"_s), u"07"_s);
+    EXPECT_EQ(DayPartOf(u""_s), u""_s);
+    EXPECT_EQ(CardIdentifier(u"t20040515-a"_s, u"ab12"_s), u"T20040515-AAB12"_s);
+}
+
+TEST(Sheet, OnlyStatusOneIsClosed) {
+    TestCompany company;
+    EXPECT_FALSE(IsSheetClosed(company.Db(), u"T1"_s)); // no row
+    const std::pair<QString, bool> cases[] = {{u"0"_s, false},    {u"1"_s, true},   {u"2"_s, false},
+                                              {u"NULL"_s, false}, {u"''"_s, false}, {u"'x'"_s, false},
+                                              {u"-1"_s, false},   {u"1.0"_s, true}};
+    for (const auto& [status, closed] : cases) {
+        company.Db().ExecuteNative(u"INSERT OR REPLACE INTO timecardmaster VALUES ('T1',%1)"_s.arg(status));
+        EXPECT_EQ(IsSheetClosed(company.Db(), u"T1"_s), closed) << status.toStdString();
+    }
+    EXPECT_FALSE(IsSheetClosed(company.Db(), u"T1-1"_s));
+}
+
+TEST(Sheet, ClosingAndReopeningKeepOneRow) {
+    TestCompany company;
+    const auto master = [&] { return company.RowsOf(u"select * from timecardmaster"_s); };
+    ReopenSheet(company.Db(), u"T20261122"_s);
+    EXPECT_EQ(master(), QStringList{u"T20261122|0"_s});
+    for (int round = 0; round < 2; ++round) {
+        CloseSheet(company.Db(), u"T20261122"_s);
+        CloseSheet(company.Db(), u"T20261122"_s);
+        EXPECT_EQ(master(), QStringList{u"T20261122|1"_s});
+        EXPECT_TRUE(IsSheetClosed(company.Db(), u"T20261122"_s));
+        ReopenSheet(company.Db(), u"T20261122"_s);
+        EXPECT_EQ(master(), QStringList{u"T20261122|0"_s});
+    }
+    CloseSheet(company.Db(), u""_s);
+    EXPECT_NE(FailureOf([&] { CloseSheet(company.Db(), u"T'"_s); }), QString());
+    EXPECT_EQ(master(), QStringList{u"T20261122|0"_s});
+}
+
+TEST(Sheet, ItsDateIsThatOfItsCards) {
+    TestCompany company;
+    const auto date = [&](const QString& sheet) {
+        return StoredDay(SheetDate(company.Db(), sheet, DayOf(Moment(u"2026-12-31"))));
+    };
+    EXPECT_EQ(date(u"T20261122"_s), u"2026-12-31"_s); // no card yet
+    company.Db().ExecuteNative(
+        u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T20261120-A0012','2026-11-20'),"
+        "('T202611210012','2026-11-21')"_s);
+    const std::pair<QString, QString> cases[] = {
+        {u"T20261121"_s, u"2026-11-21"_s},   {u"T20261121-1"_s, u"2026-12-31"_s},
+        {u"T20261120"_s, u"2026-11-20"_s}, // the extended sheet's cards count for the plain one
+        {u"T20261120-A"_s, u"2026-11-20"_s}, {u"T20261120-a"_s, u"2026-11-20"_s},
+        {u"T20261120-B"_s, u"2026-12-31"_s}, {u"T2026112"_s, u"2026-12-31"_s},
+    };
+    for (const auto& [sheet, day] : cases)
+        EXPECT_EQ(date(sheet), day) << sheet.toStdString();
+}
