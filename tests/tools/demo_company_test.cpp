@@ -77,6 +77,8 @@ TEST_F(DemoCompany, HoldsAPayrollOfficesDailyLife) {
     for (const QString& status : {u"S"_s, u"I"_s, u"C"_s, u"A"_s, u"PC"_s, u"TL"_s})
         EXPECT_GT(CountOf(*db, u"TimeCardHeader where Status='"_s + status + u'\''), 3)
             << status.toStdString();
+    // Everybody has days of their own: hardly two arrive at the same second.
+    EXPECT_GT(RowsOf(*db, u"select distinct TimeIN from TimeCardDetail"_s).size(), summary.cards * 9 / 10);
     EXPECT_GT(CountOf(*db, u"TimeCardHeader where Left(TCID,11)=Left(TCID,9)||'-1'"_s), 3);
     EXPECT_GT(CountOf(*db, u"TimeCardDetail where TimeINOT<TimeOutOT and TimeOutOT=TimeOUT"_s), 50);
     EXPECT_EQ(CountOf(*db, u"TimeCardHeader where NormalHours is not null or NormalAmount is not null"_s), 0);
@@ -195,6 +197,17 @@ TEST_F(DemoCompany, AFailureLeavesNeitherFileNorPhotos) {
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     EXPECT_THROW(MakeDemoCompany(file, DemoUntil(u"2026-11-21", 1, 0)), ProgramError);
     EXPECT_EQ(EntriesOf(folder.path()), QStringList{u"photos"_s});
+}
+
+TEST_F(DemoCompany, AFileThatAppearsDuringTheWorkIsNotOverwritten) {
+    const auto appear = [this](int percent) {
+        QFile other(file);
+        if (percent == 100 && other.open(QIODevice::WriteOnly))
+            other.write("mine");
+    };
+    EXPECT_THROW(MakeDemoCompany(file, DemoUntil(u"2026-11-21", 5, 1), appear), ProgramError);
+    EXPECT_EQ(BytesOf(file), "mine");
+    EXPECT_EQ(EntriesOf(folder.path()), QStringList{u"DATA.mdb"_s});
 }
 
 TEST_F(DemoCompany, LeavesPhotosOfTheSameNameAlone) {
