@@ -35,7 +35,14 @@ void KeyboardUser::Look() {
     }
     const Plan plan = std::move(plans_.front());
     plans_.pop_front();
-    plan.action(*front);
+    // Not from within the timer's own call: it would stand still while a window that the action opens is
+    // waited in.
+    const QPointer<QWidget> window = front;
+    const auto act = [plan, window] {
+        if (window)
+            plan.action(*window);
+    };
+    QMetaObject::invokeMethod(this, act, Qt::QueuedConnection);
 }
 
 void KeyboardUser::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

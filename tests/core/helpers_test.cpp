@@ -57,7 +57,7 @@ TEST(TextTable, LinesAreAsLongAsTheRule) {
               (QStringList{u"------------------------"_s, u"Sr.No|Nama        |Dept|"_s,
                            u"------------------------"_s, u"1    |Budi Santoso|GA  |"_s,
                            u"2    |e\u0301           |PROD|"_s, u"------------------------"_s}));
-    grid.Clear();
+    grid.SetRows({});
     EXPECT_EQ(GridToTextTableAll(grid).size(), 4);
 }
 

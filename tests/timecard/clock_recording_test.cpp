@@ -1,4 +1,5 @@
 #include "timecard/clock_recording.h"
+#include "timecard/employee_card.h"
 
 #include "support/failures.h"
 #include "support/test_company.h"

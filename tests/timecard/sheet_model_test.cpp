@@ -6,6 +6,7 @@
 #include "support/recording_engine.h"
 #include "support/test_company.h"
 #include "timecard/clock_recording.h"
+#include "timecard/employee_card.h"
 #include "timecard/sheet_lifecycle.h"
 
 #include <QAbstractItemModelTester>

@@ -1,0 +1,211 @@
+#include "tour/tour.h"
+
+#include "shell/frmLogin.h"
+#include "timecard/clock_recording.h"
+#include "timecard/sheet_identifier.h"
+
+#include <QApplication>
+#include <QPixmap>
+#include <QTextStream>
+#include <QWidget>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString Employee = u"0007"_s;
+/// The entries of the menu, counted from its top, those that cannot be chosen left out.
+enum MenuEntry { CloseSheetEntry = 3, ReopenSheetEntry = 4, AdminModeEntry = 5 };
+
+void Print(const QString& line) {
+    QTextStream(stdout) << line << Qt::endl;
+}
+
+} // namespace
+
+Tour::Tour(const QString& programFolder, const QString& pictureFolder)
+    : pictures_(pictureFolder), log_(programFolder + u"/VELTLOG.TXT"_s),
+      program_{
+          ProgramFolder(programFolder), clock_, dialogs_, log_, database_, [this](LoginHandOver& channel) {
+              frmLogin(clock_, channel, skin_, QApplication::activeWindow()).exec();
+          }} {
+    clock_.now = At(*MakeDay(2026, 11, 23), 7h + 41min + 5s);
+}
+
+bool Tour::Run() {
+    MainWindowNeeds needs;
+    needs.userCountry = [] { return u"United States"_s; };
+    desk_ = std::make_unique<frmMain>(program_, skin_, std::move(needs));
+    if (!desk_->Form_Load())
+        return false;
+    desk_->resize(1366, 768);
+    desk_->show();
+
+    RecordColleagues();
+    ShowDesk();
+    ClockIn();
+    RefuseSecondClockIn();
+    PickFromList();
+    ClockOut();
+    CloseSheetAsSupervisor();
+    ReopenSheetAsSupervisor();
+    TurnAdminModeOn();
+    PrintRows();
+
+    Expect(user_.IsDone(), u"a window that should have opened did not"_s);
+    for (const QString& failure : failures_)
+        Print(u"FAILED: "_s + failure);
+    Print(u"Pictures of the windows: "_s + QDir::toNativeSeparators(pictures_.absolutePath()));
+    return failures_.isEmpty();
+}
+
+/// The sheet as it stands at seven in the morning: most colleagues have come, some have gone out.
+void Tour::RecordColleagues() {
+    const Day today = DayOf(clock_.now);
+    const QString sheet = SheetIdentifierOf(today);
+    for (int number = 1; number <= 42; ++number) {
+        const QString nip = QString::number(number).rightJustified(4, u'0');
+        if (nip == Employee || number % 6 == 0)
+            continue;
+        const WallTime arrival = At(today, 7h + 20min + Seconds{number * 37});
+        RecordClockEntry(program_.Db(), {sheet, today, u"IN"_s, arrival}, nip);
+        if (number % 13 == 0)
+            RecordClockEntry(program_.Db(), {sheet, today, u"N"_s, arrival + 15min}, nip);
+    }
+}
+
+void Tour::ShowDesk() {
+    clock_.now += 4s;
+    KeyboardUser::Press(Qt::Key_Home, Qt::ControlModifier);
+    Picture(*desk_, u"desk"_s);
+}
+
+void Tour::EnterNumberAndPassword(const QString& pictureName) {
+    KeyboardUser::Type(Employee);
+    KeyboardUser::Press(Qt::Key_Return);
+    KeyboardUser::Type(Employee);
+    if (!pictureName.isEmpty())
+        Picture(*KeyboardUser::InFront(), pictureName);
+    KeyboardUser::Press(Qt::Key_Return);
+}
+
+void Tour::ClockIn() {
+    clock_.now = At(DayOf(clock_.now), 7h + 58min + 12s);
+    user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget& entry) {
+        EnterNumberAndPassword(u"clock-in"_s);
+        Picture(entry, u"clock-in-recorded"_s);
+    });
+    KeyboardUser::Press(Qt::Key_F2); // the window closes itself
+    Picture(*desk_, u"desk-after-clock-in"_s);
+}
+
+void Tour::RefuseSecondClockIn() {
+    clock_.now += 90s;
+    user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget&) { EnterNumberAndPassword({}); });
+    user_.WhenIn(u"MessageBox"_s, [this](QWidget& box) {
+        Picture(box, u"second-clock-in-refused"_s);
+        KeyboardUser::Press(Qt::Key_Return);
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+}
+
+void Tour::PickFromList() {
+    user_.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_F9); });
+    user_.WhenIn(u"PickList"_s, [this](QWidget& list) {
+        KeyboardUser::Type(u"an"_s);
+        KeyboardUser::Press(Qt::Key_Down);
+        Picture(list, u"pick-list"_s);
+        KeyboardUser::Press(Qt::Key_Escape);
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+}
+
+void Tour::ClockOut() {
+    clock_.now = At(DayOf(clock_.now), 17h + 3min + 30s);
+    user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget& entry) {
+        EnterNumberAndPassword(u"clock-out"_s);
+        Picture(entry, u"clock-out-recorded"_s);
+        KeyboardUser::Press(Qt::Key_Return);
+    });
+    KeyboardUser::Press(Qt::Key_F8);
+}
+
+void Tour::LogInAsSupervisor(const QString& pictureName) {
+    user_.WhenIn(u"frmLogin"_s, [this, pictureName](QWidget& login) {
+        KeyboardUser::Type(u"pelon"_s);
+        KeyboardUser::Press(Qt::Key_Return);
+        KeyboardUser::Type(u"pelon"_s);
+        if (!pictureName.isEmpty())
+            Picture(login, pictureName);
+        KeyboardUser::Press(Qt::Key_F6);
+    });
+}
+
+void Tour::ChooseFromMenu(int entry, const QString& pictureName) {
+    KeyboardUser::Press(Qt::Key_F10);
+    for (int i = 0; i < entry; ++i)
+        KeyboardUser::Press(Qt::Key_Down);
+    if (!pictureName.isEmpty())
+        Picture(*KeyboardUser::InFront(), pictureName);
+    KeyboardUser::Press(Qt::Key_Return);
+}
+
+void Tour::CloseSheetAsSupervisor() {
+    LogInAsSupervisor(u"login"_s);
+    ChooseFromMenu(CloseSheetEntry, u"menu"_s);
+    auto* notice = desk_->findChild<QWidget*>(u"picCloseTcid"_s);
+    Expect(notice && notice->isVisible(), u"the closed sheet is not announced"_s);
+    Picture(*desk_, u"sheet-closed"_s);
+}
+
+void Tour::ReopenSheetAsSupervisor() {
+    LogInAsSupervisor({});
+    ChooseFromMenu(ReopenSheetEntry, {});
+}
+
+void Tour::TurnAdminModeOn() {
+    LogInAsSupervisor({});
+    ChooseFromMenu(AdminModeEntry, {});
+    Expect(desk_->AdminMode(), u"admin mode is not on"_s);
+    Picture(*desk_, u"admin-mode"_s);
+}
+
+void Tour::Picture(QWidget& window, const QString& name) {
+    if (&window == desk_.get())
+        desk_->Timer1_Timer();
+    QApplication::processEvents();
+    const QString file = u"%1-%2.png"_s.arg(QString::number(++pictureCount_).rightJustified(2, u'0'), name);
+    Expect(window.grab().save(pictures_.filePath(file)), u"the picture %1 was not written"_s.arg(file));
+}
+
+void Tour::Expect(bool condition, const QString& what) {
+    if (!condition)
+        failures_ << what;
+}
+
+void Tour::PrintRows() {
+    const QString card = CardIdentifier(SheetIdentifierOf(DayOf(clock_.now)), Employee);
+    const QString statements[] = {
+        u"select TCID, NIP, Status from TimeCardHeader where TCID='%1'"_s.arg(card),
+        u"select TCID, Tanggal, TimeIN, TimeOUT, BeriUangMakan from TimeCardDetail where TCID='%1'"_s.arg(
+            card),
+        u"select TCID, Status from timecardmaster where TCID='%1'"_s.arg(
+            SheetIdentifierOf(DayOf(clock_.now))),
+    };
+    for (const QString& statement : statements) {
+        Rows rows = program_.Db().Query(statement);
+        const QStringList columns = rows.ColumnNames();
+        bool found = false;
+        while (rows.Next()) {
+            found = true;
+            QStringList fields;
+            for (int i = 0; i < columns.size(); ++i)
+                fields << columns[i] + u'=' + rows.Text(i);
+            Print(fields.join(u"  "_s));
+        }
+        Expect(found, u"no row: "_s + statement);
+    }
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/program.h"
+#include "timecard/frmMain.h"
+#include "tour/keyboard_user.h"
+#include "ui/form_skin.h"
+#include "ui/message_dialogs.h"
+
+#include <QDir>
+#include <QStringList>
+
+/// A walk through the real windows by real keystrokes: an employee clocks in and out, is refused a second
+/// time, and a supervisor closes and reopens the sheet. Every window on the way is kept as a picture.
+class Tour {
+public:
+    /// The program folder holds a demo company whose attendance ends before the clock's day.
+    Tour(const QString& programFolder, const QString& pictureFolder);
+
+    /// False when a window did not come or show what it should; the reason was printed.
+    bool Run();
+
+private:
+    class TourClock : public Clock {
+    public:
+        WallTime Now() const override { return now; }
+        WallTime now{};
+    };
+
+    void ShowDesk();
+    void ClockIn();
+    void RefuseSecondClockIn();
+    void PickFromList();
+    void ClockOut();
+    void CloseSheetAsSupervisor();
+    void ReopenSheetAsSupervisor();
+    void TurnAdminModeOn();
+
+    void EnterNumberAndPassword(const QString& pictureName);
+    void LogInAsSupervisor(const QString& pictureName);
+    void ChooseFromMenu(int entry, const QString& pictureName);
+    void RecordColleagues();
+    void Picture(QWidget& window, const QString& name);
+    /// Notes a failure when the condition does not hold.
+    void Expect(bool condition, const QString& what);
+    void PrintRows();
+
+    QDir pictures_;
+    TourClock clock_;
+    MessageDialogs dialogs_;
+    modGeneral::ErrorLog log_;
+    b_global::SharedConnection database_;
+    b_form_skin::Backgrounds skin_;
+    Program program_;
+    KeyboardUser user_;
+    std::unique_ptr<frmMain> desk_;
+    int pictureCount_ = 0;
+    QStringList failures_;
+};
