@@ -28,7 +28,7 @@ int Rows::ColumnOf(const QString& name) const {
 }
 
 std::optional<WallTime> Rows::Time(int column) const {
-    return Value(column).Time();
+    return ReadStored(Text(column));
 }
 
 Connection::Connection(std::unique_ptr<Engine> engine, const QString& connectionText)

@@ -47,6 +47,18 @@ std::optional<int> ReadDigits(QStringView text, qsizetype least, qsizetype most)
     return value;
 }
 
+/// The number at a fixed place of a stored form; -1 when anything but digits stands there. Stored forms are
+/// read by the ten thousand at every refresh.
+int FixedNumber(QStringView text, qsizetype at, qsizetype length) {
+    int value = 0;
+    for (const QChar c : text.sliced(at, length)) {
+        if (c < u'0' || c > u'9')
+            return -1;
+        value = value * 10 + (c.unicode() - u'0');
+    }
+    return value;
+}
+
 std::optional<Seconds> ReadClock(QStringView text) {
     const QList<QStringView> parts = text.split(u':');
     if (parts.size() < 2 || parts.size() > 3)
@@ -121,22 +133,18 @@ std::optional<WallTime> ReadStored(QStringView text) {
         return std::nullopt;
     if (text[4] != u'-' || text[7] != u'-')
         return std::nullopt;
-    const auto yearPart = ReadDigits(text.first(4), 4, 4);
-    const auto monthPart = ReadDigits(text.sliced(5, 2), 2, 2);
-    const auto dayPart = ReadDigits(text.sliced(8, 2), 2, 2);
-    if (!yearPart || !monthPart || !dayPart)
-        return std::nullopt;
-    const std::optional<Day> day = MakeDay(*yearPart, *monthPart, *dayPart);
+    const std::optional<Day> day =
+        MakeDay(FixedNumber(text, 0, 4), FixedNumber(text, 5, 2), FixedNumber(text, 8, 2));
     if (!day || text.size() == 10)
         return day;
     if (text[10] != u' ' || text[13] != u':' || text[16] != u':')
         return std::nullopt;
-    const auto hour = ReadDigits(text.sliced(11, 2), 2, 2);
-    const auto minute = ReadDigits(text.sliced(14, 2), 2, 2);
-    const auto second = ReadDigits(text.sliced(17, 2), 2, 2);
-    if (!hour || !minute || !second || *hour > 23 || *minute > 59 || *second > 59)
+    const int hour = FixedNumber(text, 11, 2);
+    const int minute = FixedNumber(text, 14, 2);
+    const int second = FixedNumber(text, 17, 2);
+    if (hour < 0 || minute < 0 || second < 0 || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
-    return *day + hours{*hour} + minutes{*minute} + seconds{*second};
+    return *day + hours{hour} + minutes{minute} + seconds{second};
 }
 
 std::optional<DateText> ReadDateText(QStringView text) {
