@@ -4,6 +4,8 @@
 #include "database/statement.h"
 #include "timecard/sheet_identifier.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -50,17 +52,16 @@ std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& she
                          "from TimeCardDetail d left join TimeCardHeader h on h.TCID=d.TCID "
                          "where d.TCID between "_s
                          + Quoted(first) + u" and "_s + Quoted(last) + u" order by d.TCID, d.Tanggal"_s);
+    QSet<QString> statuses; // thousands of cards share a few codes, and so each code's text
     std::vector<SheetCard> cards;
     while (rows.Next()) {
         QString tcid = rows.Text(0);
         if (!cards.empty() && cards.back().tcid == tcid)
             continue; // the card's first day is the one that the sheet shows
-        QString status = rows.Text(1);
-        if (status.isEmpty())
-            status = AbsentStatus.toString();
-        cards.push_back(
-            {std::move(tcid),
-             {std::move(status), SetTime(rows, 2), SetTime(rows, 3), SetTime(rows, 4), SetTime(rows, 5)}});
+        const QString found = rows.Text(1);
+        const QString& status = *statuses.insert(found.isEmpty() ? AbsentStatus.toString() : found);
+        cards.push_back({std::move(tcid),
+                         {status, SetTime(rows, 2), SetTime(rows, 3), SetTime(rows, 4), SetTime(rows, 5)}});
     }
     return cards;
 }
