@@ -26,7 +26,7 @@ void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
     beginResetModel();
     employees_ = std::move(employees);
     entries_.assign(employees_.size(), Absent());
-    rowOfCard_.clear();
+    rowsByCard_.clear();
     sheetOfCards_.clear();
     basis_ = {};
     endResetModel();
@@ -57,19 +57,24 @@ void SheetModel::Read(Connection& connection, const Basis& basis) {
     basis_ = basis;
 }
 
-void SheetModel::TakeCards(std::vector<SheetCard> cards, const QString& sheet) {
-    if (sheetOfCards_ != sheet || rowOfCard_.isEmpty()) {
-        rowOfCard_.clear();
-        rowOfCard_.reserve(static_cast<qsizetype>(employees_.size()));
+void SheetModel::TakeCards(const std::vector<SheetCard>& cards, const QString& sheet) {
+    if (sheetOfCards_ != sheet || rowsByCard_.empty()) {
+        rowsByCard_.clear();
+        rowsByCard_.reserve(employees_.size());
         for (size_t row = 0; row < employees_.size(); ++row)
-            rowOfCard_.insert(CardIdentifier(sheet, employees_[row].nip), static_cast<int>(row));
+            rowsByCard_.push_back({CardIdentifier(sheet, employees_[row].nip), row});
+        std::ranges::sort(rowsByCard_, {}, &CardRow::tcid);
         sheetOfCards_ = sheet;
     }
     std::vector<SheetEntry> entries(employees_.size(), Absent());
-    for (SheetCard& card : cards) {
-        const auto row = rowOfCard_.constFind(card.tcid);
-        if (row != rowOfCard_.constEnd())
-            entries[static_cast<size_t>(*row)] = std::move(card.entry);
+    auto next = rowsByCard_.cbegin();
+    for (const SheetCard& card : cards) {
+        // The cards come in order, too: as a rule the row is the one behind the last card's.
+        if (next == rowsByCard_.cend() || next->tcid != card.tcid)
+            next = std::ranges::lower_bound(rowsByCard_, card.tcid, {}, &CardRow::tcid);
+        // Numbers that differ in letter case only share a card.
+        for (; next != rowsByCard_.cend() && next->tcid == card.tcid; ++next)
+            entries[next->row] = card.entry;
     }
     if (entries == entries_)
         return;
@@ -80,7 +85,7 @@ void SheetModel::TakeCards(std::vector<SheetCard> cards, const QString& sheet) {
 /// A closed sheet is not read; the cards of the sheet before it must not stand in its place.
 void SheetModel::ForgetCards() {
     entries_.assign(employees_.size(), SheetEntry{});
-    rowOfCard_.clear();
+    rowsByCard_.clear();
     sheetOfCards_.clear();
     NotifyColumns(Status, OvertimeHours);
 }

@@ -4,7 +4,6 @@
 #include "timecard/day_sheet.h"
 
 #include <QAbstractTableModel>
-#include <QHash>
 
 /// The day's sheet as the main window shows it: one row per employee. It holds compact rows; a cell's text is
 /// made when the cell is shown.
@@ -68,16 +67,22 @@ private:
         bool operator==(const Basis&) const = default;
     };
 
+    /// A row and the card of its employee on the sheet.
+    struct CardRow {
+        QString tcid;
+        size_t row;
+    };
+
     QString Text(int row, int column) const;
     void Read(Connection& connection, const Basis& basis);
-    void TakeCards(std::vector<SheetCard> cards, const QString& sheet);
+    void TakeCards(const std::vector<SheetCard>& cards, const QString& sheet);
     void ForgetCards();
     void NotifyColumns(int first, int last);
 
     const Clock& clock_;
     std::vector<SheetEmployee> employees_;
     std::vector<SheetEntry> entries_;
-    QHash<QString, int> rowOfCard_;
+    std::vector<CardRow> rowsByCard_;
     QString sheetOfCards_;
     Basis basis_;
     bool closed_ = false;
