@@ -1,0 +1,247 @@
+#include "compute/shift_resolution.h"
+#include "compute/time_card_computation.h"
+#include "database/database_error.h"
+#include "support/test_company.h"
+
+using namespace Qt::StringLiterals;
+using modAbsen::CalculateTimeCard;
+using modAbsen::CalculateTimeCards;
+using modAbsen::ResolveShift;
+
+namespace {
+
+const QString Date = u"2026-11-20"_s;
+const QString Tcid = u"T202611201001"_s;
+
+QVariant OrNull(const QString& text) {
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+
+/// A day shift P, a night shift M, a night shift N stored on one base day, a shift k in small letters; one
+/// employee of each pay type and one about whom nothing is known.
+class TimeCard : public testing::Test {
+protected:
+    TimeCard() {
+        Db().ExecuteNative(u"PRAGMA synchronous=OFF"_s);
+        for (const auto& [code, in, out] :
+             {std::tuple{u"M"_s, u"1899-12-30 22:00:00"_s, u"1899-12-31 06:00:00"_s},
+              std::tuple{u"N"_s, u"1899-12-30 21:00:00"_s, u"1899-12-30 05:00:00"_s},
+              std::tuple{u"P"_s, u"1899-12-30 08:00:00"_s, u"1899-12-30 17:00:00"_s},
+              std::tuple{u"S"_s, u"1899-12-30 12:00:00"_s, u"1899-12-30 20:00:00"_s},
+              std::tuple{u"k"_s, u"1899-12-30 07:00:00"_s, u"1899-12-30 09:30:00"_s}})
+            Db().Execute(u"INSERT INTO Shift (Code, TimeIn, TimeOut) VALUES (?,?,?)"_s, {code, in, out});
+        for (const auto& [nip, type] : {std::pair{u"1001"_s, u"BLN"_s}, std::pair{u"1002"_s, u" hRn "_s},
+                                        std::pair{u"1003"_s, u"HRNX"_s}})
+            Db().Execute(u"INSERT INTO Employee (NIP, GP, RateOT, TMakan, EmpType) VALUES (?,?,?,?,?)"_s,
+                         {nip, 150000.25, 10000.0, 12500.0, type});
+        Db().Execute(u"INSERT INTO Employee (NIP) VALUES ('1004')"_s);
+    }
+
+    Connection& Db() { return company_.Db(); }
+
+    void Roster(const QString& nip, const QString& code) {
+        Db().Execute(u"INSERT INTO ShiftEmployee (NIP, Tgl, ShiftCode) VALUES (?,?,?)"_s,
+                     {nip, Date, OrNull(code)});
+    }
+
+    /// The one card, with results of an earlier computation. Empty texts are nulls.
+    void PutCard(const QString& nip, const QString& status, const QString& timeIn, const QString& timeOut,
+                 const QVariant& meal = 1) {
+        Db().Execute(u"DELETE FROM TimeCardHeader"_s);
+        Db().Execute(u"DELETE FROM TimeCardDetail"_s);
+        Db().Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status, NormalHours, OTHours, NormalAmount, "
+                     "OTAmount, TotalUangMakan) VALUES (?,?,?,99,99,99,99,99)"_s,
+                     {Tcid, nip, OrNull(status)});
+        Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN, TimeOUT, ShiftCode, BeriUangMakan) "
+                     "VALUES (?,?,?,?,'Z',?)"_s,
+                     {Tcid, Date, OrNull(timeIn), OrNull(timeOut), meal});
+    }
+
+    QString Header() {
+        return company_
+            .RowsOf(
+                u"select NormalHours, OTHours, NormalAmount, OTAmount, TotalUangMakan from TimeCardHeader"_s)
+            .join(u'/');
+    }
+    QString DayRow() {
+        return company_.RowsOf(u"select TimeINOT, TimeOutOT, ShiftCode from TimeCardDetail"_s).join(u'/');
+    }
+
+    TestCompany company_;
+};
+
+} // namespace
+
+TEST_F(TimeCard, HoursAmountsAndDayRowFollowTheRules) {
+    struct Case {
+        QString what, nip, roster, status, in, out, header, day;
+    };
+    const QString untouched = u"-|-|Z"_s;
+    const Case cases[] = {
+        {u"early arrival lengthens"_s, u"1001"_s, u"P"_s, u"OUT"_s, u"20 07:45:00"_s, u"20 17:00:00"_s,
+         u"9.15|0|0|0|12500"_s, u"2026-11-20 17:00:00|2026-11-20 17:00:00|P"_s},
+        {u"early departure is what counts as overtime"_s, u"1001"_s, u"P"_s, u"OUT"_s, u"20 07:45:00"_s,
+         u"20 16:30:00"_s, u"9.15|0.3|0|3000|12500"_s, u"2026-11-20 17:00:00|2026-11-20 16:30:00|P"_s},
+        {u"late arrival shortens, late departure counts nothing"_s, u"1001"_s, u"P"_s, u"OUT"_s,
+         u"20 09:00:00"_s, u"20 19:00:00"_s, u"8|0|0|0|12500"_s,
+         u"2026-11-20 17:00:00|2026-11-20 19:00:00|P"_s},
+        {u"under a minute before the end"_s, u"1001"_s, u"P"_s, u"OUT"_s, u"20 15:00:15"_s, u"20 16:59:30"_s,
+         u"1.6|0|0|0|12500"_s, u"2026-11-20 17:00:00|2026-11-20 16:59:30|P"_s},
+        {u"night shift"_s, u"1001"_s, u"M"_s, u"OUT"_s, u"20 21:50:00"_s, u"21 06:05:00"_s,
+         u"8.1|0|0|0|12500"_s, u"2026-11-21 06:00:00|2026-11-21 06:05:00|M"_s},
+        {u"night shift stored on one base day ends before it began"_s, u"1001"_s, u"N"_s, u"OUT"_s,
+         u"20 21:00:00"_s, u"21 05:00:00"_s, u"0|0|0|0|12500"_s,
+         u"2026-11-20 05:00:00|2026-11-21 05:00:00|N"_s},
+        {u"missing shift row"_s, u"1001"_s, u"XX"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 17:00:00"_s,
+         u"0|0|0|0|12500"_s, u"2026-11-20 00:00:00|2026-11-20 17:00:00|XX"_s},
+        {u"code in small letters"_s, u"1001"_s, u"k"_s, u"OUT"_s, u"20 07:00:00"_s, u"20 08:30:00"_s,
+         u"2.3|1|0|10000|12500"_s, u"2026-11-20 09:30:00|2026-11-20 08:30:00|K"_s},
+        {u"day off"_s, u"1001"_s, u"O"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s, u"0|0|0|0|0"_s,
+         untouched},
+        {u"only the capital O is a day off"_s, u"1001"_s, u"o"_s, u"OUT"_s, u"20 08:00:00"_s,
+         u"20 16:00:00"_s, u"0|0|0|0|12500"_s, u"2026-11-20 00:00:00|2026-11-20 16:00:00|O"_s},
+        {u"day off of a daily employee"_s, u"1002"_s, u"O"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s,
+         u"0|0|150000.25|0|0"_s, untouched},
+        {u"still in"_s, u"1002"_s, u"P"_s, u"IN"_s, u"20 08:00:00"_s, u""_s, u"0|0|150000.25|0|0"_s,
+         untouched},
+        {u"OU"_s, u"1002"_s, u"P"_s, u"OU"_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
+         u"9|2|150000.25|20000|12500"_s, u"2026-11-20 17:00:00|2026-11-20 15:00:00|P"_s},
+        {u"PC, neither daily nor monthly"_s, u"1003"_s, u"P"_s, u"PC"_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
+         u"9|2|0|20000|12500"_s, u"2026-11-20 17:00:00|2026-11-20 15:00:00|P"_s},
+        {u"status in small letters"_s, u"1001"_s, u"P"_s, u"out"_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
+         u"0|0|0|0|0"_s, untouched},
+        {u"status with a blank"_s, u"1001"_s, u"P"_s, u"OUT "_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
+         u"0|0|0|0|0"_s, untouched},
+        {u"no status"_s, u"1001"_s, u"P"_s, u""_s, u"20 08:00:00"_s, u"20 15:00:00"_s, u"0|0|0|0|0"_s,
+         untouched},
+        {u"missing employee"_s, u"9999"_s, u"P"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s,
+         u"9|1|0|0|0"_s, u"2026-11-20 17:00:00|2026-11-20 16:00:00|P"_s},
+        {u"employee with empty columns"_s, u"1004"_s, u"P"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s,
+         u"9|1|0|0|0"_s, u"2026-11-20 17:00:00|2026-11-20 16:00:00|P"_s},
+        {u"no departure"_s, u"1002"_s, u"P"_s, u"OUT"_s, u"20 08:00:00"_s, u""_s, u"0|0|150000.25|0|0"_s,
+         untouched},
+        {u"no arrival"_s, u"1001"_s, u"P"_s, u"OUT"_s, u""_s, u"20 16:00:00"_s, u"0|0|0|0|0"_s, untouched},
+        {u"found by its hours"_s, u"1001"_s, u""_s, u"OUT"_s, u"20 18:00:00"_s, u"20 19:00:00"_s,
+         u"2|1|0|10000|12500"_s, u"2026-11-20 20:00:00|2026-11-20 19:00:00|S"_s},
+    };
+    const auto moment = [](const QString& dayAndTime) {
+        return dayAndTime.isEmpty() ? QString() : u"2026-11-"_s + dayAndTime;
+    };
+    for (const Case& c : cases) {
+        Db().Execute(u"DELETE FROM ShiftEmployee"_s);
+        Roster(c.nip, c.roster);
+        PutCard(c.nip, c.status, moment(c.in), moment(c.out));
+        CalculateTimeCard(Db(), company_.dialogs, Tcid);
+        EXPECT_EQ(Header(), c.header) << c.what.toStdString();
+        EXPECT_EQ(DayRow(), c.day) << c.what.toStdString();
+    }
+    EXPECT_TRUE(company_.dialogs.texts.isEmpty());
+}
+
+TEST_F(TimeCard, EmptyTimesAndAnUnsetMealFlagCountNothing) {
+    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"1899-12-30 00:00:00"_s);
+    CalculateTimeCard(Db(), company_.dialogs, Tcid);
+    EXPECT_EQ(Header(), u"0|0|0|0|0"_s);
+    EXPECT_EQ(DayRow(), u"-|-|Z"_s);
+
+    for (const QVariant& flag : {QVariant(), QVariant(0)}) {
+        PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s, flag);
+        CalculateTimeCard(Db(), company_.dialogs, Tcid);
+        EXPECT_EQ(Header(), u"9|1|0|10000|0"_s);
+    }
+}
+
+TEST_F(TimeCard, OnlyTheFirstDayOfACardIsComputed) {
+    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
+    Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN, TimeOUT) VALUES (?,'2026-11-19',"
+                 "'2026-11-19 09:00:00','2026-11-19 17:00:00')"_s,
+                 {Tcid});
+    CalculateTimeCard(Db(), company_.dialogs, Tcid);
+    EXPECT_EQ(Header(), u"8|0|0|0|0"_s);
+    EXPECT_EQ(DayRow(), u"2026-11-19 17:00:00|2026-11-19 17:00:00|P/-|-|Z"_s);
+}
+
+TEST_F(TimeCard, ACardWithoutDataIsToldAndNothingIsWritten) {
+    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
+    Db().Execute(u"DELETE FROM TimeCardDetail"_s);
+    CalculateTimeCard(Db(), company_.dialogs, Tcid);
+    EXPECT_EQ(Header(), u"99|99|99|99|99"_s);
+    EXPECT_EQ(company_.dialogs.texts, QStringList{u"No Data found TCID="_s + Tcid});
+    EXPECT_EQ(company_.dialogs.icons.back(), Dialogs::Icon::Exclamation);
+
+    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
+    Db().Execute(u"DELETE FROM TimeCardHeader"_s);
+    CalculateTimeCard(Db(), company_.dialogs, Tcid);
+    EXPECT_EQ(DayRow(), u"-|-|Z"_s);
+    EXPECT_EQ(company_.dialogs.texts.size(), 2);
+
+    CalculateTimeCard(Db(), company_.dialogs, u""_s);
+    EXPECT_EQ(company_.dialogs.texts.size(), 2);
+}
+
+/// A message box may stand for hours; other desks must not wait for it.
+TEST_F(TimeCard, TheMessageStandsOutsideTheTransaction) {
+    class PunchingDialogs : public TestDialogs {
+    public:
+        explicit PunchingDialogs(Connection& other) : other_(other) {}
+        void Show(Icon icon, const QString& text) override {
+            TestDialogs::Show(icon, text);
+            other_.Execute(u"INSERT INTO TimeCardHeader (TCID) VALUES ('meanwhile')"_s);
+        }
+
+    private:
+        Connection& other_;
+    };
+    const auto otherDesk = company_.OtherDesk();
+    PunchingDialogs dialogs(*otherDesk);
+    EXPECT_NO_THROW(CalculateTimeCard(Db(), dialogs, u"T20261120none"_s));
+    EXPECT_EQ(company_.RowsOf(u"select TCID from TimeCardHeader"_s), QStringList{u"meanwhile"_s});
+}
+
+TEST_F(TimeCard, DayRowAndHeaderAreWrittenTogetherOrNotAtAll) {
+    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
+    Db().ExecuteNative(u"CREATE TRIGGER refuse BEFORE UPDATE ON TimeCardHeader BEGIN "
+                       "SELECT RAISE(ABORT,'disk on fire'); END"_s);
+    EXPECT_THROW(CalculateTimeCard(Db(), company_.dialogs, Tcid), DatabaseError);
+    EXPECT_THROW(CalculateTimeCards(Db(), {Tcid}), DatabaseError);
+    EXPECT_EQ(DayRow(), u"-|-|Z"_s);
+    EXPECT_EQ(Header(), u"99|99|99|99|99"_s);
+
+    Db().ExecuteNative(u"DROP TRIGGER refuse"_s);
+    CalculateTimeCard(Db(), company_.dialogs, Tcid);
+    EXPECT_EQ(Header(), u"9|1|0|10000|12500"_s) << "nothing was left open";
+}
+
+TEST_F(TimeCard, WhatNoStatementCanNameIsRefusedByBothForms) {
+    EXPECT_THROW(CalculateTimeCard(Db(), company_.dialogs, u"T20261120O'B"_s), DatabaseError);
+    EXPECT_THROW(CalculateTimeCards(Db(), {u"T20261120O'B"_s}), DatabaseError);
+
+    PutCard(u"O'B"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
+    EXPECT_THROW(CalculateTimeCard(Db(), company_.dialogs, Tcid), DatabaseError);
+    EXPECT_THROW(CalculateTimeCards(Db(), {Tcid}), DatabaseError);
+    EXPECT_EQ(Header(), u"99|99|99|99|99"_s);
+}
+
+TEST_F(TimeCard, ShiftIsTheRostersElseTheOneAroundTheClockInElseTheDefault) {
+    Roster(u"1001"_s, u"M"_s);
+    Roster(u"1002"_s, u""_s);
+    const std::tuple<QString, QString, QString> cases[] = {
+        {u"1001"_s, u"2026-11-20 08:30:00"_s, u"M"_s}, // the roster wins
+        {u"1002"_s, u"2026-11-20 19:00:00"_s, u"S"_s}, // an empty roster entry gives nothing
+        {u"1003"_s, u"2026-11-20 12:30:00"_s, u"P"_s}, // in P and S: the first by code
+        {u"1003"_s, u"2026-11-20 08:00:00"_s, u"P"_s}, // capital letters come first
+        {u"1003"_s, u"2026-11-20 07:00:00"_s, u"k"_s},
+        {u"1003"_s, u"2026-11-20 20:00:00"_s, u"S"_s},
+        {u"1003"_s, u"2026-11-20 20:00:01"_s, u"P"_s}, // in none
+        {u"1003"_s, u"2026-11-20 22:30:00"_s, u"M"_s}, // before midnight the night shift is found
+        {u"1003"_s, u"2026-11-20 02:00:00"_s, u"P"_s}, // after midnight it is not
+        {u"1003"_s, u"21:30:00"_s, u"P"_s},            // one stored on one base day never is
+        {u"1003"_s, u"12:30"_s, u"P"_s},
+        {u"1003"_s, u""_s, u"P"_s},
+    };
+    const Day day = DayOf(Moment(Date));
+    for (const auto& [nip, clockIn, code] : cases)
+        EXPECT_EQ(ResolveShift(Db(), nip, day, clockIn), code) << clockIn.toStdString();
+    EXPECT_EQ(ResolveShift(Db(), u"1001"_s, day + std::chrono::days{1}, u"08:30:00"_s), u"P"_s);
+    EXPECT_THROW(ResolveShift(Db(), u"1003"_s, day, u"pagi"_s), DatabaseError);
+}
