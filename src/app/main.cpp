@@ -1,3 +1,4 @@
+#include "editing/frmEditAbsensiOne.h"
 #include "shell/frmLogin.h"
 #include "timecard/frmMain.h"
 #include "ui/form_skin.h"
@@ -43,7 +44,13 @@ int main(int argc, char** argv) {
             frmLogin(clock, channel, skin, QApplication::activeWindow()).exec();
         }};
 
-    frmMain window(program, skin, {});
+    frmMain* desk = nullptr;
+    frmMain window(program, skin, {.editCard = [&](const QString& tcid, const QString& nip) {
+                       frmEditAbsensiOne editor(program, tcid, nip, skin, desk);
+                       QObject::connect(&editor, &frmEditAbsensiOne::Saved, desk, &frmMain::RefreshSheetNow);
+                       editor.exec();
+                   }});
+    desk = &window;
     if (!window.Form_Load())
         return 1;
     window.show();

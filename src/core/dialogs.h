@@ -6,11 +6,15 @@
 class Dialogs {
 public:
     enum class Icon { None, Information, Exclamation };
+    enum class Answer { Yes, No, Cancel };
 
     virtual ~Dialogs() = default;
 
     /// Shows a message with an OK button and waits until it is closed.
     virtual void Show(Icon icon, const QString& text) = 0;
+
+    /// Asks a question with "Ya", "Tidak" and "Batal"; leaving it without an answer is Cancel.
+    virtual Answer Ask(const QString& question) = 0;
 
     void Plain(const QString& text) { Show(Icon::None, text); }
     void Inform(const QString& text) { Show(Icon::Information, text); }

@@ -42,6 +42,8 @@ public:
     void SetAdminMode(bool on);
 
 public Q_SLOTS:
+    /// For windows that have changed a card.
+    void RefreshSheetNow() { RefreshSheet(Cause::User); }
     void Timer1_Timer();
 
 protected:

@@ -22,13 +22,35 @@ QMessageBox::Icon BoxIcon(Dialogs::Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+void SetUp(QMessageBox& box) {
+    box.setObjectName(u"MessageBox"_s);
+    // What is shown is text, whatever characters a value in it has.
+    box.setTextFormat(Qt::PlainText);
+}
+
 } // namespace
 
 void MessageDialogs::Show(Icon icon, const QString& text) {
     QMessageBox box(BoxIcon(icon), ProgramTitle, text, QMessageBox::Ok, QApplication::activeWindow());
-    // What is shown is text, whatever characters a value in it has.
-    box.setObjectName(u"MessageBox"_s);
-    box.setTextFormat(Qt::PlainText);
+    SetUp(box);
     box.button(QMessageBox::Ok)->setText(u"&OK"_s);
     box.exec();
+}
+
+Dialogs::Answer MessageDialogs::Ask(const QString& question) {
+    QMessageBox box(QMessageBox::Question, ProgramTitle, question,
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QApplication::activeWindow());
+    SetUp(box);
+    box.button(QMessageBox::Yes)->setText(u"&Ya"_s);
+    box.button(QMessageBox::No)->setText(u"&Tidak"_s);
+    box.button(QMessageBox::Cancel)->setText(u"&Batal"_s);
+    box.setDefaultButton(QMessageBox::Yes);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
 }

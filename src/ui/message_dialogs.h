@@ -6,4 +6,5 @@
 class MessageDialogs : public Dialogs {
 public:
     void Show(Icon icon, const QString& text) override;
+    Answer Ask(const QString& question) override;
 };

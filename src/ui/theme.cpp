@@ -74,11 +74,18 @@ QToolButton:hover { background: #F0F5FA; }
 QToolButton:focus { border: 2px solid #0B5CAD; padding: 0px; }
 QToolButton:disabled { background: #EEF1F4; border-color: #D8DEE5; }
 
-QLineEdit, QDateEdit { background: white; border: 1px solid #B9C4D0; border-radius: 4px; padding: 3px 6px;
+QLineEdit, QAbstractSpinBox, QComboBox { background: white; border: 1px solid #B9C4D0; border-radius: 4px; padding: 3px 6px;
     min-height: 20px; selection-background-color: #CFE4FA; selection-color: #1B2430; }
-QLineEdit:focus, QDateEdit:focus { border: 2px solid #0B5CAD; padding: 2px 5px; }
-QLineEdit:disabled, QDateEdit:disabled, QLineEdit:read-only, QDateEdit[look="shown"] { background: #EEF1F4;
+QLineEdit:focus, QAbstractSpinBox:focus, QComboBox:focus { border: 2px solid #0B5CAD; padding: 2px 5px; }
+QLineEdit:disabled, QAbstractSpinBox:disabled, QComboBox:disabled, QLineEdit:read-only, QDateEdit[look="shown"] { background: #EEF1F4;
     border-color: #D8DEE5; color: #3A4656; }
+
+QComboBox::drop-down { border: none; width: 20px; }
+
+QFrame[look="group"] { background: white; border: 1px solid #E1E6EC; border-radius: 6px; }
+QFrame[look="group"] QCheckBox { font-weight: 600; }
+QCheckBox { spacing: 6px; padding: 2px; border-radius: 3px; }
+QCheckBox:focus { background: #E1EBF5; }
 
 QTableView { background: white; border: 1px solid #E1E6EC; gridline-color: #E1E6EC; alternate-background-color: #F9FBFC;
     selection-background-color: #CFE4FA; selection-color: #1B2430; }

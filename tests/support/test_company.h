@@ -31,10 +31,17 @@ public:
         texts << text;
         icons.push_back(icon);
     }
+    Answer Ask(const QString& question) override {
+        questions << question;
+        return answers.isEmpty() ? Answer::Cancel : answers.takeFirst();
+    }
     QString Last() const { return texts.isEmpty() ? QString() : texts.last(); }
 
     QStringList texts;
     std::vector<Icon> icons;
+    QStringList questions;
+    /// What the user will answer, in order; Cancel when there is nothing left.
+    QList<Answer> answers;
 };
 
 /// A moment, from its stored form.

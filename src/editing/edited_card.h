@@ -1,0 +1,62 @@
+#pragma once
+
+#include "database/connection.h"
+#include "database/recordset.h"
+
+#include <QString>
+
+#include <optional>
+
+/// One time card and its day, as a form shows it and gives it back.
+struct CardFields {
+    Day tanggal{};
+    QString status;
+    QString keterangan;
+    bool mealAllowance = false;
+    /// The normal times, and whether they are to be written.
+    bool normalGiven = false;
+    std::optional<WallTime> timeIn;
+    std::optional<WallTime> timeOut;
+    /// The overtime times, and whether they are to be written.
+    bool overtimeGiven = false;
+    std::optional<WallTime> overtimeIn;
+    std::optional<WallTime> overtimeOut;
+    /// As typed; the number at the start of the text counts.
+    QString normalAmount;
+    QString otAmount;
+
+    bool operator==(const CardFields&) const = default;
+};
+
+/// A time card that was read to be corrected. It remembers what was read: another desk's change between
+/// reading and saving is never overwritten.
+class EditedCard {
+public:
+    /// Reads the card's header and day row. Throws DatabaseError.
+    EditedCard(Connection& connection, const QString& tcid, const QString& nip);
+
+    /// What was read; `today` is the day of a card that has none yet.
+    CardFields Fields(Day today) const;
+    /// For showing only: hours in hours-dot-minutes, the meal allowance as an amount; "" where nothing is
+    /// stored.
+    QString NormalHours() const { return HeaderText(u"NormalHours"); }
+    QString OvertimeHours() const { return HeaderText(u"OTHours"); }
+    QString MealAllowance() const { return HeaderText(u"TotalUangMakan"); }
+
+    /// Writes header and day row in one transaction, adding what is missing; hours are whole hours between
+    /// the given times. Writes nothing and returns false when the card has no identifier or no employee
+    /// number. Throws ConflictError when another desk was quicker, DatabaseError otherwise; nothing is
+    /// written then.
+    bool Save(const CardFields& fields);
+
+private:
+    QString HeaderText(QStringView field) const;
+    void FillHeader(Recordset& header, const CardFields& fields) const;
+    void FillDay(Recordset& day, const CardFields& fields) const;
+
+    Connection& connection_;
+    QString tcid_;
+    QString nip_;
+    Recordset header_;
+    Recordset day_;
+};

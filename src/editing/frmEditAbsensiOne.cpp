@@ -1,0 +1,228 @@
+#include "editing/frmEditAbsensiOne.h"
+
+#include "compute/time_card_computation.h"
+#include "core/query_values.h"
+#include "database/statement.h"
+#include "ui/busy_pointer.h"
+#include "ui_frmEditAbsensiOne.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Button { Simpan = 1, Batal = 2 };
+
+/// The time that a box shows, where the card has none at all the box is not counted.
+std::optional<WallTime> TimeIn(const WallTimeEdit& box, bool given, const std::optional<WallTime>& loaded) {
+    return given ? std::optional(box.Value()) : loaded;
+}
+
+} // namespace
+
+frmEditAbsensiOne::frmEditAbsensiOne(Program& program, const QString& tcid, const QString& nip,
+                                     const b_form_skin::Backgrounds& skin, QWidget* parent)
+    : QDialog(parent), program_(program), tcid_(tcid), nip_(nip),
+      ui_(std::make_unique<Ui::frmEditAbsensiOne>()) {
+    ui_->setupUi(this);
+    b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
+    ui_->txtTCID->setText(tcid);
+    ui_->txtNIK->setText(nip);
+
+    auto* cmdButtons = new QButtonGroup(this);
+    cmdButtons->addButton(ui_->cmdButtons_1, Simpan);
+    cmdButtons->addButton(ui_->cmdButtons_2, Batal);
+    connect(cmdButtons, &QButtonGroup::idClicked, this, &frmEditAbsensiOne::cmdButtons_Click);
+    connect(ui_->cmdCalcHrs, &QPushButton::clicked, this, &frmEditAbsensiOne::cmdCalcHrs_Click);
+    connect(ui_->chkTimeIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkTimeIO_Click);
+    connect(ui_->chkOTIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkOTIO_Click);
+    connect(ui_->txtStatus, &QComboBox::currentTextChanged, this, &frmEditAbsensiOne::ShowStatusText);
+    for (const WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+        connect(box, &QDateTimeEdit::dateTimeChanged, this, &frmEditAbsensiOne::ShowHints);
+    Form_Load();
+}
+
+frmEditAbsensiOne::~frmEditAbsensiOne() = default;
+
+void frmEditAbsensiOne::Form_Load() {
+    const WallTime today = program_.clock.Today();
+    for (WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+        box->SetValue(today);
+    Trapped(program_, u"Form_Load"_s, [this] { FillStatusList(); });
+    chkTimeIO_Click();
+    chkOTIO_Click();
+}
+
+void frmEditAbsensiOne::FillStatusList() {
+    ui_->txtStatus->clear();
+    Rows rows = program_.Db().Query(u"SELECT Kode,Keterangan FROM AbsenTipe ORDER BY Kode"_s);
+    while (rows.Next())
+        ui_->txtStatus->addItem(rows.Text(0), rows.Text(1));
+}
+
+void frmEditAbsensiOne::Form_Activate() {
+    Trapped(program_, u"LoadTimeCard"_s, [this] { LoadTimeCard(); });
+    ui_->txtStatus->setFocus();
+}
+
+void frmEditAbsensiOne::LoadTimeCard() {
+    auto card = std::make_unique<EditedCard>(program_.Db(), tcid_, nip_);
+    QString name;
+    modGeneral::QueryValues(program_.Db(), u"select Nama from Employee where nip="_s + Quoted(nip_), name);
+    card_ = std::move(card);
+    ui_->lblNama->setText(name);
+    ShowFields(card_->Fields(program_.clock.Today()));
+    ui_->txtNHrs->setText(card_->NormalHours());
+    ui_->txtOTHrs->setText(card_->OvertimeHours());
+    ui_->lblTotalUangMakan->setText(card_->MealAllowance());
+    untouched_ = TypedFields();
+}
+
+void frmEditAbsensiOne::ShowFields(const CardFields& fields) {
+    ui_->txtTanggal->setDate(ToQDate(fields.tanggal));
+    if (fields.timeIn)
+        ui_->txtTIN->SetValue(*fields.timeIn);
+    if (fields.timeOut)
+        ui_->txtTOUT->SetValue(*fields.timeOut);
+    if (fields.overtimeIn)
+        ui_->txtOTIN->SetValue(*fields.overtimeIn);
+    if (fields.overtimeOut)
+        ui_->txtOTOUT->SetValue(*fields.overtimeOut);
+    ui_->chkTimeIO->setChecked(fields.normalGiven);
+    ui_->chkOTIO->setChecked(fields.overtimeGiven);
+    ui_->chkUangMakan->setChecked(fields.mealAllowance);
+    ui_->txtNAmount->setText(fields.normalAmount);
+    ui_->txtOTAmount->setText(fields.otAmount);
+    ui_->txtKeterangan->setText(fields.keterangan);
+    // A status such as IN stands on cards but is no type of absence: it is offered for this card alone.
+    if (ui_->txtStatus->findText(fields.status) < 0)
+        ui_->txtStatus->insertItem(0, fields.status);
+    ui_->txtStatus->setCurrentText(fields.status);
+    ShowStatusText();
+    ShowHints();
+}
+
+CardFields frmEditAbsensiOne::TypedFields() const {
+    const CardFields read = card_->Fields(program_.clock.Today());
+    CardFields fields;
+    fields.tanggal = FromQDate(ui_->txtTanggal->date());
+    fields.status = ui_->txtStatus->currentText();
+    fields.keterangan = ui_->txtKeterangan->text();
+    fields.mealAllowance = ui_->chkUangMakan->isChecked();
+    fields.normalGiven = ui_->chkTimeIO->isChecked();
+    fields.timeIn = TimeIn(*ui_->txtTIN, fields.normalGiven, read.timeIn);
+    fields.timeOut = TimeIn(*ui_->txtTOUT, fields.normalGiven, read.timeOut);
+    fields.overtimeGiven = ui_->chkOTIO->isChecked();
+    fields.overtimeIn = TimeIn(*ui_->txtOTIN, fields.overtimeGiven, read.overtimeIn);
+    fields.overtimeOut = TimeIn(*ui_->txtOTOUT, fields.overtimeGiven, read.overtimeOut);
+    fields.normalAmount = ui_->txtNAmount->text();
+    fields.otAmount = ui_->txtOTAmount->text();
+    return fields;
+}
+
+bool frmEditAbsensiOne::SaveTimeCard() {
+    bool saved = false;
+    Trapped(program_, u"SaveTimeCard"_s, [&] {
+        const BusyPointer busy;
+        saved = card_ && card_->Save(TypedFields());
+    });
+    if (saved) {
+        untouched_ = TypedFields();
+        Q_EMIT Saved();
+    }
+    return saved;
+}
+
+void frmEditAbsensiOne::cmdCalcHrs_Click() {
+    if (IsChanged()) {
+        const auto answer =
+            program_.dialogs.Ask(u"Perubahan belum disimpan.\nSimpan dulu sebelum dihitung?"_s);
+        if (answer == Dialogs::Answer::Cancel || (answer == Dialogs::Answer::Yes && !SaveTimeCard()))
+            return;
+    }
+    Trapped(program_, u"cmdCalcHrs_Click"_s, [this] {
+        const BusyPointer busy;
+        modAbsen::CalculateTimeCard(program_.Db(), program_.dialogs, tcid_);
+        LoadTimeCard();
+    });
+    Q_EMIT Saved();
+}
+
+void frmEditAbsensiOne::cmdButtons_Click(int index) {
+    if (index == Batal)
+        reject();
+    else if (SaveTimeCard())
+        accept();
+}
+
+void frmEditAbsensiOne::chkTimeIO_Click() {
+    const bool given = ui_->chkTimeIO->isChecked();
+    for (QWidget* box : {static_cast<QWidget*>(ui_->txtTIN), static_cast<QWidget*>(ui_->txtTOUT),
+                         static_cast<QWidget*>(ui_->txtNHrs)})
+        box->setEnabled(given);
+    ShowHints();
+}
+
+void frmEditAbsensiOne::chkOTIO_Click() {
+    const bool given = ui_->chkOTIO->isChecked();
+    for (QWidget* box : {static_cast<QWidget*>(ui_->txtOTIN), static_cast<QWidget*>(ui_->txtOTOUT),
+                         static_cast<QWidget*>(ui_->txtOTHrs)})
+        box->setEnabled(given);
+    ShowHints();
+}
+
+void frmEditAbsensiOne::ShowStatusText() {
+    ui_->lblStatusText->setText(ui_->txtStatus->currentData().toString());
+}
+
+void frmEditAbsensiOne::ShowHints() {
+    const QString hint = u"Jam keluar mendahului jam masuk."_s;
+    const bool normal = ui_->chkTimeIO->isChecked() && ui_->txtTOUT->Value() < ui_->txtTIN->Value();
+    const bool overtime = ui_->chkOTIO->isChecked() && ui_->txtOTOUT->Value() < ui_->txtOTIN->Value();
+    ui_->lblNormalHint->setText(normal ? hint : QString());
+    ui_->lblOvertimeHint->setText(overtime ? hint : QString());
+}
+
+bool frmEditAbsensiOne::IsChanged() const {
+    return card_ && TypedFields() != untouched_;
+}
+
+bool frmEditAbsensiOne::MayLeave() {
+    if (!IsChanged())
+        return true;
+    switch (program_.dialogs.Ask(u"Perubahan belum disimpan.\nSimpan sebelum ditutup?"_s)) {
+    case Dialogs::Answer::Yes:
+        return SaveTimeCard();
+    case Dialogs::Answer::No:
+        return true;
+    case Dialogs::Answer::Cancel:
+        break;
+    }
+    return false;
+}
+
+void frmEditAbsensiOne::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!std::exchange(activated_, true))
+        Form_Activate();
+}
+
+void frmEditAbsensiOne::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Escape)
+        close();
+    else if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        focusNextChild();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void frmEditAbsensiOne::closeEvent(QCloseEvent* event) {
+    if (MayLeave())
+        QDialog::closeEvent(event);
+    else
+        event->ignore();
+}

@@ -1,0 +1,238 @@
+#include "editing/frmEditAbsensiOne.h"
+
+#include "support/window_company.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Headers =
+    u"select TCID, NIP, Status, Keterangan, NormalHours, OTHours, NormalAmount, OTAmount, "
+    "TotalUangMakan from TimeCardHeader order by TCID"_s;
+const QString Days = u"select TCID, Tanggal, TimeIN, TimeOUT, TimeINOT, TimeOutOT, ShiftCode, BeriUangMakan "
+                     "from TimeCardDetail order by TCID"_s;
+
+/// The editor over one employee's card, worked at by keyboard while it is open.
+class CardEditor {
+public:
+    CardEditor() {
+        company.AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s);
+        Run(u"UPDATE Employee SET GP=150000, RateOT=10000, TMakan=12500, EmpType='HRN'"_s);
+        Run(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00')"_s);
+        Run(u"INSERT INTO AbsenTipe VALUES ('I','Izin'),('S','Sakit')"_s);
+    }
+
+    void Run(const QString& statement) { company.Db().Execute(statement); }
+    void AddCard(const QString& status, const QString& timeIn, const QString& timeOut) {
+        company.Db().Execute(
+            u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012',?)"_s, {status});
+        company.Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,BeriUangMakan) VALUES "
+                             "('T202611220012','2026-11-22',?,?,1)"_s,
+                             {timeIn, timeOut.isEmpty() ? QVariant() : QVariant(timeOut)});
+    }
+
+    /// Opens the editor, does the work in it and gives the dialog's result. What is left open is closed.
+    int Open(const std::function<void(QWidget&)>& work) {
+        frmEditAbsensiOne editor(company.program, u"T202611220012"_s, u"0012"_s, skin, nullptr);
+        QObject::connect(&editor, &frmEditAbsensiOne::Saved, &editor, [this] { ++saved; });
+        user.WhenIn(u"frmEditAbsensiOne"_s, [&](QWidget& window) {
+            work(window);
+            if (window.isVisible())
+                KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
+        });
+        return editor.exec();
+    }
+
+    TestCompany company;
+    b_form_skin::Backgrounds skin;
+    KeyboardUser user;
+    int saved = 0;
+};
+
+template<class Widget>
+Widget& Part(QWidget& window, const char* name) {
+    return WindowCompany::Part<Widget>(window, name);
+}
+
+/// Replaces what a section box holds, by typing.
+void TypeTime(QWidget& window, const char* name, const QString& dayAndTime) {
+    auto& box = Part<QDateTimeEdit>(window, name);
+    box.setFocus();
+    KeyboardUser::Press(Qt::Key_Home);
+    box.setSelectedSection(QDateTimeEdit::DaySection);
+    KeyboardUser::Type(dayAndTime);
+}
+
+bool Press(const char* name, QWidget& window) {
+    auto& button = Part<QPushButton>(window, name);
+    button.setFocus();
+    KeyboardUser::Press(Qt::Key_Space);
+    return true;
+}
+
+} // namespace
+
+TEST(frmEditAbsensiOne, ShowsTheCardAndSavesNothingUnasked) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:12"_s, u"2026-11-22 17:03:30"_s);
+    const QStringList before = editor.company.RowsOf(Headers) + editor.company.RowsOf(Days);
+    const int result = editor.Open([](QWidget& window) {
+        EXPECT_EQ(Part<QLabel>(window, "lblNama").text(), u"Siti Aminah"_s);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtNIK").text(), u"0012"_s);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtTCID").text(), u"T202611220012"_s);
+        EXPECT_EQ(Part<QDateTimeEdit>(window, "txtTanggal").text(), u"22-Nov-2026"_s);
+        EXPECT_EQ(Part<QComboBox>(window, "txtStatus").currentText(), u"OUT"_s);
+        EXPECT_EQ(Part<QComboBox>(window, "txtStatus").count(), 3);
+        EXPECT_TRUE(Part<QCheckBox>(window, "chkTimeIO").isChecked());
+        EXPECT_TRUE(Part<QWidget>(window, "txtTIN").isEnabled());
+        EXPECT_EQ(Part<QDateTimeEdit>(window, "txtTIN").text(), u"22-Nov-2026 07:45"_s);
+        EXPECT_EQ(Part<QDateTimeEdit>(window, "txtTOUT").text(), u"22-Nov-2026 17:03"_s);
+        EXPECT_FALSE(Part<QCheckBox>(window, "chkOTIO").isChecked());
+        for (const char* name : {"txtOTIN", "txtOTOUT", "txtOTHrs"})
+            EXPECT_FALSE(Part<QWidget>(window, name).isEnabled()) << name;
+        EXPECT_TRUE(Part<QCheckBox>(window, "chkUangMakan").isChecked());
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(result, QDialog::Rejected);
+    EXPECT_TRUE(editor.company.dialogs.questions.isEmpty());
+    EXPECT_EQ(editor.company.RowsOf(Headers) + editor.company.RowsOf(Days), before);
+}
+
+TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
+    struct Case {
+        QString out;
+        QString hours;
+    };
+    for (const Case& c :
+         {Case{u"22Nov20261630"_s, u"8"_s}, {u"22Nov20261730"_s, u"10"_s}, {u"23Nov20260800"_s, u"24"_s}}) {
+        CardEditor editor;
+        editor.AddCard(u"OUT"_s, u"2026-11-22 08:00:00"_s, u"2026-11-22 12:00:00"_s);
+        editor.Run(u"UPDATE TimeCardHeader SET OTHours=1.15"_s);
+        editor.Run(u"UPDATE TimeCardDetail SET TimeINOT='2026-11-22 17:00:00', ShiftCode='P'"_s);
+        const int result = editor.Open([&](QWidget& window) {
+            TypeTime(window, "txtTOUT", c.out);
+            Part<QLineEdit>(window, "txtNAmount").setText(u"12500.75 rupiah"_s);
+            Part<QLineEdit>(window, "txtOTAmount").setText(u"bukan angka"_s);
+            Part<QLineEdit>(window, "txtKeterangan").setText(u"Lupa 'absen' — é"_s);
+            KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+            KeyboardUser::WaitUntil([&] { return !window.isVisible(); });
+        });
+        EXPECT_EQ(result, QDialog::Accepted);
+        EXPECT_EQ(editor.saved, 1);
+        EXPECT_EQ(
+            editor.company.RowsOf(Headers),
+            QStringList{u"T202611220012|0012|OUT|Lupa 'absen' — é|%1|1.15|12500.75|0|-"_s.arg(c.hours)});
+        const QString out = c.out == u"23Nov20260800"_s ? u"2026-11-23 08:00:00"_s
+                                                        : u"2026-11-22 %1:30:00"_s.arg(c.out.sliced(9, 2));
+        EXPECT_EQ(
+            editor.company.RowsOf(Days),
+            QStringList{
+                u"T202611220012|2026-11-22|2026-11-22 08:00:00|%1|2026-11-22 17:00:00|-|P|1"_s.arg(out)});
+    }
+}
+
+TEST(frmEditAbsensiOne, MakesACardForADayThatHasNone) {
+    CardEditor editor;
+    editor.Open([](QWidget& window) {
+        auto& status = Part<QComboBox>(window, "txtStatus");
+        EXPECT_TRUE(status.hasFocus());
+        KeyboardUser::Type(u"S"_s);
+        EXPECT_EQ(Part<QLabel>(window, "lblStatusText").text(), u"Sakit"_s);
+        Press("cmdButtons_1", window);
+    });
+    EXPECT_EQ(editor.company.RowsOf(Headers), QStringList{u"T202611220012|0012|S|-|-|-|0|0|-"_s});
+    EXPECT_EQ(editor.company.RowsOf(Days), QStringList{u"T202611220012|2026-11-22|-|-|-|-|-|0"_s});
+}
+
+TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+    editor.company.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::Yes};
+    editor.Open([&](QWidget& window) {
+        TypeTime(window, "txtTOUT", u"22Nov20261630"_s);
+        Press("cmdCalcHrs", window);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), QString());
+        Press("cmdCalcHrs", window);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), u"9.15"_s);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtOTHrs").text(), u"0.3"_s);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtNAmount").text(), u"150000"_s);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtOTAmount").text(), u"3000"_s);
+        EXPECT_EQ(Part<QDateTimeEdit>(window, "txtOTIN").text(), u"22-Nov-2026 17:00"_s);
+        EXPECT_TRUE(Part<QLabel>(window, "lblTotalUangMakan").text().contains(u"12500"_s));
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(editor.company.dialogs.questions.size(), 2);
+    EXPECT_EQ(editor.company.RowsOf(Headers),
+              QStringList{u"T202611220012|0012|OUT|-|9.15|0.3|150000|3000|12500"_s});
+    EXPECT_EQ(editor.company.RowsOf(Days),
+              QStringList{u"T202611220012|2026-11-22|2026-11-22 07:45:00|2026-11-22 16:30:00|"
+                          "2026-11-22 17:00:00|2026-11-22 16:30:00|P|1"_s});
+}
+
+TEST(frmEditAbsensiOne, SecondsThatAreNotShownAreNotLost) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:12"_s, u"2026-11-22 17:03:30"_s);
+    editor.Open([](QWidget& window) {
+        Part<QLineEdit>(window, "txtKeterangan").setText(u"x"_s);
+        TypeTime(window, "txtTOUT", u"22Nov20261704"_s);
+        Press("cmdButtons_1", window);
+    });
+    EXPECT_EQ(editor.company.RowsOf(u"select TimeIN from TimeCardDetail"_s),
+              QStringList{u"2026-11-22 07:45:12"_s});
+}
+
+TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+    const auto other = editor.company.OtherDesk();
+    const int result = editor.Open([&](QWidget& window) {
+        Part<QLineEdit>(window, "txtKeterangan").setText(u"dari sini"_s);
+        TypeTime(window, "txtTOUT", u"22Nov20261630"_s);
+        other->Execute(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-22 18:00:00'"_s);
+        for (int attempt = 1; attempt <= 2; ++attempt) {
+            Press("cmdButtons_1", window);
+            EXPECT_EQ(editor.company.dialogs.texts.size(), attempt);
+            EXPECT_TRUE(editor.company.dialogs.Last().contains(u"sudah diubah dari komputer lain"_s));
+            EXPECT_TRUE(window.isVisible());
+        }
+        EXPECT_EQ(Part<QLineEdit>(window, "txtKeterangan").text(), u"dari sini"_s);
+    });
+    EXPECT_EQ(result, QDialog::Rejected);
+    EXPECT_EQ(editor.saved, 0);
+    EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{u"-"_s});
+    EXPECT_EQ(editor.company.RowsOf(u"select TimeOUT from TimeCardDetail"_s),
+              QStringList{u"2026-11-22 18:00:00"_s});
+}
+
+TEST(frmEditAbsensiOne, LeavingWithUnsavedChangesAsksExceptByBatal) {
+    struct Case {
+        const char* what;
+        QList<Dialogs::Answer> answers;
+        bool leaves;
+        QString keterangan;
+    };
+    const Case cases[] = {{"stay", {Dialogs::Answer::Cancel}, false, u"-"_s},
+                          {"throw away", {Dialogs::Answer::No}, true, u"-"_s},
+                          {"save", {Dialogs::Answer::Yes}, true, u"baru"_s}};
+    for (const Case& c : cases) {
+        CardEditor editor;
+        editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+        editor.company.dialogs.answers = c.answers;
+        editor.Open([&](QWidget& window) {
+            Part<QLineEdit>(window, "txtKeterangan").setText(u"baru"_s);
+            KeyboardUser::Press(Qt::Key_Escape);
+            EXPECT_EQ(window.isVisible(), !c.leaves) << c.what;
+        });
+        EXPECT_EQ(editor.company.dialogs.questions.size(), 1) << c.what;
+        EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s),
+                  QStringList{c.keterangan})
+            << c.what;
+    }
+}
