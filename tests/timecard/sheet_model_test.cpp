@@ -132,6 +132,19 @@ TEST_F(DaySheet, EachSheetShowsItsOwnCardsAndTheirFirstDay) {
     EXPECT_NE(FailureOf([&] { Refresh(u"T'"_s); }), QString());
 }
 
+TEST_F(DaySheet, ACardThatTwoNumbersShareStandsInBothRows) {
+    company.AddEmployee(u"k1"_s, u"Citra"_s, u"x"_s);
+    company.AddEmployee(u"K1"_s, u"Dodi"_s, u"x"_s);
+    Add(u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T20261122K1','2026-11-22','2026-11-22 07:00:00')"_s);
+    Add(u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T20261122GONE','2026-11-22','2026-11-22 08:00:00')"_s);
+    model.LoadEmployees(company.Db(), ByName);
+    Refresh();
+    QStringList arrivals;
+    for (int row = 0; row < model.rowCount(); ++row)
+        arrivals << model.index(row, SheetModel::TimeIn).data().toString();
+    EXPECT_EQ(arrivals, (QStringList{u""_s, u""_s, u"07:00:00"_s, u"07:00:00"_s}));
+}
+
 TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
     RecordClockEntry(company.Db(), {Sheet, company.clock.Today(), u"IN"_s, company.clock.now}, u"0012"_s);
     model.LoadEmployees(company.Db(), ByName);
