@@ -81,10 +81,6 @@ Rows Connection::QueryNative(const QString& statement) {
     return Rows(std::move(query), *engine_);
 }
 
-TableShape Connection::ShapeOf(const QString& table) {
-    return engine_->ShapeOf(database_, table);
-}
-
 ChangeStamp Connection::Changes() {
     if (!foreignChanges_)
         foreignChanges_ = std::make_unique<QSqlQuery>(Prepared(engine_->ForeignChangesQuery()));

@@ -68,8 +68,6 @@ public:
     void ExecuteNative(const QString& statement);
     Rows QueryNative(const QString& statement);
 
-    TableShape ShapeOf(const QString& table);
-
     /// Differs from an earlier one when anything was written since, by this program or another. Reads no
     /// table.
     ChangeStamp Changes();

@@ -5,15 +5,8 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QString>
-#include <QStringList>
 
 #include <chrono>
-
-/// The columns of a table and those of them that make its key, each in its own order.
-struct TableShape {
-    QStringList columns;
-    QStringList key;
-};
 
 /// All that differs between database engines. A second engine is a second class like SqliteEngine.
 class Engine {
@@ -30,9 +23,6 @@ public:
 
     /// Says in the user's words what went wrong and what to do.
     virtual DatabaseFailure Describe(const QSqlError& error) const = 0;
-
-    /// Throws DatabaseError when the table does not exist.
-    virtual TableShape ShapeOf(const QSqlDatabase& database, const QString& table) const = 0;
 
     /// Starts a transaction that holds the right to write from its first moment on.
     virtual QString BeginStatement() const = 0;

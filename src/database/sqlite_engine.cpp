@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QMap>
 #include <QSqlQuery>
 #include <QUrl>
 #include <QUuid>
@@ -132,25 +131,6 @@ DatabaseFailure SqliteEngine::Describe(const QSqlError& error) const {
     const int code = error.nativeErrorCode().toInt();
     const QString native = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     return {code == 0 ? 1 : code, u"SQLite"_s, u"%1 (%2)"_s.arg(Advice(code & 0xFF), native)};
-}
-
-TableShape SqliteEngine::ShapeOf(const QSqlDatabase& database, const QString& table) const {
-    QSqlQuery query(database);
-    query.prepare(u"SELECT name, pk FROM pragma_table_info(?) ORDER BY cid"_s);
-    query.addBindValue(table);
-    if (!query.exec())
-        throw DatabaseError(Describe(query.lastError()));
-    TableShape shape;
-    QMap<int, QString> key;
-    while (query.next()) {
-        shape.columns << query.value(0).toString();
-        if (const int place = query.value(1).toInt(); place > 0)
-            key.insert(place, query.value(0).toString());
-    }
-    shape.key = key.values();
-    if (shape.columns.isEmpty())
-        throw DatabaseError({1, u"SQLite"_s, u"Tabel %1 tidak ada dalam database."_s.arg(table)});
-    return shape;
 }
 
 QString SqliteEngine::BeginStatement() const {

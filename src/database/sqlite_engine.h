@@ -8,7 +8,6 @@ public:
     QSqlDatabase Open(const QString& connectionText) const override;
     QString Translate(const QString& statement) const override;
     DatabaseFailure Describe(const QSqlError& error) const override;
-    TableShape ShapeOf(const QSqlDatabase& database, const QString& table) const override;
     QString BeginStatement() const override;
     QString ForeignChangesQuery() const override;
     QString PatienceStatement(std::chrono::milliseconds patience) const override;

@@ -30,10 +30,6 @@ QString DayPartOf(const QString& sheet) {
     return sheet.contains(u'-') ? TwoDigitDay(sheet.mid(7, 2)) : TrailingDay(sheet);
 }
 
-QString ExtensionOf(const QString& sheet) {
-    return sheet.section(u'-', 1);
-}
-
 QString CardIdentifier(const QString& sheet, const QString& nip) {
     return (sheet + nip).toUpper();
 }

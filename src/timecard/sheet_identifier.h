@@ -24,7 +24,4 @@ QString TrailingDay(const QString& sheet);
 /// The two-digit day of any identifier: of one with an extension, its characters 8 and 9.
 QString DayPartOf(const QString& sheet);
 
-/// "" when the identifier has no extension.
-QString ExtensionOf(const QString& sheet);
-
 QString CardIdentifier(const QString& sheet, const QString& nip);

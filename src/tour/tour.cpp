@@ -1,11 +1,14 @@
 #include "tour/tour.h"
 
+#include "editing/frmEditAbsensiOne.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
 #include "timecard/sheet_identifier.h"
 
 #include <QApplication>
 #include <QPixmap>
+#include <QPushButton>
+#include <QTableView>
 #include <QTextStream>
 #include <QWidget>
 
@@ -36,6 +39,9 @@ Tour::Tour(const QString& programFolder, const QString& pictureFolder)
 bool Tour::Run() {
     MainWindowNeeds needs;
     needs.userCountry = [] { return u"United States"_s; };
+    needs.editCard = [this](const QString& tcid, const QString& nip) {
+        frmEditAbsensiOne(program_, tcid, nip, skin_, desk_.get()).exec();
+    };
     desk_ = std::make_unique<frmMain>(program_, skin_, std::move(needs));
     if (!desk_->Form_Load())
         return false;
@@ -51,6 +57,7 @@ bool Tour::Run() {
     CloseSheetAsSupervisor();
     ReopenSheetAsSupervisor();
     TurnAdminModeOn();
+    CorrectACard();
     PrintRows();
 
     Expect(user_.IsDone(), u"a window that should have opened did not"_s);
@@ -173,6 +180,26 @@ void Tour::TurnAdminModeOn() {
     Picture(*desk_, u"admin-mode"_s);
 }
 
+void Tour::CorrectACard() {
+    user_.WhenIn(u"frmEditAbsensiOne"_s, [this](QWidget& editor) {
+        Picture(editor, u"card"_s);
+        auto* compute = editor.findChild<QPushButton*>(u"cmdCalcHrs"_s);
+        compute->setFocus();
+        KeyboardUser::Press(Qt::Key_Space);
+        Picture(editor, u"card-computed"_s);
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    auto* grid = desk_->findChild<QTableView*>(u"MSHFlexGrid1"_s);
+    grid->setFocus();
+    KeyboardUser::Press(Qt::Key_Home, Qt::ControlModifier);
+    const auto isEmployee = [grid] {
+        return grid->currentIndex().siblingAtColumn(SheetModel::Nip).data() == Employee;
+    };
+    for (int row = 0; row < grid->model()->rowCount() && !isEmployee(); ++row)
+        KeyboardUser::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Return);
+}
+
 void Tour::Picture(QWidget& window, const QString& name) {
     if (&window == desk_.get())
         desk_->Timer1_Timer();
@@ -189,7 +216,8 @@ void Tour::Expect(bool condition, const QString& what) {
 void Tour::PrintRows() {
     const QString card = CardIdentifier(SheetIdentifierOf(DayOf(clock_.now)), Employee);
     const QString statements[] = {
-        u"select TCID, NIP, Status from TimeCardHeader where TCID='%1'"_s.arg(card),
+        u"select TCID, NIP, Status, NormalHours, OTHours, NormalAmount, OTAmount, TotalUangMakan from TimeCardHeader where TCID='%1'"_s
+            .arg(card),
         u"select TCID, Tanggal, TimeIN, TimeOUT, BeriUangMakan from TimeCardDetail where TCID='%1'"_s.arg(
             card),
         u"select TCID, Status from timecardmaster where TCID='%1'"_s.arg(

@@ -34,6 +34,7 @@ private:
     void CloseSheetAsSupervisor();
     void ReopenSheetAsSupervisor();
     void TurnAdminModeOn();
+    void CorrectACard();
 
     void EnterNumberAndPassword(const QString& pictureName);
     void LogInAsSupervisor(const QString& pictureName);

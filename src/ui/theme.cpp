@@ -152,7 +152,3 @@ QColor Theme::QuietText() {
 QColor Theme::Accent() {
     return QColor(u"#0B5CAD"_s);
 }
-
-QColor Theme::FieldBorder() {
-    return QColor(u"#B9C4D0"_s);
-}

@@ -25,7 +25,6 @@ std::optional<Colours> StatusColours(QStringView status);
 
 QColor QuietText();
 QColor Accent();
-QColor FieldBorder();
 
 /// Distances in pixels: around a window's content, between groups, inside a group.
 inline constexpr int Margin = 12;

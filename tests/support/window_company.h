@@ -30,7 +30,8 @@ public:
 
     /// What the next login window gets typed into it.
     void WillLogIn(const QString& user, const QString& password);
-    /// Clocks an employee in (F2) or out (F8) from the main window and closes the entry window when it is recorded.
+    /// Clocks an employee in (F2) or out (F8) from the main window and closes the entry window when it is
+    /// recorded.
     void Record(Qt::Key key, const QString& nip, const QString& password);
     /// Opens the "Edit" menu with F10 and walks down to an entry.
     void ChooseFromMenu(const QString& entry);
