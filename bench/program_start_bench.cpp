@@ -2,10 +2,14 @@
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
+#include "timecard/frmMain.h"
 #include "timecard/sheet_identifier.h"
 #include "timecard/sheet_model.h"
+#include "ui/theme.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 
 #include <stdexcept>
 
@@ -17,6 +21,7 @@ namespace {
 class NoDialogs : public Dialogs {
 public:
     void Show(Icon, const QString& text) override { throw std::runtime_error(text.toStdString()); }
+    Answer Ask(const QString& question) override { throw std::runtime_error(question.toStdString()); }
 };
 
 /// What a start does before the first window can show the sheet, without the windows.
@@ -38,6 +43,60 @@ private:
     SheetModel model_{clock_};
 };
 
+/// The whole start, from the first object to the painted desk.
+class DeskStart {
+public:
+    explicit DeskStart(const ProgramFolder& folder)
+        : program_{folder, clock_, dialogs_, log_, shared_, [](LoginHandOver&) {}},
+          desk_(program_, skin_, {.userCountry = [] { return u"United States"_s; }}) {}
+
+    void Run() {
+        if (!desk_.Form_Load())
+            throw std::runtime_error("the desk did not open");
+        desk_.show();
+        QApplication::processEvents();
+    }
+
+private:
+    NoDialogs dialogs_;
+    BenchClock clock_;
+    modGeneral::ErrorLog log_;
+    b_global::SharedConnection shared_;
+    b_form_skin::Backgrounds skin_;
+    Program program_;
+    frmMain desk_;
+};
+
+void AddPictures(const QString& folder) {
+    const QDir assets(QStringLiteral(ASSETS_FOLDER));
+    QDir(folder).mkpath(u"images"_s);
+    for (const QString& picture : {u"images/back_big.gif"_s, u"images/back_litle.gif"_s,
+                                   u"images/back_midle.gif"_s, u"images/back.gif"_s})
+        QFile::copy(assets.filePath(picture), folder + u'/' + picture);
+}
+
+void ReadPlainly(const QString& file, const QString& sheet) {
+    PlainDatabase plain(file);
+    plain.ReadAll("select * from employee ORDER BY NAMA");
+    ReadSheetPlainly(plain, sheet.toStdString());
+}
+
+void DeskOpens(Rounds& rounds) {
+    const CompanySize size{5000, 60};
+    const QString file = CompanyFile(size);
+    AddPictures(CompanyFolder(size));
+    const ProgramFolder folder(CompanyFolder(size));
+    while (rounds.Next()) {
+        std::unique_ptr<DeskStart> start;
+        rounds.Time("desk", [&] {
+            start = std::make_unique<DeskStart>(folder);
+            start->Run();
+        });
+        rounds.Time("plain", [&] { ReadPlainly(file, SheetIdentifierOf(LastSheetDay)); });
+    }
+    rounds.Compare("program-start", "desk", "plain", 15);
+}
+
 void ProgramStart(Rounds& rounds) {
     const CompanySize size{5000, 60};
     const QString file = CompanyFile(size);
@@ -46,12 +105,7 @@ void ProgramStart(Rounds& rounds) {
     while (rounds.Next()) {
         Start start(folder);
         rounds.Time("start", [&] { start.Run(sheet); });
-        std::unique_ptr<PlainDatabase> plain;
-        rounds.Time("plain", [&] {
-            plain = std::make_unique<PlainDatabase>(file);
-            plain->ReadAll("select * from employee ORDER BY NAMA");
-            ReadSheetPlainly(*plain, sheet.toStdString());
-        });
+        rounds.Time("plain", [&] { ReadPlainly(file, sheet); });
     }
     rounds.Compare("program-start-without-windows", "start", "plain", 5);
 }
@@ -59,8 +113,11 @@ void ProgramStart(Rounds& rounds) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    QApplication application(argc, argv);
+    QStandardPaths::setTestModeEnabled(true);
+    Theme::Apply(application);
     BenchProgram program(argc, argv);
+    program.Add("program_start", Measured::ProcessorTime, 40, DeskOpens);
     program.Add("program_start_without_windows", Measured::ProcessorTime, 60, ProgramStart);
     return program.Run();
 }
