@@ -94,7 +94,7 @@ void DeskOpens(Rounds& rounds) {
         });
         rounds.Time("plain", [&] { ReadPlainly(file, SheetIdentifierOf(LastSheetDay)); });
     }
-    rounds.Compare("program-start", "desk", "plain", 15);
+    rounds.Compare("program-start", "desk", "plain", 5);
 }
 
 void ProgramStart(Rounds& rounds) {

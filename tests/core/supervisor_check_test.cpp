@@ -77,10 +77,3 @@ TEST(AskAdminPass, AFailureIsLoggedShownAndRefuses) {
     EXPECT_FALSE(modGeneral::AskAdminPass(unconnected.program));
     EXPECT_EQ(unconnected.dialogs.texts, QStringList{u"Koneksi database belum dibuka."_s});
 }
-
-TEST(LoginHandOver, IsTakenOnce) {
-    LoginHandOver channel;
-    channel.Put(u"a~b~c"_s);
-    EXPECT_EQ(channel.Take(), u"a~b~c"_s);
-    EXPECT_EQ(channel.Take(), QString());
-}

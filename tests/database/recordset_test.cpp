@@ -82,19 +82,6 @@ TEST_F(Recordsets, EveryCharacterIsDataThere) {
     EXPECT_EQ(Employee(db, u"0012"_s).Field(u"Dept"_s).Text(), odd);
 }
 
-TEST_F(Recordsets, WalkTheRowsInTheOrderOfTheStatement) {
-    company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s);
-    company.AddEmployee(u"0013"_s, u"Ani"_s, u"x"_s);
-    Recordset rows(db, u"select * from Employee order by Nama"_s);
-    rows.MoveNext();
-    rows.Set(u"Dept"_s, u"GA"_s);
-    rows.Update();
-    EXPECT_EQ(rows.Field(u"NIP"_s).Text(), u"0012"_s);
-    rows.MoveNext();
-    EXPECT_TRUE(rows.AtEnd());
-    EXPECT_EQ(Employees(), (QStringList{u"0012|Budi|GA|-"_s, u"0013|Ani|-|-"_s}));
-}
-
 TEST_F(Recordsets, AnotherDesksChangeIsNeverOverwritten) {
     const auto other = company.OtherDesk();
     const struct {

@@ -282,13 +282,3 @@ TEST(frmMain, TheDayTabsFollowTheMonth) {
     EXPECT_EQ(desk.Part<QLineEdit>("txtTCID").text(), u"T20261122"_s);
     EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
 }
-
-TEST(frmMain, AFailedStartOpensNothing) {
-    TestCompany company(TestCompany::Database::Closed);
-    b_form_skin::Backgrounds skin;
-    frmMain window(company.program, skin, {});
-    EXPECT_FALSE(window.Form_Load());
-    EXPECT_TRUE(company.dialogs.Last().contains(u"back_big.gif"_s)) << company.dialogs.Last().toStdString();
-    EXPECT_FALSE(company.database.Exists());
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}

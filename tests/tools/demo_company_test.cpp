@@ -1,8 +1,5 @@
 #include "core/query_values.h"
-#include "timecard/clock_recording.h"
-#include "timecard/sheet_lifecycle.h"
 #include "tools/demo_random.h"
-#include "tools/demo_staff.h"
 #include "tools/demo_support.h"
 
 #include <QSet>
@@ -26,22 +23,6 @@ TEST(DemoRandom, DrawsTheSameNumbersEverywhere) {
     DemoRandom random(1234567);
     for (const int expected : {2064186501, 1481904037, 603094135})
         EXPECT_EQ(random.Between(0, std::numeric_limits<int>::max()), expected);
-}
-
-TEST(DemoStaff, NumbersAreUniqueAndNamesFitTheReports) {
-    EXPECT_EQ(MakeDemoStaff(9999).back().nip, u"9999"_s);
-    const std::vector<DemoEmployee> staff = MakeDemoStaff(10'000);
-    EXPECT_EQ(staff.front().nip, u"00001"_s);
-    QSet<QString> numbers;
-    QSet<QString> names;
-    for (const DemoEmployee& employee : staff) {
-        numbers << employee.nip;
-        names << employee.nama;
-        EXPECT_LE(employee.nama.size(), 20) << employee.nama.toStdString();
-        EXPECT_FALSE(employee.nama.contains(u'\'')) << employee.nama.toStdString();
-    }
-    EXPECT_EQ(numbers.size(), 10'000);
-    EXPECT_EQ(names.size(), 10'000);
 }
 
 class DemoCompany : public testing::Test {
@@ -96,31 +77,6 @@ TEST_F(DemoCompany, NightShiftsEndTheNextMorning) {
                                + u" and CDATE(Left(d.TimeIN,10))=d.Tanggal "
                                  "and julianday(Left(d.TimeOUT,10))=julianday(d.Tanggal)+1"_s),
               count);
-}
-
-TEST_F(DemoCompany, RosterReachesToTheEndOfTheMonthAfterTheLastDay) {
-    MakeDemoCompany(file, DemoUntil(u"2026-11-30", 10, 1));
-    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
-    // From the 1st of November; two of ten employees work without a roster.
-    EXPECT_EQ(RowsOf(*db, u"select min(Tgl), max(Tgl), count(*) from ShiftEmployee"_s),
-              QStringList{u"2026-11-01|2026-12-31|%1"_s.arg(8 * 61)});
-    EXPECT_EQ(RowsOf(*db, u"select distinct ShiftCode from ShiftEmployee order by ShiftCode"_s),
-              (QStringList{u"MALAM"_s, u"O"_s, u"OFF"_s, u"P"_s, u"PAGI"_s, u"SIANG"_s}));
-}
-
-TEST_F(DemoCompany, TodaysSheetIsOpenAndWaitsForItsFirstArrival) {
-    MakeDemoCompany(file, DemoUntil(u"2026-11-21"));
-    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
-    EXPECT_TRUE(IsSheetClosed(*db, u"T20261121"_s));
-    EXPECT_FALSE(IsSheetClosed(*db, u"T20261122"_s));
-    EXPECT_EQ(RowsOf(*db, u"select Status from timecardmaster where TCID='T20261114'"_s),
-              QStringList{u"0"_s});
-
-    const WallTime now = Moment(u"2026-11-22 07:58:12");
-    EXPECT_EQ(LoadStoredPassword(*db, u"0012"_s), u"0012"_s);
-    EXPECT_EQ(RecordClockEntry(*db, {u"T20261122"_s, DayOf(now), u"IN"_s, now}, u"0012"_s), std::nullopt);
-    EXPECT_EQ(RowsOf(*db, u"select TCID from TimeCardHeader where Left(TCID,9)='T20261122'"_s),
-              QStringList{u"T202611220012"_s});
 }
 
 TEST_F(DemoCompany, PhotosStandBesideTheFileExceptOne) {
@@ -197,26 +153,4 @@ TEST_F(DemoCompany, AFailureLeavesNeitherFileNorPhotos) {
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     EXPECT_THROW(MakeDemoCompany(file, DemoUntil(u"2026-11-21", 1, 0)), ProgramError);
     EXPECT_EQ(EntriesOf(folder.path()), QStringList{u"photos"_s});
-}
-
-TEST_F(DemoCompany, AFileThatAppearsDuringTheWorkIsNotOverwritten) {
-    const auto appear = [this](int percent) {
-        QFile other(file);
-        if (percent == 100 && other.open(QIODevice::WriteOnly))
-            other.write("mine");
-    };
-    EXPECT_THROW(MakeDemoCompany(file, DemoUntil(u"2026-11-21", 5, 1), appear), ProgramError);
-    EXPECT_EQ(BytesOf(file), "mine");
-    EXPECT_EQ(EntriesOf(folder.path()), QStringList{u"DATA.mdb"_s});
-}
-
-TEST_F(DemoCompany, LeavesPhotosOfTheSameNameAlone) {
-    ASSERT_TRUE(QDir(folder.path()).mkdir(u"photos"_s));
-    QFile mine(folder.filePath(u"photos/pria-1.gif"_s));
-    ASSERT_TRUE(mine.open(QIODevice::WriteOnly));
-    mine.write("mine");
-    mine.close();
-    MakeDemoCompany(file, DemoUntil(u"2026-11-21", 1, 0));
-    EXPECT_EQ(BytesOf(mine.fileName()), "mine");
-    EXPECT_EQ(EntriesOf(folder.filePath(u"photos"_s)).size(), 8);
 }

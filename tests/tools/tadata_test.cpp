@@ -109,18 +109,6 @@ TEST_F(Tool, MakesAndChecksFilesWhateverTheirName) {
     }
 }
 
-TEST_F(Tool, AttendanceEndsYesterdayUnlessToldOtherwise) {
-    const QString file = folder.filePath(u"DATA.mdb"_s);
-    const SystemClock clock;
-    const Day before = clock.Today();
-    ASSERT_EQ(Tadata({u"demo"_s, file, u"--employees=9"_s}).status, 0);
-    const Day after = clock.Today(); // midnight may have passed
-    const QStringList last = RowsOf(*OpenDatabaseFile(file), u"select max(Tanggal) from TimeCardDetail"_s);
-    // The last days may all be days off.
-    EXPECT_LT(last.first(), StoredDay(after));
-    EXPECT_GE(last.first(), StoredDay(before - std::chrono::days{4}));
-}
-
 TEST_F(Tool, CheckPrintsFindingsAndChangesNothing) {
     const QString file = MakeDemo(u"DATA.mdb"_s);
     OpenDatabaseFile(file)->Execute(u"UPDATE Employee SET Dept='ZZ' WHERE NIP='0002'"_s);
