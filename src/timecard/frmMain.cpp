@@ -54,8 +54,6 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     lblUpdated_->setObjectName(u"lblUpdated"_s);
     ui_->statusbar->addWidget(lblCounts_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
-    ui_->tabTgl->setDrawBase(false);
-    ui_->tabTgl->setUsesScrollButtons(true);
     ui_->picCloseTcid->hide();
     ui_->lblOtherDay->hide();
     ui_->lblAdminMode->hide();
@@ -89,7 +87,7 @@ void frmMain::ConnectControls() {
     // Cards carry their identifier in upper case: the extension is shown as it will stand on them.
     connect(ui_->txtExt, &QLineEdit::textEdited, this,
             [this](const QString& text) { ui_->txtExt->setText(text.toUpper()); });
-    connect(ui_->tabTgl, &QTabBar::currentChanged, this, &frmMain::tabTgl_Click);
+    connect(ui_->tabTgl, &DayTabs::DayChosen, this, &frmMain::tabTgl_Click);
     connect(ui_->UpDown1_Up, &QToolButton::clicked, this, [this] { UpDown1_Change(+1); });
     connect(ui_->UpDown1_Down, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
     connect(ui_->MSHFlexGrid1, &MSHFlexGrid::HeaderPressed, this, &frmMain::MSHFlexGrid1_MouseDown);
@@ -104,7 +102,7 @@ bool frmMain::Form_Load() {
     b_form_skin::SkinWindow(*this, skin_.Picture(modAbsen::Background::Big));
     const Day today = program_.clock.Today();
     lastTick_ = program_.clock.Now();
-    FillDayTabs(today);
+    StartDay(today);
     ui_->txtTCID->setText(SheetIdentifierOf(today));
     ui_->txtTanggal->setDate(ToQDate(today));
     SetUpGrid();
@@ -133,18 +131,11 @@ void frmMain::SetUpGrid() {
     grid.horizontalHeader()->setSectionResizeMode(SheetModel::Nama, QHeaderView::Stretch);
 }
 
-void frmMain::FillDayTabs(Day today) {
-    const QSignalBlocker quiet(ui_->tabTgl);
-    QTabBar& tabs = *ui_->tabTgl;
-    while (tabs.count() > 0)
-        tabs.removeTab(0);
-    const QDate date = ToQDate(today);
-    for (int day = 1; day <= date.daysInMonth(); ++day) {
-        tabs.addTab(QString::number(day));
-        tabs.setTabToolTip(day - 1, ShownDay(FromQDate(QDate(date.year(), date.month(), day))));
-    }
-    tabs.setTabText(date.day() - 1, u"•%1"_s.arg(date.day()));
-    tabs.setTabToolTip(date.day() - 1, u"Hari ini, %1"_s.arg(ShownDay(today)));
+/// The month of every sheet that is chosen from now on is that of this day.
+void frmMain::StartDay(Day today) {
+    ui_->txtTcIDLeft->setText(MonthPartOf(today));
+    ui_->tabTgl->ShowMonthOf(today);
+    ShowDayTab();
 }
 
 void frmMain::SetAdminMode(bool on) {
@@ -159,8 +150,8 @@ void frmMain::Timer1_Timer() {
     sheetDate_ = FromQDate(ui_->txtTanggal->date());
     const Seconds rest = SecondOfMinute(now) % RefreshEvery;
     ui_->lblTimer->setText(ShownTime(now) + u'-' + QString::number(rest.count()));
-    if (MonthPartOf(DayOf(lastTick_)) != MonthPartOf(DayOf(now)) || DayOf(lastTick_) != DayOf(now))
-        FillDayTabs(DayOf(now));
+    if (DayOf(lastTick_) != DayOf(now))
+        StartDay(DayOf(now));
     const bool due = RefreshIsDue(lastTick_, now);
     lastTick_ = now;
     if (due) {
@@ -361,15 +352,17 @@ bool frmMain::MaySwitchTo(const QString& day) {
 }
 
 void frmMain::SwitchToDay(const QString& day) {
-    if (day != ui_->txtTcIDRight->text() && MaySwitchTo(day)) {
+    const QString month = MonthPartOf(program_.clock.Today());
+    const bool isShown = ui_->txtTCID->text().startsWith(month + day);
+    if (!isShown && MaySwitchTo(day)) {
         ui_->txtTcIDRight->setText(day);
         ComposeIdentifier();
     }
     ShowDayTab();
 }
 
-void frmMain::tabTgl_Click(int index) {
-    SwitchToDay(TwoDigitDay(QString::number(index + 1)));
+void frmMain::tabTgl_Click(int day) {
+    SwitchToDay(TwoDigitDay(QString::number(day)));
 }
 
 void frmMain::UpDown1_Change(int step) {
@@ -379,8 +372,9 @@ void frmMain::UpDown1_Change(int step) {
 }
 
 void frmMain::ShowDayTab() {
-    const QSignalBlocker quiet(ui_->tabTgl);
-    ui_->tabTgl->setCurrentIndex(DayPartOf(ui_->txtTCID->text()).toInt() - 1);
+    const QString sheet = ui_->txtTCID->text();
+    const bool ofThisMonth = sheet.startsWith(MonthPartOf(program_.clock.Today()));
+    ui_->tabTgl->ShowDay(ofThisMonth ? DayPartOf(sheet).toInt() : 0);
 }
 
 void frmMain::keyPressEvent(QKeyEvent* event) {

@@ -55,7 +55,7 @@ private:
 
     void ConnectControls();
     void SetUpGrid();
-    void FillDayTabs(Day today);
+    void StartDay(Day today);
 
     void Form_KeyDown(int key);
     void cmdButtons_Click(int index);
@@ -68,7 +68,7 @@ private:
     void mnAdminMode_Click();
     void txtTCID_Change();
     void txtTcIDRight_LostFocus();
-    void tabTgl_Click(int index);
+    void tabTgl_Click(int day);
     void UpDown1_Change(int step);
     void MSHFlexGrid1_MouseDown(int column);
     void MSHFlexGrid1_DblClick(int row);

@@ -98,6 +98,8 @@ QTabBar::tab { background: white; border: 1px solid #D3DBE3; border-radius: 3px;
 QTabBar::tab:hover { background: #F0F5FA; }
 QTabBar::tab:selected { background: #0B5CAD; border-color: #0B5CAD; color: white; font-weight: 600; }
 QTabBar::tab:selected:focus { border: 2px solid #06325F; }
+QTabBar[look="unmarked"]::tab:selected { background: white; border-color: #D3DBE3; color: #1B2430; font-weight: 400; }
+QTabBar[look="unmarked"]::tab:selected:focus { border: 2px solid #0B5CAD; }
 QTabBar::tab:disabled { color: #8A95A3; }
 
 QMenuBar { background: transparent; padding-left: 4px; }

@@ -11,6 +11,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -274,11 +275,40 @@ TEST(frmMain, AQuoteInTheSheetIdentifierChangesNothing) {
     EXPECT_TRUE(desk.company.RowsOf(Cards).isEmpty());
 }
 
-TEST(frmMain, TheDayTabsFollowTheMonth) {
+TEST(frmMain, TheDayTabsFollowTheDayAndTheMonth) {
     WindowCompany desk;
-    desk.company.clock.now = Moment(u"2026-12-01 00:00:02");
+    auto& tabs = desk.Part<QTabBar>("tabTgl");
+    auto& sheet = desk.Part<QLineEdit>("txtTCID");
+    desk.company.clock.now = Moment(u"2026-11-23 00:00:02");
     desk.Tick();
-    EXPECT_EQ(desk.Part<QTabBar>("tabTgl").count(), 31);
-    EXPECT_EQ(desk.Part<QLineEdit>("txtTCID").text(), u"T20261122"_s);
+    EXPECT_EQ(tabs.currentIndex(), 21) << "the sheet is still that of the day before";
+    EXPECT_EQ(tabs.tabText(22), u"•23"_s);
+
+    desk.company.clock.now = Moment(u"2026-12-22 00:00:02");
+    desk.Tick();
+    EXPECT_EQ(tabs.count(), 31);
+    EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
+    // Today has the number of the sheet's day, and so the tab that is current already.
+    tabs.setFocus();
+    tabs.setCurrentIndex(21);
+    KeyboardUser::Press(Qt::Key_Space);
+    EXPECT_EQ(sheet.text(), u"T20261222"_s);
+    EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
+}
+
+TEST(frmMain, ADayThatTheMonthLacksLeavesEveryTabToBeChosen) {
+    WindowCompany desk;
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.Part<QPushButton>("cmdTCID").click();
+    auto& tabs = desk.Part<QTabBar>("tabTgl");
+    auto& sheet = desk.Part<QLineEdit>("txtTCID");
+    tabs.setCurrentIndex(29);
+    desk.window->findChild<QAbstractButton*>(u"UpDown1_Up"_s)->click();
+    ASSERT_EQ(sheet.text(), u"T20261131"_s);
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(29).center());
+    EXPECT_EQ(sheet.text(), u"T20261130"_s);
+    tabs.setFocus();
+    KeyboardUser::Press(Qt::Key_Left);
+    EXPECT_EQ(sheet.text(), u"T20261129"_s);
 }
