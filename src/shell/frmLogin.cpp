@@ -60,10 +60,22 @@ bool frmLogin::Form_KeyDown(int key) {
 }
 
 void frmLogin::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
+    switch (event->key()) {
+    case Qt::Key_Escape:
         cmdCancel_Click();
-    else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter && !Form_KeyDown(event->key()))
-        QDialog::keyPressEvent(event);
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // User ID and password answered it themselves.
+        if (ui_->cmdCancel->hasFocus())
+            cmdCancel_Click();
+        else if (ui_->txtTanggal->hasFocus())
+            ui_->cmdOK->setFocus();
+        break;
+    default:
+        if (!Form_KeyDown(event->key()))
+            QDialog::keyPressEvent(event);
+    }
 }
 
 void frmLogin::showEvent(QShowEvent* event) {

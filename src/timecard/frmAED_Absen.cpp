@@ -6,6 +6,7 @@
 
 #include <QButtonGroup>
 #include <QFocusEvent>
+#include <QImageReader>
 #include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
@@ -15,6 +16,13 @@ namespace {
 enum Button { Detail, Simpan, Batal };
 
 constexpr int CloseAfterMilliseconds = 2000;
+
+/// Cameras store how the picture was held beside the picture itself. Null when the file is no picture.
+QImage ReadPhoto(const QString& file) {
+    QImageReader reader(file);
+    reader.setAutoTransform(true);
+    return reader.read();
+}
 
 } // namespace
 
@@ -127,13 +135,15 @@ void frmAED_Absen::ShowRecorded() {
 }
 
 void frmAED_Absen::ShowPhoto(const QString& pathImage) {
-    QPixmap photo(PhotoFile(program_.folder, pathImage));
+    QImage photo = ReadPhoto(PhotoFile(program_.folder, pathImage));
     if (photo.isNull())
-        photo.load(program_.folder.Existing(u"\\NoImage.gif"));
-    if (!photo.isNull())
-        photo =
-            photo.scaled(ui_->imgEmp->size() - QSize(4, 4), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    ui_->imgEmp->setPixmap(photo);
+        photo = ReadPhoto(program_.folder.Existing(u"\\NoImage.gif"));
+    if (!photo.isNull()) {
+        const QSize room = (ui_->imgEmp->minimumSize() - QSize(4, 4)) * devicePixelRatioF();
+        photo = photo.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        photo.setDevicePixelRatio(devicePixelRatioF());
+    }
+    ui_->imgEmp->setPixmap(QPixmap::fromImage(photo));
 }
 
 void frmAED_Absen::ShowDetail(bool shown) {
@@ -168,12 +178,14 @@ void frmAED_Absen::cmdButtons_Click(int index) {
 void frmAED_Absen::ShowEmployeeList() {
     if (recorded_)
         return;
-    delete pickList_;
-    pickList_ = new PickList(program_, this);
-    connect(pickList_, &PickList::LOV_AfterListClose, this, &frmAED_Absen::LOV_AfterListClose);
-    pickList_->ConnectionString = program_.Db().ConnectionString();
-    pickList_->SqlText = u"select Nama,NIP from Employee"_s;
-    pickList_->ShowList(ui_->txtNIK, -1.0, -1.0);
+    Trapped(program_, u"ShowEmployeeList"_s, [this] {
+        delete pickList_;
+        pickList_ = new PickList(program_, this);
+        connect(pickList_, &PickList::LOV_AfterListClose, this, &frmAED_Absen::LOV_AfterListClose);
+        pickList_->ConnectionString = program_.Db().ConnectionString();
+        pickList_->SqlText = u"select Nama,NIP from Employee"_s;
+        pickList_->ShowList(ui_->txtNIK, -1.0, -1.0);
+    });
 }
 
 void frmAED_Absen::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
@@ -196,9 +208,11 @@ void frmAED_Absen::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        // Fields answer Enter themselves; behind them only a recorded entry has something left to close.
+        // Fields answer Enter themselves; a recorded entry has nothing left but to close.
         if (recorded_)
             accept();
+        else if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
+            button->click();
         break;
     default:
         QDialog::keyPressEvent(event);

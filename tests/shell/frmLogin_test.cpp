@@ -52,6 +52,22 @@ TEST(frmLogin, WhatIsTypedIsHandedOverOnceAndNotThroughTheClipboard) {
              Press(Qt::Key_F4);
          },
          u"<CANCEL>"_s},
+        {"enter on the cancel button",
+         [] {
+             KeyboardUser::Type(u"pelon"_s);
+             for (int i = 0; i < 4; ++i)
+                 Press(Qt::Key_Tab);
+             Press(Qt::Key_Return);
+         },
+         u"<CANCEL>"_s},
+        {"enter in the date and on the button behind it",
+         [] {
+             Press(Qt::Key_Tab);
+             Press(Qt::Key_Tab);
+             Press(Qt::Key_Return);
+             Press(Qt::Key_Return);
+         },
+         u"~~22-Nov-26"_s},
         {"escape", [] { Press(Qt::Key_Escape); }, u"<CANCEL>"_s},
         {"mnemonic of OK", [] { KeyboardUser::Press(Qt::Key_T, Qt::AltModifier); }, u"~~22-Nov-26"_s},
         {"mnemonic of cancel", [] { KeyboardUser::Press(Qt::Key_B, Qt::AltModifier); }, u"<CANCEL>"_s},

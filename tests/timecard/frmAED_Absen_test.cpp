@@ -155,7 +155,10 @@ TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
         KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return nik.text().isEmpty(); }));
         KeyboardUser::Type(u"0014"_s);
-        KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+        for (int i = 0; i < 3; ++i)
+            KeyboardUser::Press(Qt::Key_Tab);
+        EXPECT_TRUE(WindowCompany::Part<QPushButton>(entry, "cmdButtons_1").hasFocus());
+        KeyboardUser::Press(Qt::Key_Return);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return detail.isVisible(); }));
         KeyboardUser::Press(Qt::Key_Escape);
     });
