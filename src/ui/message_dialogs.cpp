@@ -1,5 +1,7 @@
 #include "ui/message_dialogs.h"
 
+#include "ui/busy_pointer.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -31,6 +33,7 @@ void SetUp(QMessageBox& box) {
 } // namespace
 
 void MessageDialogs::Show(Icon icon, const QString& text) {
+    const ReadyPointer ready;
     QMessageBox box(BoxIcon(icon), ProgramTitle, text, QMessageBox::Ok, QApplication::activeWindow());
     SetUp(box);
     box.button(QMessageBox::Ok)->setText(u"&OK"_s);
