@@ -30,8 +30,15 @@ enum ResultCode {
     NotADatabase = 26
 };
 
+/// The engine's extended code for a file that it has open, but that no longer stands under its name.
+constexpr int FileMoved = ReadOnly | (4 << 8);
+
 QString Advice(int code) {
-    switch (code) {
+    if (code == FileMoved)
+        return u"File database sudah dipindahkan, dihapus atau diganti. Tidak ada yang disimpan. Tutup "
+               u"program "
+               "ini lalu buka lagi."_s;
+    switch (code & 0xFF) {
     case Busy:
     case Locked:
         return u"Database sedang dikunci oleh program lain. Tunggu sebentar lalu ulangi; bila tetap terjadi, "
@@ -130,7 +137,7 @@ QString SqliteEngine::Translate(const QString& statement) const {
 DatabaseFailure SqliteEngine::Describe(const QSqlError& error) const {
     const int code = error.nativeErrorCode().toInt();
     const QString native = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    return {code == 0 ? 1 : code, u"SQLite"_s, u"%1 (%2)"_s.arg(Advice(code & 0xFF), native)};
+    return {code == 0 ? 1 : code, u"SQLite"_s, u"%1 (%2)"_s.arg(Advice(code), native)};
 }
 
 QString SqliteEngine::BeginStatement() const {

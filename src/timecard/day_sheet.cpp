@@ -44,6 +44,8 @@ std::vector<SheetEmployee> ReadEmployees(Connection& connection, const QString& 
 }
 
 std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& sheet) {
+    if (sheet.size() < DayIdentifierLength)
+        return {}; // it would begin the identifiers of a month's cards, or of all there are
     // The last character there is ends the range of identifiers that begin with the sheet's.
     const QString first = sheet.toUpper();
     const QString last = first + QString::fromUcs4(U"\U0010FFFF");

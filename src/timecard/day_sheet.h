@@ -44,5 +44,6 @@ struct SheetCard {
     SheetEntry entry;
 };
 
-/// All cards of a sheet that have a day row, in one statement, ordered by identifier. Throws DatabaseError.
+/// All cards of a sheet that have a day row, in one statement, ordered by identifier; none while the
+/// identifier is still too short to name a day. Throws DatabaseError.
 std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& sheet);

@@ -5,6 +5,7 @@
 #include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
+#include "ui/theme.h"
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
 
@@ -13,6 +14,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QRegularExpressionValidator>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 using modGeneral::AskAdminPass;
@@ -24,13 +27,13 @@ enum Button { In, Out, Admin };
 constexpr QSize FirstSize(1366, 740);
 constexpr int TickMilliseconds = 1200;
 constexpr Seconds RefreshEvery{5};
-constexpr int LastDayOfAnyMonth = 31;
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
 constexpr std::chrono::milliseconds ClockPatience{200};
 constexpr std::chrono::milliseconds UserPatience{2000};
 /// The mode under which the entry window records a departure.
 const QString ClockOutMode = u"N"_s;
 const QString ClockInMode = u"IN"_s;
+constexpr int FileNotFoundNumber = 53;
 
 Seconds SecondOfMinute(WallTime time) {
     return TimeOfDay(time) % std::chrono::minutes{1};
@@ -54,13 +57,30 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     lblUpdated_->setObjectName(u"lblUpdated"_s);
     ui_->statusbar->addWidget(lblCounts_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
+    SizeFields();
     ui_->picCloseTcid->hide();
     ui_->lblOtherDay->hide();
     ui_->lblAdminMode->hide();
     ConnectControls();
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // The field that has the focus loses it while the window goes, when there is nothing left to answer with.
+    for (QObject* control : findChildren<QObject*>())
+        control->disconnect(this);
+}
+
+void frmMain::SizeFields() {
+    const std::pair<QLineEdit*, QString> samples[] = {{ui_->txtTcIDLeft, u"T000000"_s},
+                                                      {ui_->txtTcIDRight, u"00"_s},
+                                                      {ui_->txtExt, u"W"_s},
+                                                      {ui_->txtTCID, u"T00000000-W"_s}};
+    for (const auto& [field, sample] : samples)
+        field->setFixedWidth(Theme::FieldWidth(*field, sample));
+    const int height = ui_->txtTcIDRight->sizeHint().height() / 2;
+    for (QToolButton* button : {ui_->UpDown1_Up, ui_->UpDown1_Down})
+        button->setFixedSize(height * 3 / 2, height);
+}
 
 void frmMain::ConnectControls() {
     auto* cmdButtons = new QButtonGroup(this);
@@ -84,9 +104,15 @@ void frmMain::ConnectControls() {
     connect(ui_->txtTCID, &QLineEdit::editingFinished, this, [this] { RefreshSheet(Cause::User); });
     connect(ui_->txtTcIDRight, &QLineEdit::editingFinished, this, &frmMain::txtTcIDRight_LostFocus);
     connect(ui_->txtExt, &QLineEdit::editingFinished, this, &frmMain::txtTcIDRight_LostFocus);
-    // Cards carry their identifier in upper case: the extension is shown as it will stand on them.
-    connect(ui_->txtExt, &QLineEdit::textEdited, this,
-            [this](const QString& text) { ui_->txtExt->setText(text.toUpper()); });
+    ui_->txtTcIDRight->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), ui_->txtTcIDRight));
+    // Cards carry their identifier in upper case: it is shown as it will stand on them.
+    for (QLineEdit* field : {ui_->txtExt, ui_->txtTCID})
+        connect(field, &QLineEdit::textEdited, this, [field](const QString& text) {
+            const int cursor = field->cursorPosition();
+            field->setText(text.toUpper());
+            field->setCursorPosition(cursor);
+        });
     connect(ui_->tabTgl, &DayTabs::DayChosen, this, &frmMain::tabTgl_Click);
     connect(ui_->UpDown1_Up, &QToolButton::clicked, this, [this] { UpDown1_Change(+1); });
     connect(ui_->UpDown1_Down, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
@@ -131,13 +157,6 @@ void frmMain::SetUpGrid() {
     grid.horizontalHeader()->setSectionResizeMode(SheetModel::Nama, QHeaderView::Stretch);
 }
 
-/// The month of every sheet that is chosen from now on is that of this day.
-void frmMain::StartDay(Day today) {
-    ui_->txtTcIDLeft->setText(MonthPartOf(today));
-    ui_->tabTgl->ShowMonthOf(today);
-    ShowDayTab();
-}
-
 void frmMain::SetAdminMode(bool on) {
     adminMode_ = on;
     ui_->mnAdminMode->setChecked(on);
@@ -160,32 +179,66 @@ void frmMain::Timer1_Timer() {
     }
 }
 
-void frmMain::RefreshSheet(Cause cause) {
+bool frmMain::RefreshSheet(Cause cause) {
     ui_->lblAdminMode->setVisible(adminMode_);
+    std::exception_ptr failure;
     try {
         ReadSheet(cause);
-        refreshFailing_ = false;
         lastRefresh_ = program_.clock.Now();
-    } catch (const std::exception& error) {
-        // While the clock's refreshes keep failing, one message is enough; the status bar tells the rest.
-        const bool tell = cause == Cause::User || !std::exchange(refreshFailing_, true);
-        if (tell)
-            ReportError(program_, error, u"RefreshSheet"_s);
+    } catch (const std::exception&) {
+        failure = std::current_exception();
     }
+    const bool failedBefore = std::exchange(refreshFailing_, bool(failure));
     ShowState();
+    if (failure && cause == Cause::User)
+        TellFailure(failure);
+    else if (failure && !failedBefore && !tellingFailure_)
+        TellLater(failure);
+    return !failure;
+}
+
+void frmMain::TellFailure(const std::exception_ptr& failure) {
+    const QScopedValueRollback telling(tellingFailure_, true);
+    Trapped(program_, u"RefreshSheet"_s, [&failure] { std::rethrow_exception(failure); });
+}
+
+/// While the clock's refreshes keep failing, one message is enough; the status bar tells the rest. It is not
+/// shown from within the timer's own call, because the clock would stand still for as long as it is shown.
+void frmMain::TellLater(const std::exception_ptr& failure) {
+    tellingFailure_ = true;
+    QMetaObject::invokeMethod(
+        this, [this, failure] { TellFailure(failure); }, Qt::QueuedConnection);
 }
 
 void frmMain::ReadSheet(Cause cause) {
     const BusyPointer busy;
     Connection& connection = program_.Db();
+    if (connection.FileName().isEmpty())
+        throw ProgramError(FileNotFoundNumber,
+                           u"File database tidak ditemukan lagi. Kembalikan file itu, lalu "
+                           "tutup dan buka lagi program ini."_s);
     if (cause == Cause::Clock)
-        connection.SetPatience(ClockPatience);
-    const auto restore = qScopeGuard([&connection] { connection.SetPatience(UserPatience); });
-    sheet_.Refresh(connection, ui_->txtTCID->text());
+        RefreshWithin(ClockPatience);
+    else
+        sheet_.Refresh(connection, ui_->txtTCID->text());
     if (sheet_.IsClosed())
         return;
     ui_->txtTanggal->setDate(ToQDate(sheet_.SheetDay()));
     sheetDate_ = sheet_.SheetDay();
+}
+
+void frmMain::RefreshWithin(std::chrono::milliseconds patience) {
+    Connection& connection = program_.Db();
+    connection.SetPatience(patience);
+    std::exception_ptr failure;
+    try {
+        sheet_.Refresh(connection, ui_->txtTCID->text());
+    } catch (const std::exception&) {
+        failure = std::current_exception();
+    }
+    connection.SetPatience(UserPatience);
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void frmMain::ShowState() {
@@ -259,6 +312,8 @@ void frmMain::mnOUT_Click() {
 
 void frmMain::OpenClockEntry(const QString& mode) {
     sheetIdentifier_ = ui_->txtTCID->text();
+    if (sheetIdentifier_.isEmpty())
+        return;
     bool closed = false;
     if (!Trapped(program_, u"OpenClockEntry"_s,
                  [&] { closed = IsSheetClosed(program_.Db(), sheetIdentifier_); }))
@@ -266,8 +321,10 @@ void frmMain::OpenClockEntry(const QString& mode) {
     ui_->picCloseTcid->setVisible(closed);
     if (closed)
         return;
-    // The date that the window shows may be older than the last recording of another desk.
-    RefreshSheet(Cause::User);
+    // The date that the window shows may be that of another sheet, or older than another desk's recording: it
+    // must not go onto a card unless it was read.
+    if (!RefreshSheet(Cause::User))
+        return;
     frmAED_Absen entry(program_, sheetIdentifier_, sheetDate_, mode, skin_, this);
     entry.exec();
     RefreshSheet(Cause::User);
@@ -305,76 +362,6 @@ void frmMain::ChangeSheet(bool close) {
 
 void frmMain::mnAdminMode_Click() {
     SetAdminMode(!adminMode_ && AskAdminPass(program_));
-}
-
-bool frmMain::IsUnlocked() const {
-    return ui_->txtTCID->isEnabled();
-}
-
-void frmMain::cmdTCID_Click() {
-    const bool unlock = !IsUnlocked();
-    if (unlock && !AskAdminPass(program_))
-        return;
-    for (QWidget* field : {ui_->txtTCID, ui_->txtTcIDRight, ui_->txtExt})
-        field->setEnabled(unlock);
-    ui_->cmdTCID->setText(unlock ? u"&Kunci"_s : u"Buka &kunci"_s);
-    if (unlock)
-        ui_->txtTcIDRight->setFocus();
-}
-
-void frmMain::txtTCID_Change() {
-    const QString sheet = ui_->txtTCID->text();
-    ui_->txtTcIDLeft->setText(MonthPartOf(program_.clock.Today()));
-    if (!sheet.contains(u'-'))
-        ui_->txtTcIDRight->setText(TrailingDay(sheet));
-    ShowDayTab();
-}
-
-void frmMain::txtTcIDRight_LostFocus() {
-    ComposeIdentifier();
-}
-
-void frmMain::ComposeIdentifier() {
-    const QString day = ui_->txtTcIDRight->text().trimmed();
-    if (day.isEmpty()) {
-        ui_->txtTcIDRight->setText(DayPartOf(ui_->txtTCID->text()));
-    } else {
-        ui_->txtTcIDRight->setText(TwoDigitDay(day));
-        ui_->txtTCID->setText(ComposeSheetIdentifier(ui_->txtTcIDLeft->text(), day, ui_->txtExt->text()));
-    }
-    RefreshSheet(Cause::User);
-}
-
-/// Only a supervisor may switch the sheet to another day; back to today everybody may.
-bool frmMain::MaySwitchTo(const QString& day) {
-    return IsUnlocked() || day == TrailingDay(SheetIdentifierOf(program_.clock.Today()))
-           || AskAdminPass(program_);
-}
-
-void frmMain::SwitchToDay(const QString& day) {
-    const QString month = MonthPartOf(program_.clock.Today());
-    const bool isShown = ui_->txtTCID->text().startsWith(month + day);
-    if (!isShown && MaySwitchTo(day)) {
-        ui_->txtTcIDRight->setText(day);
-        ComposeIdentifier();
-    }
-    ShowDayTab();
-}
-
-void frmMain::tabTgl_Click(int day) {
-    SwitchToDay(TwoDigitDay(QString::number(day)));
-}
-
-void frmMain::UpDown1_Change(int step) {
-    const int day = ui_->txtTcIDRight->text().toInt() + step;
-    if (day >= 1 && day <= LastDayOfAnyMonth)
-        SwitchToDay(TwoDigitDay(QString::number(day)));
-}
-
-void frmMain::ShowDayTab() {
-    const QString sheet = ui_->txtTCID->text();
-    const bool ofThisMonth = sheet.startsWith(MonthPartOf(program_.clock.Today()));
-    ui_->tabTgl->ShowDay(ofThisMonth ? DayPartOf(sheet).toInt() : 0);
 }
 
 void frmMain::keyPressEvent(QKeyEvent* event) {

@@ -7,6 +7,8 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include <chrono>
+#include <exception>
 #include <functional>
 #include <memory>
 
@@ -53,6 +55,7 @@ protected:
 private:
     enum class Cause { User, Clock };
 
+    void SizeFields();
     void ConnectControls();
     void SetUpGrid();
     void StartDay(Day today);
@@ -80,8 +83,12 @@ private:
     void OpenClockEntry(const QString& mode);
     void ChangeSheet(bool close);
     void LoadEmployees(const QString& sortClause);
-    void RefreshSheet(Cause cause);
+    /// False when it failed; the user is told.
+    bool RefreshSheet(Cause cause);
     void ReadSheet(Cause cause);
+    void RefreshWithin(std::chrono::milliseconds patience);
+    void TellFailure(const std::exception_ptr& failure);
+    void TellLater(const std::exception_ptr& failure);
     void ShowState();
     void ShowDayTab();
 
@@ -95,8 +102,9 @@ private:
     QString sortClause_;
     bool adminMode_ = false;
     bool blink_ = false;
-    /// The clock's refresh is failing and the user has been told once.
+    /// The last refresh failed; the user has been told.
     bool refreshFailing_ = false;
+    bool tellingFailure_ = false;
     WallTime lastTick_{};
     WallTime lastRefresh_{};
     std::unique_ptr<Ui::frmMain> ui_;

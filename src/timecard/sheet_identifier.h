@@ -7,6 +7,8 @@
 /// A sheet is named "T" + yyyymmdd, with "-" and an extension behind for a second sheet on one day. A card is
 /// named by its sheet and the employee number, in upper case.
 
+inline constexpr qsizetype DayIdentifierLength = 9;
+
 QString SheetIdentifierOf(Day day);
 
 /// "T" + yyyymm: what the month contributes to a sheet identifier.

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -145,6 +146,12 @@ std::optional<Theme::Colours> Theme::StatusColours(QStringView status) {
             return Colours{QColor(look.fill), QColor(look.text)};
     }
     return std::nullopt;
+}
+
+int Theme::FieldWidth(const QWidget& field, const QString& sample) {
+    constexpr int frame = 2 * (1 + 6 + 3); // border, padding and what the field itself keeps free
+    field.ensurePolished();
+    return field.fontMetrics().horizontalAdvance(sample) + frame;
 }
 
 QColor Theme::QuietText() {

@@ -6,6 +6,7 @@
 #include <optional>
 
 class QApplication;
+class QWidget;
 
 /// The one look of all windows: colours, fonts and spacing stand here and nowhere else. Widgets say what they
 /// are by the dynamic property "look" ("heading", "clock", "quiet", "notice", "desk", "done"), legend labels
@@ -22,6 +23,9 @@ struct Colours {
 
 /// How a status code is painted; nothing for a code without colours of its own.
 std::optional<Colours> StatusColours(QStringView status);
+
+/// The width of a field in which the sample can be read in full, with the font that the field has.
+int FieldWidth(const QWidget& field, const QString& sample);
 
 QColor QuietText();
 QColor Accent();

@@ -1,6 +1,7 @@
 #include "timecard/frmMain.h"
 
 #include "support/window_company.h"
+#include "ui/message_dialogs.h"
 
 #include <QAction>
 #include <QApplication>
@@ -250,8 +251,13 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     for (int i = 0; i < 3; ++i) {
         desk.company.clock.now += Seconds{5};
         desk.Tick();
+        QApplication::processEvents();
     }
     EXPECT_EQ(desk.company.dialogs.texts.size(), 1);
+    // The user's own refresh is told, and opens no entry window with a date that could not be read.
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    EXPECT_EQ(desk.company.dialogs.texts.size(), 2);
     EXPECT_EQ(desk.Cell(2, SheetModel::Status), u"IN"_s);
     EXPECT_TRUE(
         desk.Part<QLabel>("lblUpdated").text().startsWith(u"TIDAK dapat diperbarui sejak 07:58:12"_s));
@@ -259,6 +265,55 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     desk.company.clock.now += Seconds{5};
     desk.Tick();
     EXPECT_EQ(desk.Part<QLabel>("lblUpdated").text(), u"diperbarui 07:58:32 · DATA.mdb"_s);
+}
+
+TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
+    WindowCompany desk;
+    MessageDialogs boxes;
+    Program program{desk.company.program.folder, desk.company.clock,           boxes, desk.company.log,
+                    desk.company.database,       desk.company.program.askLogin};
+    b_form_skin::Backgrounds skin;
+    frmMain window(program, skin, {.userCountry = [] { return u"United States"_s; }});
+    ASSERT_TRUE(window.Form_Load());
+    window.show();
+    const auto other = desk.company.OtherDesk();
+    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
+    const auto& clock = WindowCompany::Part<QLabel>(window, "lblTimer");
+    desk.user.WhenIn(u"MessageBox"_s, [&](QWidget& box) {
+        desk.company.clock.now = Moment(u"2026-11-22 07:58:40");
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return clock.text() == u"07:58:40-0"_s; }));
+        EXPECT_EQ(KeyboardUser::InFront(), &box) << "the next failure is not told on top";
+        KeyboardUser::Press(Qt::Key_Return);
+    });
+    desk.company.clock.now = Moment(u"2026-11-22 07:58:30");
+    EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.user.IsDone(); }));
+}
+
+TEST(frmMain, AnEmptySheetIdentifierOpensNoEntryAndOneThatIsTypedReadsNoMonth) {
+    WindowCompany desk;
+    desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.Part<QPushButton>("cmdTCID").click();
+    auto& sheet = desk.Part<QLineEdit>("txtTCID");
+    sheet.setFocus();
+    sheet.selectAll();
+    KeyboardUser::Press(Qt::Key_Delete);
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    KeyboardUser::Type(u"t20261122-b"_s);
+    EXPECT_EQ(sheet.text(), u"T20261122-B"_s);
+    EXPECT_TRUE(ReadSheetCards(desk.company.Db(), u"T202611"_s).empty());
+    EXPECT_EQ(ReadSheetCards(desk.company.Db(), u"T20261122"_s).size(), 1U);
+}
+
+TEST(frmMain, ADatabaseFileThatIsGoneIsTold) {
+    WindowCompany desk;
+    ASSERT_TRUE(QFile::remove(desk.company.DatabaseFile()));
+    desk.company.clock.now += Seconds{5};
+    desk.Tick();
+    QApplication::processEvents();
+    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"File database tidak ditemukan lagi."_s));
+    EXPECT_THROW(desk.company.Db().Execute(u"UPDATE Employee SET Nama='x'"_s), DatabaseError);
 }
 
 TEST(frmMain, AQuoteInTheSheetIdentifierChangesNothing) {
