@@ -152,9 +152,9 @@ void frmMain::SetUpGrid() {
                              SheetModel::OvertimeIn, SheetModel::OvertimeOut, SheetModel::OvertimeHours})
         grid.setColumnWidth(column, time);
     grid.setColumnWidth(SheetModel::Status, metrics.horizontalAdvance(u"Status"_s) + padding);
-    grid.setColumnWidth(SheetModel::Dept, metrics.horizontalAdvance(u"WWWW/WWWW"_s) + padding);
+    grid.setColumnWidth(SheetModel::Dept, metrics.horizontalAdvance(u"MMMM/MM"_s) + padding);
     grid.setColumnWidth(SheetModel::Nip, metrics.horizontalAdvance(u"00000000"_s) + padding);
-    grid.horizontalHeader()->setSectionResizeMode(SheetModel::Nama, QHeaderView::Stretch);
+    grid.StretchColumn(SheetModel::Nama, metrics.horizontalAdvance(u"Muhammad Ramadhan"_s) + padding);
 }
 
 void frmMain::SetAdminMode(bool on) {

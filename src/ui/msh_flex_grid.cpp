@@ -87,6 +87,24 @@ void MSHFlexGrid::SetEmptyText(const QString& text) {
     viewport()->update();
 }
 
+void MSHFlexGrid::StretchColumn(int column, int leastWidth) {
+    stretchedColumn_ = column;
+    leastWidth_ = leastWidth;
+    FitStretchedColumn();
+}
+
+void MSHFlexGrid::FitStretchedColumn() {
+    if (stretchedColumn_ < 0)
+        return;
+    const int others = horizontalHeader()->length() - columnWidth(stretchedColumn_);
+    setColumnWidth(stretchedColumn_, qMax(leastWidth_, viewport()->width() - others));
+}
+
+void MSHFlexGrid::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    FitStretchedColumn();
+}
+
 void MSHFlexGrid::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && currentIndex().isValid()) {

@@ -16,6 +16,9 @@ public:
     /// What the grid says in its middle while it has no rows.
     void SetEmptyText(const QString& text);
 
+    /// Gives a column the room that the others leave, but never less than it needs.
+    void StretchColumn(int column, int leastWidth);
+
 Q_SIGNALS:
     /// A mouse button went down on a column's header.
     void HeaderPressed(int column);
@@ -25,7 +28,12 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void FitStretchedColumn();
+
+    int stretchedColumn_ = -1;
+    int leastWidth_ = 0;
     QString emptyText_;
 };
