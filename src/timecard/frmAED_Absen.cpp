@@ -74,9 +74,8 @@ bool frmAED_Absen::txtNIK_Validate() {
         return true;
     bool known = false;
     const bool read = Trapped(program_, u"txtNIK_Validate"_s, [&] { known = LoadPassword(); });
-    if (read && !known)
+    if (read && !known) {
         program_.dialogs.Warn(u"NIK tidak ada !"_s);
-    if (!known) {
         ui_->txtNIK->setFocus();
         ui_->txtNIK->selectAll();
     }

@@ -33,7 +33,8 @@ private:
     void Form_Activate();
     void txtNIK_Enter();
     void txtNIK_LostFocus(Qt::FocusReason reason);
-    /// False when the number is unknown: then the user was told, and the focus is in the field again.
+    /// False when the number is unknown, after which the focus is in the field again, or could not be looked
+    /// up. The user was told.
     bool txtNIK_Validate();
     void txtPassword_Enter();
     void cmdButtons_Click(int index);

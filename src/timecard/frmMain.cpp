@@ -11,11 +11,9 @@
 
 #include <QButtonGroup>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QRegularExpressionValidator>
-#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 using modGeneral::AskAdminPass;
@@ -198,8 +196,9 @@ bool frmMain::RefreshSheet(Cause cause) {
 }
 
 void frmMain::TellFailure(const std::exception_ptr& failure) {
-    const QScopedValueRollback telling(tellingFailure_, true);
+    tellingFailure_ = true;
     Trapped(program_, u"RefreshSheet"_s, [&failure] { std::rethrow_exception(failure); });
+    tellingFailure_ = false;
 }
 
 /// While the clock's refreshes keep failing, one message is enough; the status bar tells the rest. It is not

@@ -265,6 +265,12 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     desk.company.clock.now += Seconds{5};
     desk.Tick();
     EXPECT_EQ(desk.Part<QLabel>("lblUpdated").text(), u"diperbarui 07:58:32 · DATA.mdb"_s);
+
+    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
+    desk.company.clock.now += Seconds{5};
+    desk.Tick();
+    QApplication::processEvents();
+    EXPECT_EQ(desk.company.dialogs.texts.size(), 3) << "the next outage is told again";
 }
 
 TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
