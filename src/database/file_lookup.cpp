@@ -16,6 +16,14 @@ QString EntryOf(const QString& folder, const QString& name, QDir::Filters filter
     return {};
 }
 
+QString ExistingFolder(const QString& path) {
+    const QFileInfo folder(path);
+    if (folder.isDir() || folder.isRoot())
+        return folder.absoluteFilePath();
+    const QString parent = ExistingFolder(folder.absolutePath());
+    return parent.isEmpty() ? QString() : EntryOf(parent, folder.fileName(), QDir::Dirs);
+}
+
 } // namespace
 
 QString ToLocalPath(const QString& path) {
@@ -28,12 +36,9 @@ QString ToLocalPath(const QString& path) {
 
 QString FindFile(const QString& path) {
     const QFileInfo wanted(ToLocalPath(path));
-    const QFileInfo folder(wanted.absolutePath());
-    const QString existingFolder = folder.exists()
-                                       ? folder.absoluteFilePath()
-                                       : EntryOf(folder.absolutePath(), folder.fileName(), QDir::Dirs);
-    if (existingFolder.isEmpty())
+    const QString folder = ExistingFolder(wanted.absolutePath());
+    if (folder.isEmpty())
         return {};
-    const QString file = EntryOf(existingFolder, wanted.fileName(), QDir::Files);
+    const QString file = EntryOf(folder, wanted.fileName(), QDir::Files);
     return QFileInfo(file).isFile() ? file : QString();
 }
