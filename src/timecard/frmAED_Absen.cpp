@@ -114,6 +114,7 @@ bool frmAED_Absen::Record() {
 void frmAED_Absen::ShowRecorded() {
     ui_->txtPassword->clear();
     ui_->lblCapsLock->clear();
+    setFocus();
     for (QWidget* input :
          {static_cast<QWidget*>(ui_->txtNIK), static_cast<QWidget*>(ui_->txtPassword),
           static_cast<QWidget*>(ui_->cmdButtons_1), static_cast<QWidget*>(ui_->cmdButtons_2)})
