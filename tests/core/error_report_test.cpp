@@ -24,11 +24,7 @@ TEST(ShowDatabaseError, SaysWhatIsPendingWordForWord) {
     const ProgramError general(13, u"Type mismatch"_s);
     const std::runtime_error unknown("halo");
     const DatabaseError none(QList<DatabaseFailure>{});
-    const struct {
-        const std::exception* pending;
-        QString connected;
-        QString unconnected;
-    } cases[] = {
+    const std::tuple<const std::exception*, QString, QString> cases[] = {
         {&three,
          u"\nDatabase Errors: \n----------------------------------------\n[-2147217900]-Mesin\nKalimat "
          u"salah\n\n"
@@ -98,20 +94,6 @@ TEST(ErrorLog, APlaceThatCannotBeWrittenHarmsNobody) {
     log.WriteLog(u"kept"_s);
     EXPECT_EQ(LogOf(path), "kept\n");
 }
-
-#ifndef Q_OS_WIN
-TEST(ErrorLog, StandsInTheUsersStateFolder) {
-    const QByteArray before = qgetenv("XDG_STATE_HOME");
-    const QString usual = QDir::homePath() + u"/.local/state/timeattendance/VELTLOG.TXT"_s;
-    const std::pair<QByteArray, QString> cases[] = {
-        {"/var/x", u"/var/x/timeattendance/VELTLOG.TXT"_s}, {"", usual}, {"relative", usual}};
-    for (const auto& [folder, path] : cases) {
-        qputenv("XDG_STATE_HOME", folder);
-        EXPECT_EQ(modGeneral::ErrorLogPath(), path);
-    }
-    qputenv("XDG_STATE_HOME", before);
-}
-#endif
 
 TEST(Trapped, LogsAndShowsAFailureUnderItsProcedure) {
     TestCompany company;

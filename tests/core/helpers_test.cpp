@@ -23,11 +23,7 @@ TEST(SecondsToTimeText, KeepsItsOddCases) {
 }
 
 TEST(PadText, GivesExactlyTheWidthInCharactersAsAReaderSeesThem) {
-    const struct {
-        QString text;
-        int width;
-        QString padded;
-    } cases[] = {
+    const std::tuple<QString, int, QString> cases[] = {
         {u"Budi"_s, 6, u"Budi  "_s},
         {u"Budi Santoso"_s, 6, u"Budi S"_s},
         {u"Budi"_s, 4, u"Budi"_s},

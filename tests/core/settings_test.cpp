@@ -24,10 +24,7 @@ const QString Tail =
 } // namespace
 
 TEST(Settings, TheFirstEntryOfTheKeyInSectionMainCounts) {
-    const struct {
-        QByteArray file;
-        QString value;
-    } cases[] = {
+    const std::tuple<QByteArray, QString> cases[] = {
         {"[Main]\nserver=db1\n", u"db1"_s},
         {"[MAIN]\r\nSERVER=db1\r\n", u"db1"_s},
         {"  [main]  \n\t Server \t= \t db1 \t\n", u"db1"_s},
@@ -60,10 +57,7 @@ TEST(Settings, TheFirstEntryOfTheKeyInSectionMainCounts) {
 
 TEST(ConnectionText, NamesTheDatabaseBesideTheProgramOrInTheFolderUi) {
     const QString head = u"Provider=Microsoft.Jet.OLEDB.4.0;User ID=Admin;Data Source="_s;
-    const struct {
-        QString database;
-        QString source;
-    } cases[] = {
+    const std::tuple<QString, QString> cases[] = {
         {u"prog;1/DATA.mdb"_s, u"\\DATA.mdb"_s},     {u"prog;1/data.mdb"_s, u"\\DATA.mdb"_s},
         {u"prog;1/Data.MDB"_s, u"\\DATA.mdb"_s},     {u"UI/DATA.mdb"_s, u"\\..\\UI\\DATA.mdb"_s},
         {u"ui/data.Mdb"_s, u"\\..\\UI\\DATA.mdb"_s},

@@ -56,34 +56,30 @@ TEST_F(StartUp, PicturesThenCountryThenConnection) {
     EXPECT_EQ(company.dialogs.texts, QStringList());
 }
 
-TEST_F(StartUp, AnotherCountryIsToldAndNoDatabaseOpened) {
-    EXPECT_FALSE(Start(u"Indonesia"_s));
-    EXPECT_EQ(screen.events, pictures + QStringList({u"country"_s, u"arrow"_s}));
-    EXPECT_FALSE(company.database.Exists());
-    EXPECT_EQ(
-        company.dialogs.texts,
-        QStringList{u"Regional setting harus English (United Stated)\nTolong buka Control Panel window."_s});
-    EXPECT_EQ(company.dialogs.icons, std::vector{Dialogs::Icon::Exclamation});
-    EXPECT_FALSE(QFile::exists(company.folder.filePath(u"VELTLOG.TXT"_s)));
-}
-
-TEST_F(StartUp, AMissingPictureIsNamedAndEndsTheStart) {
-    QFile::remove(company.folder.filePath(u"images/back_midle.gif"_s));
-    EXPECT_FALSE(Start(u"United States"_s));
-    EXPECT_EQ(screen.events.size(), 5);
-    EXPECT_EQ(screen.events.last(), u"arrow"_s);
-    EXPECT_FALSE(company.database.Exists());
-    EXPECT_EQ(company.dialogs.texts,
-              QStringList{u"tidak ada: "_s + company.program.folder.Joined(u"\\images\\back_midle.gif")});
-    EXPECT_TRUE(QFile::exists(company.folder.filePath(u"VELTLOG.TXT"_s)));
-}
-
-TEST_F(StartUp, AFailingConnectionIsToldAndRefuses) {
-    QFile::remove(company.DatabaseFile());
-    EXPECT_FALSE(Start(u"United States"_s));
-    EXPECT_EQ(screen.events.last(), u"arrow"_s);
-    EXPECT_EQ(company.dialogs.texts.size(), 1);
-    EXPECT_TRUE(company.dialogs.Last().startsWith(u"File database tidak ditemukan: "_s));
+TEST_F(StartUp, WhateverFailsIsToldOnceAndEndsTheStart) {
+    const QString noDatabase = u"File database tidak ditemukan: "_s;
+    const QString abroad =
+        u"Regional setting harus English (United Stated)\nTolong buka Control Panel window."_s;
+    const QString noPicture = u"tidak ada: "_s + company.program.folder.Joined(u"\\images\\back_midle.gif");
+    // The country, the file that is missing, the message, its icon, the last thing done and whether it is
+    // logged.
+    const std::tuple<QString, QString, QString, Dialogs::Icon, QString, bool> cases[] = {
+        {u"Indonesia"_s, {}, abroad, Dialogs::Icon::Exclamation, u"country"_s, false},
+        {u"UNITED STATES"_s, u"DATA.mdb"_s, noDatabase, Dialogs::Icon::None, u"country"_s, false},
+        {u"Indonesia"_s, u"images/back_midle.gif"_s, noPicture, Dialogs::Icon::None, u"middle"_s, true},
+    };
+    for (const auto& [country, missing, message, icon, last, logged] : cases) {
+        SCOPED_TRACE(message.toStdString());
+        QFile::remove(company.folder.filePath(missing));
+        company.dialogs = {};
+        EXPECT_FALSE(Start(country));
+        EXPECT_FALSE(company.database.Exists());
+        EXPECT_EQ(screen.events.last(), u"arrow"_s);
+        EXPECT_TRUE(screen.events.at(screen.events.size() - 2).startsWith(last));
+        EXPECT_EQ(company.dialogs.icons, std::vector{icon});
+        EXPECT_TRUE(company.dialogs.Last().startsWith(message)) << company.dialogs.Last().toStdString();
+        EXPECT_EQ(QFile::exists(company.folder.filePath(u"VELTLOG.TXT"_s)), logged);
+    }
 }
 
 TEST(RegionalSetting, OnlyTheUnitedStatesInAnyLetterCase) {

@@ -9,12 +9,7 @@ TEST(AskAdminPass, PassesOnlyASupervisor) {
     const QString wrong = u"Password/Username salah."_s;
     const QString notEntered = u"Login tidak diisi.."_s;
     const QString onlySupervisors = u"Hanya level supervisor / SPV.\nLihat [User Job]..."_s;
-    const struct {
-        QString login;
-        bool passes;
-        QString message;
-        Icon icon;
-    } cases[] = {
+    const std::tuple<QString, bool, QString, Icon> cases[] = {
         {u"pelon~Rahasia~22-Nov-26"_s, true, {}, {}},
         {u"pelon~Rahasia~"_s, true, {}, {}},
         {u"pelon~Rahasia~x~22-Nov-26"_s, true, {}, {}}, // what follows the second "~" does not count
@@ -47,12 +42,7 @@ TEST(AskAdminPass, PassesOnlyASupervisor) {
 }
 
 TEST(AskAdminPass, AFailureIsLoggedShownAndRefuses) {
-    const struct {
-        const char* what;
-        QString login;
-        QString statement;
-        QString shown;
-    } cases[] = {
+    const std::tuple<const char*, QString, QString, QString> cases[] = {
         {"typed quote", u"' or '1'='1~x~d"_s, {}, u"tanda kutip"_s},
         {"no table of users", u"pelon~Rahasia~d"_s, u"DROP TABLE [User]"_s, u"no such table: User"_s},
         {"no table of roles", u"pelon~Rahasia~d"_s, u"DROP TABLE User_Job"_s, u"no such table: User_Job"_s},

@@ -63,11 +63,7 @@ TEST(DatabaseFile, WhatIsNoDatabaseOfOursIsRefusedUntouched) {
     ASSERT_GT(whole.size(), 50'000);
     QByteArray newer = whole;
     newer[63] = 9; // the last byte of the version number in the file's header
-    const struct {
-        const char* what;
-        QByteArray bytes;
-        QString message;
-    } cases[] = {
+    const std::tuple<const char*, QByteArray, QString> cases[] = {
         {"an empty file", {}, u"bukan database absensi (atau masih kosong)"_s},
         {"a text", QByteArray("no database ").repeated(100), u"File ini bukan database."_s},
         {"another program's database", ForeignDatabase(), u"bukan database absensi (atau masih kosong)"_s},
@@ -129,11 +125,7 @@ TEST(DatabaseFile, AReadOnlyOneIsTold) {
     const auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
     const auto enterable = readable | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
     const auto writable = readable | QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
-    const struct {
-        const char* what;
-        QFile::Permissions file;
-        QString message;
-    } cases[] = {
+    const std::tuple<const char*, QFile::Permissions, QString> cases[] = {
         {"the file", readable, u"Database hanya dapat dibaca, tidak dapat ditulis."_s},
         {"its folder", writable, u"Database hanya dapat dibaca, tidak dapat ditulis."_s},
         {"neither to be read", {}, u"File database tidak dapat dibuka."_s},

@@ -40,10 +40,12 @@ TEST_F(Recordsets, AddChangeAndEmptyFieldsInAnyLetterCase) {
     row.Update();
     row.Update(); // nothing changed since
     EXPECT_EQ(Employees(), QStringList{u"0012|Budi||-"_s});
-    row.Set(u"Dept"_s, QString());
-    EXPECT_TRUE(row.Field(u"Dept"_s).IsNull());
-    row.Update();
-    EXPECT_EQ(Employees(), QStringList{u"0012|Budi|-|-"_s});
+    for (const QString& emptied : {QString(), u""_s}) { // null and empty are two values
+        Recordset again = Employee(db, u"0012"_s);
+        again.Set(u"Dept"_s, emptied);
+        again.Update();
+        EXPECT_EQ(Employee(db, u"0012"_s).Field(u"Dept"_s).IsNull(), emptied.isNull());
+    }
 
     EXPECT_NE(FailureOf([&] { row.Set(u"Gaji"_s, 1); }), QString());
     EXPECT_NE(FailureOf([&] { row.Field(u"Gaji"_s); }), QString());
@@ -84,11 +86,7 @@ TEST_F(Recordsets, EveryCharacterIsDataThere) {
 
 TEST_F(Recordsets, AnotherDesksChangeIsNeverOverwritten) {
     const auto other = company.OtherDesk();
-    const struct {
-        const char* what;
-        QString change;
-        QStringList left;
-    } cases[] = {
+    const std::tuple<const char*, QString, QStringList> cases[] = {
         {"the same field", u"UPDATE Employee SET Nama='Ali'"_s, {u"0012|Ali||-"_s}},
         {"another field", u"UPDATE Employee SET GP=5"_s, {u"0012|Budi||5"_s}},
         {"a field emptied", u"UPDATE Employee SET Dept=NULL"_s, {u"0012|Budi|-|-"_s}},
@@ -173,27 +171,12 @@ TEST_F(Recordsets, TheChangeStampDiffersAfterEveryWriteAndOnlyThen) {
     const QString insert = u"INSERT INTO Division (DivKode) VALUES (?)"_s;
     int next = 0;
     const auto number = [&] { return QVariant(QString::number(++next)); };
-    const struct {
-        const char* what;
-        std::function<void()> action;
-        bool differs;
-    } cases[] = {
+    const std::tuple<const char*, std::function<void()>, bool> cases[] = {
         {"nothing", [] {}, false},
         {"own reading", [&] { company.RowsOf(u"select * from Division"_s); }, false},
         {"other's reading", [&] { other->Query(u"select * from Division"_s).Next(); }, false},
         {"own statement", [&] { db.Execute(insert, {number()}); }, true},
-        {"own row",
-         [&] {
-             Recordset row(db, u"select * from Division"_s);
-             row.Set(u"DivName"_s, number().toString());
-             row.Update();
-         },
-         true},
-        {"own many",
-         [&] {
-             db.ExecuteMany(insert, {{number()}, {number()}});
-         },
-         true},
+        {"own many", [&] { db.ExecuteMany(insert, {{number()}}); }, true},
         {"own many, the second failing",
          [&] {
              const QVariant twice = number();
@@ -201,13 +184,6 @@ TEST_F(Recordsets, TheChangeStampDiffersAfterEveryWriteAndOnlyThen) {
          },
          true},
         {"other's statement", [&] { other->Execute(insert, {number()}); }, true},
-        {"other's transaction",
-         [&] {
-             Transaction transaction(*other);
-             other->Execute(insert, {number()});
-             transaction.Commit();
-         },
-         true},
         {"other's transaction taken back",
          [&] {
              Transaction transaction(*other);

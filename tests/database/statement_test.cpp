@@ -123,10 +123,7 @@ TEST_F(Statements, SavedQueriesAreCalledByNameWithAQuotedArgument) {
 }
 
 TEST_F(Statements, WhatCouldSmuggleInAnotherMeaningIsRefused) {
-    const struct {
-        QString statement;
-        QString reason;
-    } refused[] = {
+    const std::tuple<QString, QString> refused[] = {
         {u"select 1; delete from Employee"_s, u"hanya satu perintah"_s},
         {u"select 1;"_s, u"hanya satu perintah"_s},
         {u"select NIP from Employee -- where"_s, u"komentar"_s},

@@ -104,12 +104,7 @@ TEST_F(Recording, ADepartureNeedsTheCardAndADayRowAndMayBeRepeated) {
 }
 
 TEST_F(Recording, NothingIsWrittenWhenAnythingFails) {
-    const struct {
-        const char* what;
-        QString trigger;
-        QString mode;
-        QString nip;
-    } cases[] = {
+    const std::tuple<const char*, QString, QString, QString> cases[] = {
         {"day row of an arrival", u"BEFORE INSERT ON TimeCardDetail"_s, u"IN"_s, u"0013"_s},
         {"header of a departure", u"BEFORE UPDATE ON TimeCardHeader"_s, u"N"_s, u"0012"_s},
         {"quote in the number", {}, u"IN"_s, u"' or '1'='1"_s},
@@ -173,15 +168,11 @@ TEST(Password, MatchesInAnyLetterCaseButNeverEmpty) {
     TestCompany company;
     company.AddUser(u"0012"_s, u"Rahasia"_s);
     company.AddUser(u"0013"_s, QString());
-    const struct {
-        QString typed;
-        QString stored;
-        bool matches;
-    } cases[] = {{u"rahasia"_s, u"RAHASIA"_s, true},
-                 {u"rahasia "_s, u"rahasia"_s, false},
-                 {u""_s, u""_s, false},
-                 {u"x"_s, u""_s, false},
-                 {u"ü"_s, u"Ü"_s, true}};
+    const std::tuple<QString, QString, bool> cases[] = {{u"rahasia"_s, u"RAHASIA"_s, true},
+                                                        {u"rahasia "_s, u"rahasia"_s, false},
+                                                        {u""_s, u""_s, false},
+                                                        {u"x"_s, u""_s, false},
+                                                        {u"ü"_s, u"Ü"_s, true}};
     for (const auto& [typed, stored, matches] : cases)
         EXPECT_EQ(PasswordMatches(typed, stored), matches) << typed.toStdString();
     EXPECT_EQ(LoadStoredPassword(company.Db(), u"0012"_s), u"Rahasia"_s);

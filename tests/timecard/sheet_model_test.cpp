@@ -67,12 +67,7 @@ TEST_F(DaySheet, ListsTheEmployeesInTheOrderOfTheClause) {
 }
 
 TEST_F(DaySheet, ShowsEachStateOfACard) {
-    const struct {
-        const char* what;
-        QString status;
-        QString times;
-        QString row;
-    } cases[] = {
+    const std::tuple<const char*, QString, QString, QString> cases[] = {
         {"in, 58:12 ago", u"'IN'"_s, u"'2026-11-22 07:00:00',NULL,NULL,NULL"_s,
          u"IN|07:00:00||00:58:12|||"_s},
         {"in, though it left before", u"'IN'"_s, u"'2026-11-22 06:28:12','2026-11-22 06:30:00',NULL,NULL"_s,
