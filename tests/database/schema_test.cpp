@@ -66,7 +66,7 @@ TEST(Schema, StoredFormsAreEnforced) {
         {u"TimeCardDetail (TCID,Tanggal,BeriUangMakan) VALUES ('T','2026-11-22',?)"_s, badFlags, goodFlags},
     };
     for (const auto& [insert, bad, good] : columns) {
-        const auto refusal = [&](const QString& value) {
+        const auto refusal = [&, &insert = insert](const QString& value) {
             const Transaction takenBack(company.Db());
             return FailureOf([&] { company.Db().Execute(u"INSERT INTO "_s + insert, {value}); });
         };

@@ -146,7 +146,7 @@ TEST_F(Statements, WhatCouldSmuggleInAnotherMeaningIsRefused) {
     for (const auto& [statement, reason] : refused) {
         SCOPED_TRACE(statement.toStdString());
         EXPECT_THROW(company.RowsOf(statement), StatementError);
-        EXPECT_TRUE(FailureOf([&] { company.RowsOf(statement); }).contains(reason));
+        EXPECT_TRUE(FailureOf([&, &statement = statement] { company.RowsOf(statement); }).contains(reason));
     }
     Expect(u"select count(1) from Employee"_s, {u"2"_s});
 }

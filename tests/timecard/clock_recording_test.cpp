@@ -118,9 +118,10 @@ TEST_F(Recording, NothingIsWrittenWhenAnythingFails) {
         if (!trigger.isEmpty())
             company.Db().ExecuteNative(
                 u"CREATE TRIGGER stop %1 BEGIN SELECT RAISE(ABORT,'x'); END"_s.arg(trigger));
-        EXPECT_NE(
-            FailureOf([&] { RecordClockEntry(company.Db(), Entry(mode, u"2026-11-22 15:00:00"), nip); }),
-            QString());
+        EXPECT_NE(FailureOf([&, &mode = mode, &nip = nip] {
+                      RecordClockEntry(company.Db(), Entry(mode, u"2026-11-22 15:00:00"), nip);
+                  }),
+                  QString());
         company.Db().ExecuteNative(u"DROP TRIGGER IF EXISTS stop"_s);
         EXPECT_EQ(Headers(), headers);
         EXPECT_EQ(Days(), days);

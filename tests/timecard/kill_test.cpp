@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Rounds = 12;
+constexpr int Rounds = 24;
 
 /// Lets a desk record for a while, kills it and gives what it had confirmed, one "IN 1000" each.
 QStringList RecordUntilKilled(const QString& database, int firstNip, int confirmations,
@@ -34,7 +34,7 @@ TEST(KilledDesk, EveryConfirmedRecordingIsThereAndNoHalfOne) {
     qsizetype confirmedInAll = 0;
     for (int round = 0; round < Rounds; ++round) {
         const QStringList confirmed =
-            RecordUntilKilled(company.DatabaseFile(), 1000 + round * 10'000, 1 + round % 5, round * 3 % 17);
+            RecordUntilKilled(company.DatabaseFile(), 1000 + round * 10'000, 1 + round % 5, round * 7 % 43);
         ASSERT_FALSE(confirmed.isEmpty()) << round;
         confirmedInAll += confirmed.size();
 
