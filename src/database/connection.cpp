@@ -46,8 +46,12 @@ QString Connection::FileName() const {
     return FindFile(DataSourceOf(connectionText_));
 }
 
-Rows Connection::Query(const QString& statement) {
-    return QueryNative(engine_->Translate(statement));
+Rows Connection::Query(const QString& statement, const QVariantList& values) {
+    QSqlQuery query = Prepared(engine_->Translate(statement));
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    Run(query);
+    return Rows(std::move(query), *engine_);
 }
 
 int Connection::Execute(const QString& statement, const QVariantList& values) {

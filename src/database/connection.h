@@ -55,7 +55,8 @@ public:
     /// The database file's path.
     QString FileName() const;
 
-    Rows Query(const QString& statement);
+    /// Runs a statement that reads, with the values bound to its "?" in order.
+    Rows Query(const QString& statement, const QVariantList& values = {});
 
     /// Runs a statement that changes data, with the values bound to its "?" in order, and returns the
     /// number of rows that it changed.

@@ -100,10 +100,14 @@ void Recordset::Change(const Row& row) {
         conditions << name + u" IS ?"_s;
         asRead << row.read[i];
     }
-    if (assignments.isEmpty())
-        return;
-    const QString update =
-        u"UPDATE [%1] SET %2 WHERE %3"_s.arg(table_, assignments.join(u", "_s), conditions.join(u" AND "_s));
-    if (connection_.Execute(update, values + asRead) == 0)
+    const QString where = u" WHERE "_s + conditions.join(u" AND "_s);
+    // A row with nothing to write is looked at all the same: what its caller writes beside it rests on it.
+    const bool stands =
+        assignments.isEmpty()
+            ? connection_.Query(u"SELECT 1 FROM [%1]"_s.arg(table_) + where, asRead).Next()
+            : connection_.Execute(u"UPDATE [%1] SET %2"_s.arg(table_, assignments.join(u", "_s)) + where,
+                                  values + asRead)
+                  > 0;
+    if (!stands)
         throw ConflictError(table_);
 }

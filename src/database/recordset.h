@@ -26,7 +26,7 @@ public:
     void AddNew();
     void Set(const QString& name, const FieldValue& value);
     /// Writes the current row. Throws ConflictError when it no longer stands in the database as it was
-    /// read; nothing is written then.
+    /// read, even when there is nothing to write; nothing is written then.
     void Update();
 
 private:

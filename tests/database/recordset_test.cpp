@@ -100,6 +100,7 @@ TEST_F(Recordsets, AnotherDesksChangeIsNeverOverwritten) {
         company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u""_s);
         Recordset mine = Employee(db, u"0012"_s);
         other->ExecuteNative(change);
+        EXPECT_THROW(mine.Update(), ConflictError) << "nothing to write, but what was read is gone";
         mine.Set(u"Nama"_s, u"Cici"_s);
         EXPECT_THROW(mine.Update(), ConflictError);
         EXPECT_EQ(Employees(), left);
