@@ -30,6 +30,12 @@ QString DayPartOf(const QString& sheet) {
     return sheet.contains(u'-') ? TwoDigitDay(sheet.mid(7, 2)) : TrailingDay(sheet);
 }
 
+std::optional<Day> DayOfIdentifier(const QString& identifier) {
+    if (!identifier.startsWith(u'T') || identifier.size() < 9)
+        return std::nullopt;
+    return MakeDay(identifier.mid(1, 4).toInt(), identifier.mid(5, 2).toInt(), identifier.mid(7, 2).toInt());
+}
+
 QString CardIdentifier(const QString& sheet, const QString& nip) {
     return (sheet + nip).toUpper();
 }

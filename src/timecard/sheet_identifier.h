@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /// A sheet is named "T" + yyyymmdd, with "-" and an extension behind for a second sheet on one day. A card is
 /// named by its sheet and the employee number, in upper case.
 
@@ -25,5 +27,8 @@ QString TrailingDay(const QString& sheet);
 
 /// The two-digit day of any identifier: of one with an extension, its characters 8 and 9.
 QString DayPartOf(const QString& sheet);
+
+/// The day that the identifier of a sheet or a card names; nothing when it names none.
+std::optional<Day> DayOfIdentifier(const QString& identifier);
 
 QString CardIdentifier(const QString& sheet, const QString& nip);

@@ -29,6 +29,11 @@ TEST(SheetIdentifier, IsComposedOfMonthDayAndExtension) {
     EXPECT_EQ(DayPartOf(u"7"_s), u"07"_s);
     EXPECT_EQ(DayPartOf(u""_s), u""_s);
     EXPECT_EQ(CardIdentifier(u"t20040515-a"_s, u"ab12"_s), u"T20040515-AAB12"_s);
+
+    for (const QString& named : {u"T20040515"_s, u"T20040515-A"_s, u"T200405151001"_s})
+        EXPECT_EQ(DayOfIdentifier(named), DayOf(Moment(u"2004-05-15"))) << named.toStdString();
+    for (const QString& none : {u""_s, u"T"_s, u"T2004051"_s, u"T20040431"_s, u"X20040515"_s, u"T2004-A"_s})
+        EXPECT_FALSE(DayOfIdentifier(none)) << none.toStdString();
 }
 
 TEST(Sheet, OnlyStatusOneIsClosed) {
