@@ -10,10 +10,25 @@ WallTimeEdit::WallTimeEdit(QWidget* parent) : QDateTimeEdit(parent) {
 }
 
 void WallTimeEdit::SetValue(WallTime time) {
+    set_ = time;
+    suggested_ = false;
     setDateTime(QDateTime(ToQDate(DayOf(time)),
                           QTime(0, 0).addSecs(static_cast<int>(TimeOfDay(time).count())), Qt::UTC));
 }
 
+void WallTimeEdit::Suggest(WallTime time) {
+    SetValue(time);
+    suggested_ = true;
+}
+
+bool WallTimeEdit::HoldsSuggestion() const {
+    return suggested_ && Value() == set_;
+}
+
 WallTime WallTimeEdit::Value() const {
-    return FromQDateTime(dateTime());
+    using std::chrono::floor;
+    using std::chrono::minutes;
+    const WallTime shown = floor<minutes>(FromQDateTime(dateTime()));
+    const WallTime setMinute = floor<minutes>(set_);
+    return TimeOfDay(shown) == TimeOfDay(setMinute) ? shown + (set_ - setMinute) : shown;
 }
