@@ -4,6 +4,7 @@
 #include "compute/money.h"
 #include "core/query_values.h"
 #include "database/statement.h"
+#include "timecard/sheet_identifier.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,44 +34,52 @@ int HoursBetween(const std::optional<WallTime>& from, const std::optional<WallTi
 
 EditedCard::EditedCard(Connection& connection, const QString& tcid, const QString& nip)
     : connection_(connection), tcid_(tcid), nip_(nip),
-      header_(connection, u"select * from TimeCardHeader where tcid="_s + Quoted(tcid)),
+      header_(std::in_place, connection, u"select * from TimeCardHeader where tcid="_s + Quoted(tcid)),
       day_(b_stored_procedure::OpenTimeCardDetail(connection, tcid)) {}
 
 CardFields EditedCard::Fields(Day today) const {
     CardFields fields;
-    fields.tanggal = today;
-    if (!day_.AtEnd()) {
-        if (const auto tanggal = day_.Field(u"Tanggal"_s).Time())
+    fields.tanggal = DayOfIdentifier(tcid_).value_or(today);
+    if (!day_->AtEnd()) {
+        if (const auto tanggal = day_->Field(u"Tanggal"_s).Time())
             fields.tanggal = DayOf(*tanggal);
-        fields.timeIn = SetTime(day_, u"TimeIN"_s);
-        fields.timeOut = SetTime(day_, u"TimeOUT"_s);
-        fields.overtimeIn = SetTime(day_, u"TimeINOT"_s);
-        fields.overtimeOut = SetTime(day_, u"TimeOutOT"_s);
-        fields.mealAllowance = day_.Field(u"BeriUangMakan"_s).Flag();
+        fields.timeIn = SetTime(*day_, u"TimeIN"_s);
+        fields.timeOut = SetTime(*day_, u"TimeOUT"_s);
+        fields.overtimeIn = SetTime(*day_, u"TimeINOT"_s);
+        fields.overtimeOut = SetTime(*day_, u"TimeOutOT"_s);
+        fields.mealAllowance = day_->Field(u"BeriUangMakan"_s).Flag();
     }
     fields.normalGiven = fields.timeIn && fields.timeOut;
     fields.overtimeGiven = fields.overtimeIn && fields.overtimeOut;
     fields.status = HeaderText(u"Status");
     fields.keterangan = HeaderText(u"Keterangan");
-    fields.normalAmount = HeaderText(u"NormalAmount");
-    fields.otAmount = HeaderText(u"OTAmount");
+    fields.normalAmount = AmountText(u"NormalAmount");
+    fields.otAmount = AmountText(u"OTAmount");
     return fields;
 }
 
 QString EditedCard::HeaderText(QStringView field) const {
-    return header_.AtEnd() ? QString() : header_.Field(field.toString()).Text();
+    return header_->AtEnd() ? QString() : header_->Field(field.toString()).Text();
+}
+
+/// In digits only: the text is read again when it is saved.
+QString EditedCard::AmountText(QStringView field) const {
+    const QString text = HeaderText(field);
+    return text.isEmpty() ? text : Money::FromField(header_->Field(field.toString())).Text();
 }
 
 bool EditedCard::Save(const CardFields& fields) {
     if (tcid_.isEmpty() || nip_.isEmpty())
         return false;
     // Copies, so that a save that fails can be tried again from what was read.
-    Recordset header = header_;
-    Recordset day = day_;
+    Recordset header = *header_;
+    Recordset day = *day_;
     Transaction transaction(connection_);
     FillHeader(header, fields);
     FillDay(day, fields);
     transaction.Commit();
+    header_.emplace(std::move(header));
+    day_.emplace(std::move(day));
     return true;
 }
 

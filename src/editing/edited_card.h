@@ -35,7 +35,7 @@ public:
     /// Reads the card's header and day row. Throws DatabaseError.
     EditedCard(Connection& connection, const QString& tcid, const QString& nip);
 
-    /// What was read; `today` is the day of a card that has none yet.
+    /// What was read. A card without a day row is of the day that its identifier names, `today` if none.
     CardFields Fields(Day today) const;
     /// For showing only: hours in hours-dot-minutes, the meal allowance as an amount; "" where nothing is
     /// stored.
@@ -45,18 +45,19 @@ public:
 
     /// Writes header and day row in one transaction, adding what is missing; hours are whole hours between
     /// the given times. Writes nothing and returns false when the card has no identifier or no employee
-    /// number. Throws ConflictError when another desk was quicker, DatabaseError otherwise; nothing is
-    /// written then.
+    /// number. Throws ConflictError when another desk changed any of it since it was read or last saved,
+    /// DatabaseError otherwise; nothing is written then.
     bool Save(const CardFields& fields);
 
 private:
     QString HeaderText(QStringView field) const;
+    QString AmountText(QStringView field) const;
     void FillHeader(Recordset& header, const CardFields& fields) const;
     void FillDay(Recordset& day, const CardFields& fields) const;
 
     Connection& connection_;
     QString tcid_;
     QString nip_;
-    Recordset header_;
-    Recordset day_;
+    std::optional<Recordset> header_;
+    std::optional<Recordset> day_;
 };

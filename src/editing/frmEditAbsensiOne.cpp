@@ -9,6 +9,7 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QRegularExpressionValidator>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +20,26 @@ enum Button { Simpan = 1, Batal = 2 };
 /// The time that a box shows, where the card has none at all the box is not counted.
 std::optional<WallTime> TimeIn(const WallTimeEdit& box, bool given, const std::optional<WallTime>& loaded) {
     return given ? std::optional(box.Value()) : loaded;
+}
+
+void ShowTime(WallTimeEdit& box, const std::optional<WallTime>& time, WallTime ifNone) {
+    if (time)
+        box.SetValue(*time);
+    else
+        box.Suggest(ifNone);
+}
+
+QString TimesHint(bool given, const WallTimeEdit& in, const WallTimeEdit& out) {
+    return given && out.Value() < in.Value() ? u"Jam keluar mendahului jam masuk."_s : QString();
+}
+
+/// Says what part of a typed amount counts when it is not all of it.
+QString AmountHint(const QString& amount) {
+    static const QRegularExpression number(u"^\\s*[+-]?[0-9]*([.][0-9]*)?\\s*"_s);
+    const qsizetype end = number.match(amount).capturedLength();
+    if (end == amount.size())
+        return {};
+    return u"Jumlah dibaca hanya sampai \"%1\"."_s.arg(amount[end]);
 }
 
 } // namespace
@@ -42,6 +63,10 @@ frmEditAbsensiOne::frmEditAbsensiOne(Program& program, const QString& tcid, cons
     connect(ui_->txtStatus, &QComboBox::currentTextChanged, this, &frmEditAbsensiOne::ShowStatusText);
     for (const WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
         connect(box, &QDateTimeEdit::dateTimeChanged, this, &frmEditAbsensiOne::ShowHints);
+    for (const QLineEdit* amount : {ui_->txtNAmount, ui_->txtOTAmount})
+        connect(amount, &QLineEdit::textChanged, this, &frmEditAbsensiOne::ShowHints);
+    ui_->txtOTAmount->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(u"[+-]?[0-9]*[.]?[0-9]*"_s), this));
     Form_Load();
 }
 
@@ -50,7 +75,7 @@ frmEditAbsensiOne::~frmEditAbsensiOne() = default;
 void frmEditAbsensiOne::Form_Load() {
     const WallTime today = program_.clock.Today();
     for (WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
-        box->SetValue(today);
+        box->Suggest(today);
     Trapped(program_, u"Form_Load"_s, [this] { FillStatusList(); });
     chkTimeIO_Click();
     chkOTIO_Click();
@@ -83,26 +108,31 @@ void frmEditAbsensiOne::LoadTimeCard() {
 
 void frmEditAbsensiOne::ShowFields(const CardFields& fields) {
     ui_->txtTanggal->setDate(ToQDate(fields.tanggal));
-    if (fields.timeIn)
-        ui_->txtTIN->SetValue(*fields.timeIn);
-    if (fields.timeOut)
-        ui_->txtTOUT->SetValue(*fields.timeOut);
-    if (fields.overtimeIn)
-        ui_->txtOTIN->SetValue(*fields.overtimeIn);
-    if (fields.overtimeOut)
-        ui_->txtOTOUT->SetValue(*fields.overtimeOut);
+    const WallTime today = program_.clock.Today();
+    ShowTime(*ui_->txtTIN, fields.timeIn, today);
+    ShowTime(*ui_->txtTOUT, fields.timeOut, today);
+    ShowTime(*ui_->txtOTIN, fields.overtimeIn, today);
+    ShowTime(*ui_->txtOTOUT, fields.overtimeOut, today);
     ui_->chkTimeIO->setChecked(fields.normalGiven);
     ui_->chkOTIO->setChecked(fields.overtimeGiven);
     ui_->chkUangMakan->setChecked(fields.mealAllowance);
     ui_->txtNAmount->setText(fields.normalAmount);
     ui_->txtOTAmount->setText(fields.otAmount);
     ui_->txtKeterangan->setText(fields.keterangan);
-    // A status such as IN stands on cards but is no type of absence: it is offered for this card alone.
-    if (ui_->txtStatus->findText(fields.status) < 0)
-        ui_->txtStatus->insertItem(0, fields.status);
-    ui_->txtStatus->setCurrentText(fields.status);
-    ShowStatusText();
+    ShowStatus(fields.status);
     ShowHints();
+}
+
+void frmEditAbsensiOne::ShowStatus(const QString& status) {
+    QComboBox& list = *ui_->txtStatus;
+    // A status such as IN stands on cards but is no type of absence: it is offered for this card alone, and
+    // only as long as the card has it.
+    if (list.count() > 0 && !list.itemData(0).isValid())
+        list.removeItem(0);
+    if (list.findText(status) < 0)
+        list.insertItem(0, status);
+    list.setCurrentText(status);
+    ShowStatusText();
 }
 
 CardFields frmEditAbsensiOne::TypedFields() const {
@@ -144,11 +174,10 @@ void frmEditAbsensiOne::cmdCalcHrs_Click() {
             return;
     }
     Trapped(program_, u"cmdCalcHrs_Click"_s, [this] {
-        const BusyPointer busy;
         modAbsen::CalculateTimeCard(program_.Db(), program_.dialogs, tcid_);
+        Q_EMIT Saved();
         LoadTimeCard();
     });
-    Q_EMIT Saved();
 }
 
 void frmEditAbsensiOne::cmdButtons_Click(int index) {
@@ -159,18 +188,21 @@ void frmEditAbsensiOne::cmdButtons_Click(int index) {
 }
 
 void frmEditAbsensiOne::chkTimeIO_Click() {
-    const bool given = ui_->chkTimeIO->isChecked();
-    for (QWidget* box : {static_cast<QWidget*>(ui_->txtTIN), static_cast<QWidget*>(ui_->txtTOUT),
-                         static_cast<QWidget*>(ui_->txtNHrs)})
-        box->setEnabled(given);
-    ShowHints();
+    EnableTimes(ui_->chkTimeIO->isChecked(), {ui_->txtTIN, ui_->txtTOUT}, *ui_->txtNHrs);
 }
 
 void frmEditAbsensiOne::chkOTIO_Click() {
-    const bool given = ui_->chkOTIO->isChecked();
-    for (QWidget* box : {static_cast<QWidget*>(ui_->txtOTIN), static_cast<QWidget*>(ui_->txtOTOUT),
-                         static_cast<QWidget*>(ui_->txtOTHrs)})
+    EnableTimes(ui_->chkOTIO->isChecked(), {ui_->txtOTIN, ui_->txtOTOUT}, *ui_->txtOTHrs);
+}
+
+void frmEditAbsensiOne::EnableTimes(bool given, const std::array<WallTimeEdit*, 2>& boxes, QWidget& hours) {
+    for (WallTimeEdit* box : boxes) {
         box->setEnabled(given);
+        // A forgotten time is most likely of the card's day, whatever day it is now.
+        if (given && box->HoldsSuggestion())
+            box->Suggest(FromQDate(ui_->txtTanggal->date()));
+    }
+    hours.setEnabled(given);
     ShowHints();
 }
 
@@ -179,11 +211,10 @@ void frmEditAbsensiOne::ShowStatusText() {
 }
 
 void frmEditAbsensiOne::ShowHints() {
-    const QString hint = u"Jam keluar mendahului jam masuk."_s;
-    const bool normal = ui_->chkTimeIO->isChecked() && ui_->txtTOUT->Value() < ui_->txtTIN->Value();
-    const bool overtime = ui_->chkOTIO->isChecked() && ui_->txtOTOUT->Value() < ui_->txtOTIN->Value();
-    ui_->lblNormalHint->setText(normal ? hint : QString());
-    ui_->lblOvertimeHint->setText(overtime ? hint : QString());
+    const QString normal = TimesHint(ui_->chkTimeIO->isChecked(), *ui_->txtTIN, *ui_->txtTOUT);
+    ui_->lblNormalHint->setText(normal.isEmpty() ? AmountHint(ui_->txtNAmount->text()) : normal);
+    const QString overtime = TimesHint(ui_->chkOTIO->isChecked(), *ui_->txtOTIN, *ui_->txtOTOUT);
+    ui_->lblOvertimeHint->setText(overtime.isEmpty() ? AmountHint(ui_->txtOTAmount->text()) : overtime);
 }
 
 bool frmEditAbsensiOne::IsChanged() const {
@@ -214,10 +245,12 @@ void frmEditAbsensiOne::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (key == Qt::Key_Escape)
         close();
-    else if (key == Qt::Key_Return || key == Qt::Key_Enter)
-        focusNextChild();
-    else
+    else if (key != Qt::Key_Return && key != Qt::Key_Enter)
         QDialog::keyPressEvent(event);
+    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
+        button->click();
+    else
+        focusNextChild();
 }
 
 void frmEditAbsensiOne::closeEvent(QCloseEvent* event) {

@@ -6,6 +6,7 @@
 
 #include <QDialog>
 
+#include <array>
 #include <memory>
 
 class WallTimeEdit;
@@ -43,6 +44,8 @@ private:
     /// True when the card was written.
     bool SaveTimeCard();
     void FillStatusList();
+    void ShowStatus(const QString& status);
+    void EnableTimes(bool given, const std::array<WallTimeEdit*, 2>& boxes, QWidget& hours);
     void ShowFields(const CardFields& fields);
     CardFields TypedFields() const;
     bool IsChanged() const;

@@ -2,6 +2,7 @@
 
 #include "support/window_company.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -71,7 +72,7 @@ void TypeTime(QWidget& window, const char* name, const QString& dayAndTime) {
 }
 
 bool Press(const char* name, QWidget& window) {
-    auto& button = Part<QPushButton>(window, name);
+    auto& button = Part<QAbstractButton>(window, name);
     button.setFocus();
     KeyboardUser::Press(Qt::Key_Space);
     return true;
@@ -140,6 +141,7 @@ TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
 
 TEST(frmEditAbsensiOne, MakesACardForADayThatHasNone) {
     CardEditor editor;
+    editor.company.clock.now = Moment(u"2026-11-25 09:00:00");
     editor.Open([](QWidget& window) {
         auto& status = Part<QComboBox>(window, "txtStatus");
         EXPECT_TRUE(status.hasFocus());
@@ -176,16 +178,156 @@ TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
                           "2026-11-22 17:00:00|2026-11-22 16:30:00|P|1"_s});
 }
 
-TEST(frmEditAbsensiOne, SecondsThatAreNotShownAreNotLost) {
+TEST(frmEditAbsensiOne, SecondsAreThoseOfTheCardOrNone) {
     CardEditor editor;
     editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:12"_s, u"2026-11-22 17:03:30"_s);
     editor.Open([](QWidget& window) {
-        Part<QLineEdit>(window, "txtKeterangan").setText(u"x"_s);
+        TypeTime(window, "txtTIN", u"21Nov2026"_s);
         TypeTime(window, "txtTOUT", u"22Nov20261704"_s);
         Press("cmdButtons_1", window);
     });
-    EXPECT_EQ(editor.company.RowsOf(u"select TimeIN from TimeCardDetail"_s),
-              QStringList{u"2026-11-22 07:45:12"_s});
+    EXPECT_EQ(editor.company.RowsOf(u"select TimeIN, TimeOUT from TimeCardDetail"_s),
+              QStringList{u"2026-11-21 07:45:12|2026-11-22 17:04:00"_s});
+}
+
+TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
+    CardEditor editor;
+    editor.company.clock.now = Moment(u"2026-11-25 09:00:00");
+    editor.AddCard(u"IN"_s, u"2026-11-22 07:45:12"_s, u""_s);
+    editor.Open([](QWidget& window) {
+        EXPECT_FALSE(Part<QCheckBox>(window, "chkTimeIO").isChecked());
+        EXPECT_EQ(Part<QDateTimeEdit>(window, "txtTOUT").text(), u"25-Nov-2026 00:00"_s);
+        KeyboardUser::Press(Qt::Key_I, Qt::AltModifier);
+        EXPECT_TRUE(
+            KeyboardUser::WaitUntil([&] { return Part<QCheckBox>(window, "chkTimeIO").isChecked(); }));
+        Press("chkOTIO", window);
+        EXPECT_EQ(Part<QDateTimeEdit>(window, "txtTIN").text(), u"22-Nov-2026 07:45"_s);
+        EXPECT_FALSE(Part<QLabel>(window, "lblNormalHint").text().isEmpty()) << "no departure typed yet";
+        for (const char* name : {"txtTOUT", "txtOTIN", "txtOTOUT"})
+            EXPECT_EQ(Part<QDateTimeEdit>(window, name).text(), u"22-Nov-2026 00:00"_s) << name;
+        auto& out = Part<QDateTimeEdit>(window, "txtTOUT");
+        out.setFocus();
+        out.setSelectedSection(QDateTimeEdit::HourSection);
+        KeyboardUser::Type(u"1630"_s);
+        EXPECT_EQ(Part<QLabel>(window, "lblNormalHint").text(), QString());
+        for (const char* name : {"chkOTIO", "chkTimeIO", "chkTimeIO"})
+            Press(name, window);
+        EXPECT_EQ(out.text(), u"22-Nov-2026 16:30"_s) << "what was typed stays";
+        Press("cmdButtons_1", window);
+    });
+    EXPECT_EQ(editor.company.RowsOf(Days),
+              QStringList{u"T202611220012|2026-11-22|2026-11-22 07:45:12|2026-11-22 16:30:00|-|-|-|1"_s});
+}
+
+TEST(frmEditAbsensiOne, ReloadingShowsTheCardAsItStandsNow) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+    const auto other = editor.company.OtherDesk();
+    editor.Open([&](QWidget& window) {
+        Press("cmdCalcHrs", window);
+        EXPECT_TRUE(Part<QCheckBox>(window, "chkOTIO").isChecked());
+        other->Execute(u"UPDATE TimeCardDetail SET TimeOUT=NULL, TimeINOT=NULL, TimeOutOT=NULL"_s);
+        other->Execute(u"UPDATE TimeCardHeader SET Status='IN'"_s);
+        for (int time = 1; time <= 2; ++time) {
+            Press("cmdCalcHrs", window);
+            for (const char* name : {"chkTimeIO", "chkOTIO"})
+                EXPECT_FALSE(Part<QCheckBox>(window, name).isChecked()) << name;
+            for (const char* name : {"txtTOUT", "txtOTIN", "txtOTOUT"})
+                EXPECT_EQ(Part<QDateTimeEdit>(window, name).text(), u"22-Nov-2026 00:00"_s) << name;
+            EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), u"0"_s);
+            EXPECT_EQ(Part<QComboBox>(window, "txtStatus").currentText(), u"IN"_s);
+            EXPECT_EQ(Part<QComboBox>(window, "txtStatus").count(), 3);
+        }
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    EXPECT_TRUE(editor.company.dialogs.questions.isEmpty()) << "nothing was typed";
+}
+
+TEST(frmEditAbsensiOne, AfterAComputationThatFailsTheSavedCardCanBeSavedAgain) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+    editor.company.Db().ExecuteNative(u"CREATE TRIGGER refuse BEFORE UPDATE OF ShiftCode ON TimeCardDetail "
+                                      "BEGIN SELECT RAISE(ABORT,'disk on fire'); END"_s);
+    editor.company.dialogs.answers = {Dialogs::Answer::Yes};
+    const int result = editor.Open([&](QWidget& window) {
+        Part<QLineEdit>(window, "txtKeterangan").setText(u"satu"_s);
+        Press("cmdCalcHrs", window);
+        EXPECT_EQ(editor.company.dialogs.texts.size(), 1);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtKeterangan").text(), u"satu"_s);
+        Part<QLineEdit>(window, "txtKeterangan").setText(u"dua"_s);
+        Press("cmdButtons_1", window);
+    });
+    EXPECT_EQ(result, QDialog::Accepted);
+    EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{u"dua"_s});
+}
+
+TEST(frmEditAbsensiOne, EnterWalksThroughTheFieldsAndPressesAButton) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+    editor.Run(
+        u"UPDATE TimeCardDetail SET TimeINOT='2026-11-22 17:00:00', TimeOutOT='2026-11-22 18:00:00'"_s);
+    const int result = editor.Open([&](QWidget& window) {
+        for (const char* name :
+             {"txtStatus", "chkTimeIO", "txtTIN", "txtTOUT", "txtNAmount", "chkOTIO", "txtOTIN", "txtOTOUT",
+              "txtOTAmount", "txtKeterangan", "chkUangMakan", "cmdCalcHrs"}) {
+            ASSERT_TRUE(window.focusWidget());
+            EXPECT_EQ(window.focusWidget()->objectName(), QString::fromLatin1(name));
+            if (window.focusWidget()->objectName() != u"cmdCalcHrs"_s)
+                KeyboardUser::Press(Qt::Key_Return);
+        }
+        KeyboardUser::Press(Qt::Key_Return);
+        EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), u"9.15"_s);
+        Part<QWidget>(window, "cmdButtons_2").setFocus();
+        Part<QLineEdit>(window, "txtKeterangan").setText(u"dibuang"_s);
+        KeyboardUser::Press(Qt::Key_Enter, Qt::KeypadModifier);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(result, QDialog::Rejected);
+    EXPECT_TRUE(editor.company.dialogs.questions.isEmpty());
+    EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{u"-"_s});
+}
+
+TEST(frmEditAbsensiOne, AmountsSayWhatOfThemCounts) {
+    CardEditor editor;
+    editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+    editor.Run(u"UPDATE TimeCardHeader SET NormalAmount=0.00002, OTAmount=1250000.5"_s);
+    editor.Open([&](QWidget& window) {
+        auto& normal = Part<QLineEdit>(window, "txtNAmount");
+        auto& overtime = Part<QLineEdit>(window, "txtOTAmount");
+        EXPECT_EQ(normal.text(), u"0"_s) << "no exponent, whose first digit would be saved";
+        EXPECT_EQ(overtime.text(), u"1250000.5"_s);
+        const auto type = [](QLineEdit& box, const QString& text) {
+            box.setFocus();
+            box.selectAll();
+            KeyboardUser::Type(text);
+        };
+        type(normal, u"1,250,000"_s);
+        EXPECT_TRUE(Part<QLabel>(window, "lblNormalHint").text().contains(u"\",\""_s));
+        type(overtime, u"Rp 1,250,000.75"_s);
+        EXPECT_EQ(overtime.text(), u"1250000.75"_s) << "only what makes a number can be typed";
+        EXPECT_EQ(Part<QLabel>(window, "lblOvertimeHint").text(), QString());
+        Press("cmdButtons_1", window);
+    });
+    EXPECT_EQ(editor.company.RowsOf(u"select NormalAmount, OTAmount from TimeCardHeader"_s),
+              QStringList{u"1|1250000.75"_s});
+}
+
+TEST(frmEditAbsensiOne, AnotherDesksChangeToTheDayAloneMakesTheSaveFail) {
+    for (const QString& change :
+         {u"UPDATE TimeCardDetail SET TimeOUT='2026-11-22 18:00:00'"_s, u"DELETE FROM TimeCardDetail"_s}) {
+        CardEditor editor;
+        editor.AddCard(u"OUT"_s, u"2026-11-22 07:45:00"_s, u"2026-11-22 17:00:00"_s);
+        const auto other = editor.company.OtherDesk();
+        editor.Open([&](QWidget& window) {
+            Part<QLineEdit>(window, "txtKeterangan").setText(u"dari sini"_s);
+            other->Execute(change);
+            Press("cmdButtons_1", window);
+            EXPECT_TRUE(window.isVisible());
+        });
+        EXPECT_EQ(editor.company.RowsOf(u"select Keterangan, NormalHours from TimeCardHeader"_s),
+                  QStringList{u"-|-"_s})
+            << "hours of times that are no longer there";
+    }
 }
 
 TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
