@@ -82,6 +82,7 @@ QLineEdit:disabled, QAbstractSpinBox:disabled, QComboBox:disabled, QLineEdit:rea
     border-color: #D8DEE5; color: #3A4656; }
 
 QComboBox::drop-down { border: none; width: 20px; }
+QComboBox::down-arrow { image: url(:/ui/down.png); width: 11px; height: 6px; margin-right: 6px; }
 
 QFrame[look="group"] { background: white; border: 1px solid #E1E6EC; border-radius: 6px; }
 QFrame[look="group"] QCheckBox { font-weight: 600; }
