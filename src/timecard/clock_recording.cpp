@@ -47,13 +47,20 @@ void RecordArrival(Connection& connection, const ClockEntry& entry, const QStrin
     detail.Update();
 }
 
-/// False when the card has no day row to hold the departure: somebody removed it after the arrival.
-bool RecordDeparture(Connection& connection, const ClockEntry& entry, const QString& card) {
+void RecordDeparture(Connection& connection, const ClockEntry& entry, const QString& card) {
     const int dayRows =
         connection.Execute(u"update TimeCardDetail set TimeOUT="_s + Quoted(StoredTime(entry.Moment()))
                            + u" where TCID="_s + Quoted(card));
+    if (dayRows == 0) {
+        // Somebody removed the card's day after the arrival: the departure must not get lost with it.
+        Recordset detail(connection, u"select * from TimeCardDetail where tcid="_s + Quoted(card));
+        detail.AddNew();
+        detail.Set(u"TCID"_s, card);
+        detail.Set(u"Tanggal"_s, entry.sheetDate);
+        detail.Set(u"TimeOUT"_s, entry.Moment());
+        detail.Update();
+    }
     connection.Execute(u"update TimeCardHeader set Status='OUT' where TCID="_s + Quoted(card));
-    return dayRows > 0;
 }
 
 } // namespace
@@ -86,8 +93,8 @@ std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry
         return refusal;
     if (entry.IsClockIn())
         RecordArrival(connection, entry, nip, card);
-    else if (!RecordDeparture(connection, entry, card))
-        return Refusal::NotClockedIn;
+    else
+        RecordDeparture(connection, entry, card);
     transaction.Commit();
     return std::nullopt;
 }

@@ -87,13 +87,11 @@ TEST_F(Recording, MidnightOfARealDayIsAnArrivalEvenWithoutAHeader) {
     EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|2026-11-22 00:00:00|-|-|-"_s});
 }
 
-TEST_F(Recording, ADepartureNeedsTheCardAndADayRowAndMayBeRepeated) {
+TEST_F(Recording, ADepartureNeedsTheCardAndMayBeRepeated) {
     EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::NotClockedIn);
     EXPECT_EQ(RefusalText(Refusal::NotClockedIn),
               u"Belum isi absen masuk.\nAtau beda lembaran.\nHubungi petugas absen sekarang.!!!"_s);
-    Add(u"TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012','A')"_s);
-    EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::NotClockedIn);
-    EXPECT_EQ(Headers(), QStringList{u"T202611220012|0012|A|-|-"_s});
+    EXPECT_TRUE(Headers().isEmpty());
 
     EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
     for (const auto& at : {u"2026-11-22 15:00:00"_s, u"2026-11-22 14:00:00"_s, u"2026-11-23 01:00:00"_s}) {
@@ -101,6 +99,11 @@ TEST_F(Recording, ADepartureNeedsTheCardAndADayRowAndMayBeRepeated) {
         EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|2026-11-22 07:58:12|%1|-|1"_s.arg(at)});
         EXPECT_EQ(Headers(), QStringList{u"T202611220012|0012|OUT|-|-"_s});
     }
+
+    // The card's day was removed meanwhile: the departure is kept on a new one.
+    company.Db().Execute(u"Delete from [TimeCardDetail] where TCID='T202611220012'"_s);
+    EXPECT_EQ(Out(u"2026-11-22 16:00:00"), std::nullopt);
+    EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|-|2026-11-22 16:00:00|-|-"_s});
 }
 
 TEST_F(Recording, NothingIsWrittenWhenAnythingFails) {
