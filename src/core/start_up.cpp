@@ -1,5 +1,7 @@
 #include "core/start_up.h"
 
+#include "database/file_lookup.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,7 +28,7 @@ void LoadPictures(const ProgramFolder& folder, modAbsen::StartScreen& screen) {
     };
     for (const auto& [which, name] : pictures) {
         const QString file = folder.Existing(name);
-        screen.LoadPicture(which, file.isEmpty() ? folder.Joined(name) : file);
+        screen.LoadPicture(which, file.isEmpty() ? ToLocalPath(folder.Joined(name)) : file);
     }
 }
 

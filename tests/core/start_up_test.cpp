@@ -60,7 +60,7 @@ TEST_F(StartUp, WhateverFailsIsToldOnceAndEndsTheStart) {
     const QString noDatabase = u"File database tidak ditemukan: "_s;
     const QString abroad =
         u"Regional setting harus English (United Stated)\nTolong buka Control Panel window."_s;
-    const QString noPicture = u"tidak ada: "_s + company.program.folder.Joined(u"\\images\\back_midle.gif");
+    const QString noPicture = u"tidak ada: "_s + company.folder.filePath(u"images/back_midle.gif"_s);
     // The country, the file that is missing, the message, its icon, the last thing done and whether it is
     // logged.
     const std::tuple<QString, QString, QString, Dialogs::Icon, QString, bool> cases[] = {
