@@ -86,10 +86,13 @@ std::optional<WallTime> SetTime(const Rows& rows, int column) {
     return time == EmptyTime ? std::nullopt : time;
 }
 
+constexpr qint64 RowsPerProgress = 10000;
+
 class DataCheck {
 public:
-    DataCheck(Connection& connection, const std::function<void(const Finding&)>& report)
-        : connection_(connection), report_(report) {}
+    DataCheck(Connection& connection, const std::function<void(const Finding&)>& report,
+              const CheckProgress& progress)
+        : connection_(connection), report_(report), progress_(progress) {}
 
     void Run() {
         ReadCodes();
@@ -124,6 +127,8 @@ private:
             report_({table.name, key.join(u' '), problem});
         };
         while (rows.Next()) {
+            if (++rowsRead_ % RowsPerProgress == 0 && progress_)
+                progress_(rowsRead_);
             for (size_t i = 0; i < table.contents.size(); ++i) {
                 const int column = static_cast<int>(i);
                 if (table.contents[i] != Content::Text && !IsReadable(rows.Value(column), table.contents[i]))
@@ -301,6 +306,8 @@ private:
 
     Connection& connection_;
     const std::function<void(const Finding&)>& report_;
+    const CheckProgress& progress_;
+    qint64 rowsRead_ = 0;
     QSet<QString> departments_;
     QSet<QString> divisions_;
     QSet<QString> statuses_;
@@ -340,6 +347,7 @@ std::unique_ptr<Connection> OpenUnchanged(const QString& path) {
                              .arg(newest)});
 }
 
-void CheckData(Connection& connection, const std::function<void(const Finding&)>& report) {
-    DataCheck(connection, report).Run();
+void CheckData(Connection& connection, const std::function<void(const Finding&)>& report,
+               const CheckProgress& progress) {
+    DataCheck(connection, report, progress).Run();
 }

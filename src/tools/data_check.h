@@ -21,6 +21,10 @@ struct Finding {
 /// Throws DatabaseError, as OpenDatabaseFile does.
 std::unique_ptr<Connection> OpenUnchanged(const QString& path);
 
+/// Told how many rows have been read, every now and then.
+using CheckProgress = std::function<void(qint64 rowsRead)>;
+
 /// Reads every table and reports the rows that do not fit together, table by table. The number of statements
 /// does not depend on the number of rows. Throws DatabaseError when a table cannot be read.
-void CheckData(Connection& connection, const std::function<void(const Finding&)>& report);
+void CheckData(Connection& connection, const std::function<void(const Finding&)>& report,
+               const CheckProgress& progress = {});

@@ -32,23 +32,23 @@ class ProgressLine {
 public:
     ProgressLine() { timer_.start(); }
     ~ProgressLine() {
-        if (shown_ >= 0)
+        if (!shown_.isEmpty())
             Print(stderr, u"\n"_s);
     }
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
-    void Show(int percent) {
-        if (percent == shown_ || timer_.elapsed() < 1000)
+    void Show(const QString& state) {
+        if (state == shown_ || timer_.elapsed() < 1000)
             return;
-        shown_ = percent;
-        Print(stderr, u"\r%1 %"_s.arg(percent, 3));
+        shown_ = state;
+        Print(stderr, u'\r' + state);
         std::fflush(stderr);
     }
 
 private:
     QElapsedTimer timer_;
-    int shown_ = -1;
+    QString shown_;
 };
 
 int Create(const QString& file, const QCommandLineParser&) {
@@ -86,7 +86,7 @@ int Demo(const QString& file, const QCommandLineParser& options) {
     DemoSummary summary;
     {
         ProgressLine progress;
-        summary = MakeDemoCompany(file, demo, [&](int percent) { progress.Show(percent); });
+        summary = MakeDemoCompany(file, demo, [&](int percent) { progress.Show(u"%1 %"_s.arg(percent, 3)); });
     }
     Print(stdout, u"%1: %2 employees, %3 time cards on %4 sheets from %5 to %6\n"_s.arg(
                       file, QString::number(demo.employees), QString::number(summary.cards),
@@ -98,10 +98,14 @@ int Demo(const QString& file, const QCommandLineParser& options) {
 int Check(const QString& file, const QCommandLineParser&) {
     bool found = false;
     const std::unique_ptr<Connection> connection = OpenUnchanged(file);
-    CheckData(*connection, [&](const Finding& finding) {
-        found = true;
-        Print(stdout, finding.Line() + u'\n');
-    });
+    ProgressLine progress;
+    CheckData(
+        *connection,
+        [&](const Finding& finding) {
+            found = true;
+            Print(stdout, finding.Line() + u'\n');
+        },
+        [&](qint64 rowsRead) { progress.Show(u"%1 rows read"_s.arg(rowsRead)); });
     return found ? Findings : Done;
 }
 
