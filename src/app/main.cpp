@@ -3,6 +3,7 @@
 #include "timecard/frmMain.h"
 #include "ui/form_skin.h"
 #include "ui/message_dialogs.h"
+#include "ui/standard_texts.h"
 #include "ui/theme.h"
 
 #include <QApplication>
@@ -33,6 +34,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(u"timeattendance"_s);
     QApplication::setApplicationVersion(u"1.0"_s);
     Theme::Apply(application);
+    StandardTexts texts;
+    QApplication::installTranslator(&texts);
 
     const SystemClock clock;
     MessageDialogs dialogs;

@@ -43,7 +43,6 @@ public:
     bool AdminMode() const { return adminMode_; }
     void SetAdminMode(bool on);
 
-public Q_SLOTS:
     /// For windows that have changed a card.
     void RefreshSheetNow() { RefreshSheet(Cause::User); }
     void Timer1_Timer();

@@ -1,5 +1,6 @@
 #include "tools/demo_company.h"
 #include "tour/tour.h"
+#include "ui/standard_texts.h"
 #include "ui/theme.h"
 
 #include <QApplication>
@@ -30,6 +31,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QStandardPaths::setTestModeEnabled(true);
     Theme::Apply(application);
+    StandardTexts texts;
+    QApplication::installTranslator(&texts);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
