@@ -12,7 +12,6 @@
 #include <functional>
 #include <memory>
 
-class QActionGroup;
 class QLabel;
 
 namespace Ui {

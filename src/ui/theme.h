@@ -30,8 +30,7 @@ int FieldWidth(const QWidget& field, const QString& sample);
 QColor QuietText();
 QColor Accent();
 
-/// Distances in pixels: around a window's content, between groups, inside a group.
-inline constexpr int Margin = 12;
+/// Distances in pixels: between groups, inside a group.
 inline constexpr int GroupGap = 8;
 inline constexpr int FieldGap = 6;
 /// Between a grid's lines and the text of a cell.

@@ -151,16 +151,6 @@ TEST_F(TimeCard, EmptyTimesAndAnUnsetMealFlagCountNothing) {
     }
 }
 
-TEST_F(TimeCard, OnlyTheFirstDayOfACardIsComputed) {
-    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
-    Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN, TimeOUT) VALUES (?,'2026-11-19',"
-                 "'2026-11-19 09:00:00','2026-11-19 17:00:00')"_s,
-                 {Tcid});
-    CalculateTimeCard(Db(), company_.dialogs, Tcid);
-    EXPECT_EQ(Header(), u"8|0|0|0|0"_s);
-    EXPECT_EQ(DayRow(), u"2026-11-19 17:00:00|2026-11-19 17:00:00|P/-|-|Z"_s);
-}
-
 TEST_F(TimeCard, ACardWithoutDataIsToldAndNothingIsWritten) {
     PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
     Db().Execute(u"DELETE FROM TimeCardDetail"_s);
@@ -179,25 +169,6 @@ TEST_F(TimeCard, ACardWithoutDataIsToldAndNothingIsWritten) {
     EXPECT_EQ(company_.dialogs.texts.size(), 2);
 }
 
-/// A message box may stand for hours; other desks must not wait for it.
-TEST_F(TimeCard, TheMessageStandsOutsideTheTransaction) {
-    class PunchingDialogs : public TestDialogs {
-    public:
-        explicit PunchingDialogs(Connection& other) : other_(other) {}
-        void Show(Icon icon, const QString& text) override {
-            TestDialogs::Show(icon, text);
-            other_.Execute(u"INSERT INTO TimeCardHeader (TCID) VALUES ('meanwhile')"_s);
-        }
-
-    private:
-        Connection& other_;
-    };
-    const auto otherDesk = company_.OtherDesk();
-    PunchingDialogs dialogs(*otherDesk);
-    EXPECT_NO_THROW(CalculateTimeCard(Db(), dialogs, u"T20261120none"_s));
-    EXPECT_EQ(company_.RowsOf(u"select TCID from TimeCardHeader"_s), QStringList{u"meanwhile"_s});
-}
-
 TEST_F(TimeCard, DayRowAndHeaderAreWrittenTogetherOrNotAtAll) {
     PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
     Db().ExecuteNative(u"CREATE TRIGGER refuse BEFORE UPDATE ON TimeCardHeader BEGIN "
@@ -210,16 +181,6 @@ TEST_F(TimeCard, DayRowAndHeaderAreWrittenTogetherOrNotAtAll) {
     Db().ExecuteNative(u"DROP TRIGGER refuse"_s);
     CalculateTimeCard(Db(), company_.dialogs, Tcid);
     EXPECT_EQ(Header(), u"9|1|0|10000|12500"_s) << "nothing was left open";
-}
-
-TEST_F(TimeCard, WhatNoStatementCanNameIsRefusedByBothForms) {
-    EXPECT_THROW(CalculateTimeCard(Db(), company_.dialogs, u"T20261120O'B"_s), DatabaseError);
-    EXPECT_THROW(CalculateTimeCards(Db(), {u"T20261120O'B"_s}), DatabaseError);
-
-    PutCard(u"O'B"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
-    EXPECT_THROW(CalculateTimeCard(Db(), company_.dialogs, Tcid), DatabaseError);
-    EXPECT_THROW(CalculateTimeCards(Db(), {Tcid}), DatabaseError);
-    EXPECT_EQ(Header(), u"99|99|99|99|99"_s);
 }
 
 TEST_F(TimeCard, ShiftIsTheRostersElseTheOneAroundTheClockInElseTheDefault) {

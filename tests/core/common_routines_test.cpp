@@ -88,21 +88,3 @@ TEST(QueryValues, CopiesTheFirstRowByTheVariablesTypes) {
     EXPECT_EQ(count, 8);
     EXPECT_NE(FailureOf([&] { QueryValues(company.Db(), u"select x from y"_s, count); }), QString());
 }
-
-TEST(FirstValue, IsTextAndNullGivesWay) {
-    TestCompany company;
-    company.Db().ExecuteNative(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T1','2026-11-22')"_s);
-    const auto first = [&](const QString& select) {
-        return b_stored_procedure::GetFirstValue(company.Db(), u"select "_s + select);
-    };
-    EXPECT_EQ(first(u"Tanggal, TCID from TimeCardDetail"_s), u"2026-11-22"_s);
-    EXPECT_EQ(first(u"TimeIN from TimeCardDetail"_s), u""_s);
-    EXPECT_EQ(first(u"TimeIN from TimeCardDetail where TCID='T2'"_s), u""_s);
-    EXPECT_EQ(first(u"count(1) from TimeCardDetail"_s), u"1"_s);
-    EXPECT_NE(FailureOf([&] { first(u"x from TimeCardDetail"_s); }), QString());
-    EXPECT_EQ(b_stored_procedure::OpenTimeCardDetail(company.Db(), u"T1"_s).Field(u"tanggal"_s).Text(),
-              u"2026-11-22"_s);
-    EXPECT_EQ(b_global::IfNull(FieldValue(), u"x"_s).Text(), u"x"_s);
-    EXPECT_EQ(b_global::IfNull(u""_s, u"x"_s).Text(), u""_s);
-    EXPECT_EQ(b_global::IfNull(0, 5).Number(), 0);
-}

@@ -70,31 +70,6 @@ TEST(ErrorLog, HoldsOneLineForEachErrorOfTheRun) {
     }
 }
 
-TEST(ErrorLog, APlaceThatCannotBeWrittenHarmsNobody) {
-    const QTemporaryDir folder;
-    QStringList places{folder.path()};
-    {
-        QFile file(folder.filePath(u"file"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        places << folder.filePath(u"file/VELTLOG.TXT"_s);
-    }
-#ifdef Q_OS_LINUX
-    places << u"/dev/full"_s;
-#endif
-    for (const QString& place : places) {
-        ErrorLog log(place);
-        EXPECT_NO_THROW(log.LogError(1, u"x"_s, u"y"_s)) << place.toStdString();
-        EXPECT_NO_THROW(log.WriteLog(u"z"_s)) << place.toStdString();
-    }
-    const QString path = folder.filePath(u"later/VELTLOG.TXT"_s);
-    QDir(folder.path()).mkpath(u"later/VELTLOG.TXT"_s);
-    ErrorLog log(path);
-    log.WriteLog(u"lost"_s);
-    QDir(folder.path()).rmpath(u"later/VELTLOG.TXT"_s);
-    log.WriteLog(u"kept"_s);
-    EXPECT_EQ(LogOf(path), "kept\n");
-}
-
 TEST(Trapped, LogsAndShowsAFailureUnderItsProcedure) {
     TestCompany company;
     EXPECT_TRUE(Trapped(company.program, u"Scroll"_s, [] {}));

@@ -226,9 +226,3 @@ TEST_F(DataCheck, LetsPassWhatTheProgramItselfLeaves) {
          {}},
     });
 }
-
-TEST_F(DataCheck, AFindingIsOneLineWhateverTheRowHolds) {
-    Run({{u"line break in a key"_s,
-          {u"INSERT INTO User_Job VALUES ('a' || char(10) || 'b','SPV')"_s},
-          {u"User_Job a?b SPV: no user \"a?b\""_s}}});
-}

@@ -1,10 +1,7 @@
 #include "core/query_values.h"
-#include "tools/demo_random.h"
 #include "tools/demo_support.h"
 
-#include <QSet>
 
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -17,13 +14,6 @@ int CountOf(Connection& connection, const QString& condition) {
 }
 
 } // namespace
-
-/// The numbers are those of the published SplitMix64 for the seed 1234567, below 2^31.
-TEST(DemoRandom, DrawsTheSameNumbersEverywhere) {
-    DemoRandom random(1234567);
-    for (const int expected : {2064186501, 1481904037, 603094135})
-        EXPECT_EQ(random.Between(0, std::numeric_limits<int>::max()), expected);
-}
 
 class DemoCompany : public testing::Test {
 protected:
@@ -63,40 +53,6 @@ TEST_F(DemoCompany, HoldsAPayrollOfficesDailyLife) {
     EXPECT_GT(CountOf(*db, u"TimeCardHeader where Left(TCID,11)=Left(TCID,9)||'-1'"_s), 3);
     EXPECT_GT(CountOf(*db, u"TimeCardDetail where TimeINOT<TimeOutOT and TimeOutOT=TimeOUT"_s), 50);
     EXPECT_EQ(CountOf(*db, u"TimeCardHeader where NormalHours is not null or NormalAmount is not null"_s), 0);
-}
-
-TEST_F(DemoCompany, NightShiftsEndTheNextMorning) {
-    MakeDemoCompany(file, DemoUntil(u"2026-11-21"));
-    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
-    const QString nights = u"TimeCardDetail d inner join TimeCardHeader h on h.TCID=d.TCID "
-                           "inner join ShiftEmployee s on s.NIP=h.NIP and s.Tgl=d.Tanggal "
-                           "where s.ShiftCode='MALAM' and h.Status='OUT'"_s;
-    const int count = CountOf(*db, nights);
-    EXPECT_GT(count, 100);
-    EXPECT_EQ(CountOf(*db, nights
-                               + u" and CDATE(Left(d.TimeIN,10))=d.Tanggal "
-                                 "and julianday(Left(d.TimeOUT,10))=julianday(d.Tanggal)+1"_s),
-              count);
-}
-
-TEST_F(DemoCompany, PhotosStandBesideTheFileExceptOne) {
-    MakeDemoCompany(file, DemoUntil(u"2026-11-21", 42, 0));
-    const std::unique_ptr<Connection> db = OpenDatabaseFile(file);
-    int missing = 0;
-    QSet<QString> shown;
-    for (const QString& path : RowsOf(*db, u"select PathImage from Employee where PathImage is not null"_s)) {
-        const QString photo = folder.filePath(path);
-        if (!QFile::exists(photo)) {
-            ++missing;
-            continue;
-        }
-        shown << path;
-        EXPECT_TRUE(BytesOf(photo).startsWith("GIF8")) << path.toStdString();
-        EXPECT_TRUE(QFile::permissions(photo) & QFileDevice::WriteOwner) << path.toStdString();
-    }
-    EXPECT_EQ(missing, 1);
-    EXPECT_EQ(shown.size(), 8);
-    EXPECT_GT(CountOf(*db, u"Employee where PathImage is null"_s), 5);
 }
 
 TEST_F(DemoCompany, SameArgumentsGiveTheSameRows) {

@@ -88,27 +88,6 @@ TEST_F(Tool, RefusesWhatItDoesNotUnderstandAndMakesNothing) {
     EXPECT_EQ(EntriesOf(folder.path()), QStringList());
 }
 
-TEST_F(Tool, MakesAndChecksFilesWhateverTheirName) {
-    for (const QString& name : {u"Données 100%3 #1 – 出席.mdb"_s, u"DATA.mdb"_s}) {
-        const QString file = folder.filePath(name);
-        const QString emptyFile = folder.filePath(u"kosong "_s + name);
-        EXPECT_EQ(Tadata({u"create"_s, emptyFile}).status, 0);
-        EXPECT_EQ(Tadata({u"check"_s, emptyFile}).status, 0);
-        const Outcome demo = Tadata(
-            {u"demo"_s, file, u"--employees"_s, u"5"_s, u"--months=1"_s, u"--until"_s, u"2026-11-21"_s});
-        EXPECT_EQ(demo.status, 0) << demo.errors.toStdString();
-        EXPECT_TRUE(demo.output.startsWith(file + u": 5 employees"_s)) << demo.output.toStdString();
-        EXPECT_TRUE(demo.output.contains(u"from 2026-10-22 to 2026-11-21"_s)) << demo.output.toStdString();
-        EXPECT_EQ(RowsOf(*OpenDatabaseFile(file), u"select count(*) from Employee"_s), QStringList{u"5"_s});
-
-        const Outcome check = Tadata({u"check"_s, file});
-        EXPECT_EQ(check.status, 0);
-        EXPECT_EQ(check.output + check.errors, QString());
-        for (const QString& command : {u"create"_s, u"demo"_s})
-            EXPECT_EQ(Tadata({command, file}).status, 2);
-    }
-}
-
 TEST_F(Tool, CheckPrintsFindingsAndChangesNothing) {
     const QString file = MakeDemo(u"DATA.mdb"_s);
     OpenDatabaseFile(file)->Execute(u"UPDATE Employee SET Dept='ZZ' WHERE NIP='0002'"_s);
@@ -161,13 +140,4 @@ TEST_F(Tool, CheckTellsWhyAFileCannotBeRead) {
         EXPECT_EQ(outcome.output, QString());
     }
     EXPECT_EQ(EntriesOf(folder.path()), entries);
-}
-
-TEST_F(Tool, FindingsThatCannotBePrintedAreAnError) {
-    const QString full = u"/dev/full"_s;
-    if (!QFile::exists(full))
-        GTEST_SKIP() << "this system has no /dev/full";
-    const QString file = MakeDemo(u"DATA.mdb"_s);
-    OpenDatabaseFile(file)->Execute(u"DELETE FROM Departments"_s);
-    EXPECT_EQ(Tadata({u"check"_s, file}, full).status, 2);
 }
