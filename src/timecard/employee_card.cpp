@@ -19,7 +19,7 @@ EmployeeCard LoadEmployeeCard(Connection& connection, const QString& nip) {
 QString PhotoFile(const ProgramFolder& folder, const QString& pathImage) {
     if (!pathImage.isEmpty()) {
         const QString path = ToLocalPath(pathImage);
-        const QString found = FindFile(QFileInfo(path).isAbsolute() ? path : folder.Path() + u'/' + path);
+        QString found = FindFile(QFileInfo(path).isAbsolute() ? path : folder.Path() + u'/' + path);
         if (!found.isEmpty())
             return found;
     }

@@ -37,12 +37,7 @@ void KeyboardUser::Look() {
     plans_.pop_front();
     // Not from within the timer's own call: it would stand still while a window that the action opens is
     // waited in.
-    const QPointer<QWidget> window = front;
-    const auto act = [plan, window] {
-        if (window)
-            plan.action(*window);
-    };
-    QMetaObject::invokeMethod(this, act, Qt::QueuedConnection);
+    QTimer::singleShot(0, front, [plan, front] { plan.action(*front); });
 }
 
 void KeyboardUser::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -1,8 +1,6 @@
 #include "core/query_values.h"
 #include "tools/demo_support.h"
 
-
-
 using namespace Qt::StringLiterals;
 
 namespace {
