@@ -11,6 +11,7 @@
 
 #include <QButtonGroup>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QRegularExpressionValidator>
@@ -32,6 +33,14 @@ constexpr std::chrono::milliseconds UserPatience{2000};
 const QString ClockOutMode = u"N"_s;
 const QString ClockInMode = u"IN"_s;
 constexpr int FileNotFoundNumber = 53;
+
+/// Ctrl+1 to Ctrl+9 and Ctrl+0 stand for a press on the header of the first to the tenth column.
+std::optional<int> ColumnOfKey(const QKeyEvent& event) {
+    const int digit = event.key() - Qt::Key_0;
+    if (!event.modifiers().testFlag(Qt::ControlModifier) || digit < 0 || digit > 9)
+        return std::nullopt;
+    return digit == 0 ? 9 : digit - 1;
+}
 
 Seconds SecondOfMinute(WallTime time) {
     return TimeOfDay(time) % std::chrono::minutes{1};
@@ -143,6 +152,7 @@ void frmMain::SetUpGrid() {
     grid.setModel(&sheet_);
     grid.PaintStatus(SheetModel::Status, SheetModel::StatusRole);
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
+    grid.horizontalHeader()->setToolTip(u"Klik judul kolom, atau Ctrl+1 sampai Ctrl+0, untuk mengurutkan"_s);
     const QFontMetrics metrics = grid.fontMetrics();
     const int padding = metrics.horizontalAdvance(u"MMM"_s);
     const int time = metrics.horizontalAdvance(u"00:00:00"_s) + padding;
@@ -364,6 +374,8 @@ void frmMain::mnAdminMode_Click() {
 }
 
 void frmMain::keyPressEvent(QKeyEvent* event) {
+    if (const auto column = ColumnOfKey(*event))
+        MSHFlexGrid1_MouseDown(*column);
     Form_KeyDown(event->key());
     QMainWindow::keyPressEvent(event);
 }
