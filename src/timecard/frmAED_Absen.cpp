@@ -39,6 +39,7 @@ frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate
 
     Timer1.setInterval(CloseAfterMilliseconds);
     Timer1.setSingleShot(true);
+    Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &QDialog::accept);
     ui_->txtNIK->installEventFilter(this);
     ui_->txtPassword->installEventFilter(this);

@@ -137,15 +137,13 @@ TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
     EXPECT_EQ(seenByOther(), u"1"_s);
 }
 
-TEST_F(Recordsets, AWriterWaitsOnlyAsLongAsItsPatience) {
+TEST_F(Recordsets, AWriterIsToldThatAnotherHoldsTheLock) {
     const auto other = company.OtherDesk();
     const Transaction writing(*other);
     db.SetPatience(std::chrono::milliseconds(30));
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_TRUE(
         FailureOf([&] { Transaction transaction(db); }).contains(u"sedang dikunci oleh program lain"));
     EXPECT_TRUE(FailureOf([&] { db.Execute(u"DELETE FROM Employee"_s); }).contains(u"dikunci"));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1500));
     EXPECT_EQ(Employees(), QStringList()); // reading goes on meanwhile
 }
 
