@@ -134,3 +134,13 @@ void Transaction::Commit() {
     connection_.inTransaction_ = false;
     open_ = false;
 }
+
+ShortPatience::ShortPatience(Connection& connection, std::chrono::milliseconds patience)
+    : connection_(connection) {
+    connection_.SetPatience(patience);
+}
+
+ShortPatience::~ShortPatience() {
+    QSqlQuery query(connection_.database_);
+    query.exec(connection_.engine_->PatienceStatement(DefaultPatience));
+}

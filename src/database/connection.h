@@ -73,11 +73,12 @@ public:
     /// table.
     ChangeStamp Changes();
 
-    /// How long statements wait for another program's lock before they fail; 2 seconds at first.
+    /// How long statements wait for another program's lock before they fail; DefaultPatience at first.
     void SetPatience(std::chrono::milliseconds patience);
 
 private:
     friend class Transaction;
+    friend class ShortPatience;
 
     QSqlQuery Prepared(const QString& nativeStatement);
     void Run(QSqlQuery& query) const;
@@ -105,4 +106,16 @@ public:
 private:
     Connection& connection_;
     bool open_ = true;
+};
+
+/// Lets statements wait less for other programs' locks, for as long as the object lives.
+class ShortPatience {
+public:
+    ShortPatience(Connection& connection, std::chrono::milliseconds patience);
+    ~ShortPatience();
+    ShortPatience(const ShortPatience&) = delete;
+    ShortPatience& operator=(const ShortPatience&) = delete;
+
+private:
+    Connection& connection_;
 };

@@ -8,6 +8,9 @@
 
 #include <chrono>
 
+/// How long a statement waits for another program's lock unless told otherwise.
+inline constexpr std::chrono::milliseconds DefaultPatience{2000};
+
 /// All that differs between database engines. A second engine is a second class like SqliteEngine.
 class Engine {
 public:

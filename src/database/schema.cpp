@@ -104,11 +104,16 @@ QSet<QString> NamesIn(Connection& connection, QStringView kind) {
     return found;
 }
 
+struct ExpectedNames {
+    QSet<QString> tables;
+    QSet<QString> views;
+};
+
 /// What a database of this version holds is read off a fresh one in memory: the steps are its only
 /// description.
-QSet<QString> ExpectedNames(std::span<const SchemaStep> steps, QStringView kind) {
+ExpectedNames NamesOf(std::span<const SchemaStep> steps) {
     const QString name = QUuid::createUuid().toString();
-    QSet<QString> expected;
+    ExpectedNames expected;
     {
         QSqlDatabase memory = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
         memory.setDatabaseName(u":memory:"_s);
@@ -118,12 +123,24 @@ QSet<QString> ExpectedNames(std::span<const SchemaStep> steps, QStringView kind)
             for (const QString& statement : step.statements)
                 query.exec(statement);
         }
-        query.exec(NamesQuery(kind));
-        while (query.next())
-            expected << query.value(0).toString() << query.value(1).toString();
+        const auto read = [&query](QSet<QString>& names, QStringView kind) {
+            query.exec(NamesQuery(kind));
+            while (query.next())
+                names << query.value(0).toString() << query.value(1).toString();
+        };
+        read(expected.tables, u"table");
+        read(expected.views, u"view");
     }
     QSqlDatabase::removeDatabase(name);
     return expected;
+}
+
+void RefuseMissing(const QSet<QString>& expected, const QSet<QString>& found) {
+    QStringList missing = (expected - found).values();
+    missing.sort();
+    if (!missing.isEmpty())
+        Refuse(u"Database tidak lengkap, tidak ditemukan: %1.\nPulihkan database dari cadangan."_s.arg(
+            missing.first()));
 }
 
 void RunSteps(Connection& connection, std::span<const SchemaStep> steps) {
@@ -191,13 +208,9 @@ void PrepareSchema(Connection& connection, std::span<const SchemaStep> steps) {
     }
 
     // Tables first: the engine cannot even describe a view that stands on a missing one.
-    for (const QStringView kind : {u"table", u"view"}) {
-        QStringList missing = (ExpectedNames(steps, kind) - NamesIn(connection, kind)).values();
-        missing.sort();
-        if (!missing.isEmpty())
-            Refuse(u"Database tidak lengkap, tidak ditemukan: %1.\nPulihkan database dari cadangan."_s.arg(
-                missing.first()));
-    }
+    const ExpectedNames expected = NamesOf(steps);
+    RefuseMissing(expected.tables, NamesIn(connection, u"table"));
+    RefuseMissing(expected.views, NamesIn(connection, u"view"));
 }
 
 std::unique_ptr<Connection> OpenDatabaseFile(const QString& path) {

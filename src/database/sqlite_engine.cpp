@@ -109,7 +109,7 @@ QSqlDatabase SqliteEngine::Open(const QString& connectionText) const {
     }
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
-    database.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=2000"_s);
+    database.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(DefaultPatience.count()));
     database.setDatabaseName(ExistingFileUri(path));
 
     DatabaseFailure failure;

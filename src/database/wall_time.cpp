@@ -34,21 +34,8 @@ QString MonthName(month value) {
     return QString::fromLatin1(names[static_cast<unsigned>(value) - 1]);
 }
 
-/// Digits only, so that "+5", " 5" and "٥" are no part of a date.
-std::optional<int> ReadDigits(QStringView text, qsizetype least, qsizetype most) {
-    if (text.size() < least || text.size() > most)
-        return std::nullopt;
-    int value = 0;
-    for (const QChar c : text) {
-        if (c < u'0' || c > u'9')
-            return std::nullopt;
-        value = value * 10 + (c.unicode() - u'0');
-    }
-    return value;
-}
-
-/// The number at a fixed place of a stored form; -1 when anything but digits stands there. Stored forms are
-/// read by the ten thousand at every refresh.
+/// The number at a fixed place; -1 when anything but digits stands there: "+5", " 5" and "٥" are no part of a
+/// date. Stored forms are read by the ten thousand at every refresh.
 int FixedNumber(QStringView text, qsizetype at, qsizetype length) {
     int value = 0;
     for (const QChar c : text.sliced(at, length)) {
@@ -57,6 +44,14 @@ int FixedNumber(QStringView text, qsizetype at, qsizetype length) {
         value = value * 10 + (c.unicode() - u'0');
     }
     return value;
+}
+
+/// A number of at least and at most so many digits.
+std::optional<int> ReadDigits(QStringView text, qsizetype least, qsizetype most) {
+    if (text.size() < least || text.size() > most)
+        return std::nullopt;
+    const int value = FixedNumber(text, 0, text.size());
+    return value < 0 ? std::nullopt : std::optional(value);
 }
 
 std::optional<Seconds> ReadClock(QStringView text) {

@@ -28,7 +28,6 @@ constexpr int TickMilliseconds = 1200;
 constexpr Seconds RefreshEvery{5};
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
 constexpr std::chrono::milliseconds ClockPatience{200};
-constexpr std::chrono::milliseconds UserPatience{2000};
 /// The mode under which the entry window records a departure.
 const QString ClockOutMode = u"N"_s;
 const QString ClockInMode = u"IN"_s;
@@ -226,28 +225,14 @@ void frmMain::ReadSheet(Cause cause) {
         throw ProgramError(FileNotFoundNumber,
                            u"File database tidak ditemukan lagi. Kembalikan file itu, lalu "
                            "tutup dan buka lagi program ini."_s);
+    std::optional<ShortPatience> patience;
     if (cause == Cause::Clock)
-        RefreshWithin(ClockPatience);
-    else
-        sheet_.Refresh(connection, ui_->txtTCID->text());
+        patience.emplace(connection, ClockPatience);
+    sheet_.Refresh(connection, ui_->txtTCID->text());
     if (sheet_.IsClosed())
         return;
     ui_->txtTanggal->setDate(ToQDate(sheet_.SheetDay()));
     sheetDate_ = sheet_.SheetDay();
-}
-
-void frmMain::RefreshWithin(std::chrono::milliseconds patience) {
-    Connection& connection = program_.Db();
-    connection.SetPatience(patience);
-    std::exception_ptr failure;
-    try {
-        sheet_.Refresh(connection, ui_->txtTCID->text());
-    } catch (const std::exception&) {
-        failure = std::current_exception();
-    }
-    connection.SetPatience(UserPatience);
-    if (failure)
-        std::rethrow_exception(failure);
 }
 
 void frmMain::ShowState() {

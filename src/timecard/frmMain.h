@@ -7,7 +7,6 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include <chrono>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -84,7 +83,6 @@ private:
     /// False when it failed; the user is told.
     bool RefreshSheet(Cause cause);
     void ReadSheet(Cause cause);
-    void RefreshWithin(std::chrono::milliseconds patience);
     void TellFailure(const std::exception_ptr& failure);
     void TellLater(const std::exception_ptr& failure);
     void ShowState();
