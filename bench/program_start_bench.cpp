@@ -47,7 +47,7 @@ private:
 class DeskStart {
 public:
     explicit DeskStart(const ProgramFolder& folder)
-        : program_{folder, clock_, dialogs_, log_, shared_, [](LoginHandOver&) {}},
+        : program_{folder, clock_, dialogs_, log_, shared_, [](LoginHandOver&) {}, {}},
           desk_(program_, skin_, {.userCountry = [] { return u"United States"_s; }}) {}
 
     void Run() {

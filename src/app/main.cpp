@@ -4,6 +4,7 @@
 #include "ui/form_skin.h"
 #include "ui/message_dialogs.h"
 #include "ui/standard_texts.h"
+#include "ui/text_viewer.h"
 #include "ui/theme.h"
 
 #include <QApplication>
@@ -43,9 +44,13 @@ int main(int argc, char** argv) {
     b_global::SharedConnection database;
     b_form_skin::Backgrounds skin;
     Program program{
-        ProgramFolder(HomeFolder(application)), clock, dialogs, log, database, [&](LoginHandOver& channel) {
-            frmLogin(clock, channel, skin, QApplication::activeWindow()).exec();
-        }};
+        ProgramFolder(HomeFolder(application)),
+        clock,
+        dialogs,
+        log,
+        database,
+        [&](LoginHandOver& channel) { frmLogin(clock, channel, skin, QApplication::activeWindow()).exec(); },
+        ShowTextFile};
 
     frmMain* desk = nullptr;
     frmMain window(program, skin, {.editCard = [&](const QString& tcid, const QString& nip) {

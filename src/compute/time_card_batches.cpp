@@ -130,7 +130,7 @@ void ComputeBatch(Connection& connection, const QStringList& tcids, modAbsen::Co
 } // namespace
 
 modAbsen::ComputationReport modAbsen::CalculateTimeCards(Connection& connection, const QStringList& tcids,
-                                                         const ComputationProgress& progress) {
+                                                         const Progress& progress) {
     QStringList cards = tcids;
     cards.removeAll(QString());
     cards.removeDuplicates();

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "core/dialogs.h"
+#include "core/progress.h"
 #include "database/connection.h"
 
 #include <QString>
 #include <QStringList>
-
-#include <functional>
 
 namespace modAbsen {
 
@@ -25,13 +24,10 @@ struct ComputationReport {
     bool cancelled = false;
 };
 
-/// Told how many of all cards are done; false stops the run.
-using ComputationProgress = std::function<bool(qsizetype done, qsizetype total)>;
-
 /// Computes many cards with the results of CalculateTimeCard, some hundreds in a transaction. Progress is
 /// told between the transactions. An identifier given twice counts once, an empty one not at all. Nothing is
 /// shown. Throws like CalculateTimeCard; the cards of the transactions before the failure stay computed.
 ComputationReport CalculateTimeCards(Connection& connection, const QStringList& tcids,
-                                     const ComputationProgress& progress = {});
+                                     const Progress& progress = {});
 
 } // namespace modAbsen

@@ -31,6 +31,9 @@ struct Program {
     b_global::SharedConnection& database;
     /// Shows the login window until it is closed; what was typed is put into the channel.
     std::function<void(LoginHandOver&)> askLogin;
+    /// Shows the written report file to the user and does not wait until it is closed. Throws ProgramError
+    /// when nothing can show it.
+    std::function<void(const QString& path)> showReport;
 
     Connection& Db() const { return database.Get(); }
 };

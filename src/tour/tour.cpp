@@ -4,6 +4,7 @@
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
 #include "timecard/sheet_identifier.h"
+#include "ui/text_viewer.h"
 
 #include <QApplication>
 #include <QPixmap>
@@ -29,10 +30,19 @@ void Print(const QString& line) {
 
 Tour::Tour(const QString& programFolder, const QString& pictureFolder)
     : pictures_(pictureFolder), log_(programFolder + u"/VELTLOG.TXT"_s),
-      program_{
-          ProgramFolder(programFolder), clock_, dialogs_, log_, database_, [this](LoginHandOver& channel) {
-              frmLogin(clock_, channel, skin_, QApplication::activeWindow()).exec();
-          }} {
+      program_{ProgramFolder(programFolder),
+               clock_,
+               dialogs_,
+               log_,
+               database_,
+               [this](LoginHandOver& channel) {
+                   frmLogin(clock_, channel, skin_, QApplication::activeWindow()).exec();
+               },
+               [](const QString& path) {
+                   auto* viewer = new TextViewer(path, QApplication::activeWindow());
+                   viewer->setAttribute(Qt::WA_DeleteOnClose);
+                   viewer->show();
+               }} {
     clock_.now = At(*MakeDay(2026, 11, 23), 7h + 41min + 5s);
 }
 

@@ -11,10 +11,14 @@ WallTime Moment(QStringView text) {
 }
 
 TestCompany::TestCompany(Database state)
-    : clock(Moment(u"2026-11-22 07:58:12")), log(folder.filePath(u"VELTLOG.TXT"_s)),
-      program{ProgramFolder(folder.path()), clock, dialogs, log, database, [this](LoginHandOver& channel) {
-                  channel.Put(login);
-              }} {
+    : clock(Moment(u"2026-11-22 07:58:12")),
+      log(folder.filePath(u"VELTLOG.TXT"_s)), program{ProgramFolder(folder.path()),
+                                                      clock,
+                                                      dialogs,
+                                                      log,
+                                                      database,
+                                                      [this](LoginHandOver& channel) { channel.Put(login); },
+                                                      [this](const QString& path) { shownReports << path; }} {
     CreateDatabase(DatabaseFile());
     if (state == Database::Open) {
         EXPECT_TRUE(b_global::OpenConnection(database, program.folder, dialogs));

@@ -77,5 +77,7 @@ public:
     b_global::SharedConnection database;
     /// What the login window hands back.
     QString login = QStringLiteral("<CANCEL>");
+    /// The report files that the user was shown.
+    QStringList shownReports;
     Program program;
 };

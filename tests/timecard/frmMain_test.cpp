@@ -276,8 +276,13 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
 TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
     WindowCompany desk;
     MessageDialogs boxes;
-    Program program{desk.company.program.folder, desk.company.clock,           boxes, desk.company.log,
-                    desk.company.database,       desk.company.program.askLogin};
+    Program program{desk.company.program.folder,
+                    desk.company.clock,
+                    boxes,
+                    desk.company.log,
+                    desk.company.database,
+                    desk.company.program.askLogin,
+                    {}};
     b_form_skin::Backgrounds skin;
     frmMain window(program, skin, {.userCountry = [] { return u"United States"_s; }});
     ASSERT_TRUE(window.Form_Load());
