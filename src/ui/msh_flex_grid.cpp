@@ -15,7 +15,7 @@ namespace {
 /// from the lines of the grid.
 class CellDelegate : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit CellDelegate(MSHFlexGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
 
     void SetStatusRole(int role) { statusRole_ = role; }
 
@@ -34,6 +34,8 @@ public:
                 fill = colours->fill; // a selected row keeps the colour of its status
             cell.font.setBold(colours->fill.isValid());
         }
+        if (grid_->EditsCells())
+            ColourEdited(index, fill, textColour);
         painter->save();
         if (fill.style() != Qt::NoBrush)
             painter->fillRect(cell.rect, fill);
@@ -50,6 +52,24 @@ public:
     }
 
 private:
+    /// The colours that editing gives a cell, over those that it has.
+    void ColourEdited(const QModelIndex& index, QBrush& fill, QColor& textColour) const {
+        const QModelIndex current = grid_->currentIndex();
+        const bool fixed = index.column() < grid_->FixedCols();
+        if (index == current && !fixed) {
+            fill = Theme::EditedCell();
+            textColour = Qt::black;
+        } else if (grid_->IsMarkedUnsaved(index)) {
+            fill = Theme::Warning().fill;
+            textColour = Theme::Warning().text;
+        } else if (fixed) {
+            fill = index.row() == current.row() ? grid_->palette().highlight() : QBrush(Theme::HeaderFill());
+        } else if (index.row() == current.row() && (!statusRole_ || fill.style() == Qt::NoBrush)) {
+            fill = grid_->palette().highlight();
+        }
+    }
+
+    MSHFlexGrid* grid_;
     int statusRole_ = 0;
 };
 
@@ -80,6 +100,30 @@ void MSHFlexGrid::PaintStatus(int column, int role) {
     auto* delegate = new CellDelegate(this);
     delegate->SetStatusRole(role);
     setItemDelegateForColumn(column, delegate);
+}
+
+void MSHFlexGrid::EditCells(int fixedColumns) {
+    fixedColumns_ = fixedColumns;
+    setSelectionBehavior(SelectItems);
+}
+
+void MSHFlexGrid::MarkUnsaved(const QModelIndex& cell, bool unsaved) {
+    if (unsaved)
+        unsaved_.insert(cell);
+    else
+        unsaved_.remove(cell);
+    update(cell);
+}
+
+void MSHFlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (EditsCells() && current.row() != previous.row())
+        viewport()->update(); // the tint of the row moves along
+}
+
+void MSHFlexGrid::reset() {
+    unsaved_.clear();
+    QTableView::reset();
 }
 
 void MSHFlexGrid::SetEmptyText(const QString& text) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QPersistentModelIndex>
+#include <QSet>
 #include <QTableView>
 
 /// The program's grid: rows to look at and walk through by keys, one selected at a time. What a double-click
-/// does, Enter does too.
+/// does, Enter does too. A grid whose cells are edited has a cell cursor instead.
 class MSHFlexGrid : public QTableView {
     Q_OBJECT
 public:
@@ -12,6 +14,16 @@ public:
     /// The role under which the model tells a row's status code; cells of the status column are painted in
     /// its colours.
     void PaintStatus(int column, int role);
+
+    /// Lets the keys walk from cell to cell, the present one painted as the one to be edited, its row tinted;
+    /// the first columns are painted as headers.
+    void EditCells(int fixedColumns);
+    bool EditsCells() const { return fixedColumns_ >= 0; }
+    int FixedCols() const { return qMax(0, fixedColumns_); }
+
+    /// Marks a cell whose contents are not in the database, or takes the mark away.
+    void MarkUnsaved(const QModelIndex& cell, bool unsaved);
+    bool IsMarkedUnsaved(const QModelIndex& cell) const { return unsaved_.contains(cell); }
 
     /// What the grid says in its middle while it has no rows.
     void SetEmptyText(const QString& text);
@@ -29,6 +41,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void reset() override;
 
 private:
     void FitStretchedColumn();
@@ -36,4 +50,6 @@ private:
     int stretchedColumn_ = -1;
     int leastWidth_ = 0;
     QString emptyText_;
+    int fixedColumns_ = -1;
+    QSet<QPersistentModelIndex> unsaved_;
 };

@@ -80,6 +80,8 @@ QLineEdit, QAbstractSpinBox, QComboBox { background: white; border: 1px solid #B
 QLineEdit:focus, QAbstractSpinBox:focus, QComboBox:focus { border: 2px solid #0B5CAD; padding: 2px 5px; }
 QLineEdit:disabled, QAbstractSpinBox:disabled, QComboBox:disabled, QLineEdit:read-only, QDateEdit[look="shown"] { background: #EEF1F4;
     border-color: #D8DEE5; color: #3A4656; }
+QLineEdit[look="cell"] { background: #FFFF00; color: black; border: 1px solid #0B5CAD; border-radius: 0px; padding: 0px 5px;
+    min-height: 0px; }
 
 QComboBox::drop-down { border: none; width: 20px; }
 QComboBox::down-arrow { image: url(:/ui/down.png); width: 11px; height: 6px; margin-right: 6px; }
@@ -161,4 +163,16 @@ QColor Theme::QuietText() {
 
 QColor Theme::Accent() {
     return QColor(u"#0B5CAD"_s);
+}
+
+QColor Theme::HeaderFill() {
+    return QColor(u"#EAEFF4"_s);
+}
+
+QColor Theme::EditedCell() {
+    return QColor(255, 255, 0);
+}
+
+Theme::Colours Theme::Warning() {
+    return {QColor(u"#FFF1C2"_s), QColor(u"#5C4300"_s)};
 }

@@ -29,6 +29,11 @@ int FieldWidth(const QWidget& field, const QString& sample);
 
 QColor QuietText();
 QColor Accent();
+QColor HeaderFill();
+/// The cell that is being edited, and the editor itself.
+QColor EditedCell();
+/// What needs attention.
+Colours Warning();
 
 /// Distances in pixels: between groups, inside a group.
 inline constexpr int GroupGap = 8;

@@ -2,6 +2,7 @@
 
 #include "ui/busy_pointer.h"
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
 
 /// What the user sees of long work: the hourglass at once, after half a second a bar with "Batal". It is told
@@ -16,4 +17,5 @@ public:
 private:
     BusyPointer busy_;
     QProgressDialog dialog_;
+    QElapsedTimer sinceStart_;
 };

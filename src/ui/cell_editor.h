@@ -1,0 +1,91 @@
+#pragma once
+
+#include "core/program.h"
+
+#include <QModelIndex>
+#include <QObject>
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+class MSHFlexGrid;
+class QKeyEvent;
+class QLineEdit;
+class QToolButton;
+
+/// What a window adds to the editor of its grid. Rows and columns are the grid model's, whose first columns
+/// are fixed. What these functions throw is logged and shown; what was typed then stays.
+struct CellEditing {
+    int fixedColumns = 1;
+    /// The columns that show cmdLov when a cell of them is entered.
+    std::vector<int> pickListColumns;
+    /// Whether the editor may open on a cell that is not fixed; without it, on all of them.
+    std::function<bool(const QModelIndex&)> mayEdit;
+    /// The column whose codes are checked before they reach the grid; none below 0.
+    int checkedColumn = -1;
+    /// The code as its table writes it; nothing when it is not listed, and the pick list opens.
+    std::function<std::optional<QString>(const QModelIndex& cell, const QString& code)> check;
+    /// Opens the pick list under the anchor; its choice comes back through TakePicked.
+    std::function<void(QLineEdit& anchor)> openPickList;
+    /// Saves a row; false when it was not saved.
+    std::function<bool(int row)> saveRow;
+    /// Saves a cell as soon as its text was changed. Rows have nothing left to save then.
+    std::function<void(const QModelIndex&)> saveCell;
+    std::function<void(const QModelIndex&)> gridEnterKey;
+    std::function<void(const QModelIndex&)> gridDeleteKey;
+    std::function<void(const QModelIndex&)> gridDoubleClick;
+};
+
+/// Typing straight into a grid that does not edit itself: one text box, Text1, is laid over the current cell,
+/// one button, cmdLov, beside it for the columns with a pick list. A committed text goes into the model; the
+/// row is saved when the cursor leaves it.
+class CellEditor : public QObject {
+    Q_OBJECT
+public:
+    /// The grid has its model, and keeps it.
+    CellEditor(Program& program, MSHFlexGrid& grid, CellEditing editing);
+
+    /// Opens the editor on the current cell with its present text, selected.
+    void OpenOnCurrentCell();
+    /// Takes a code from the pick list as if it had been typed and entered.
+    void TakePicked(const QString& code);
+    void ShowPickButton();
+    void OpenPickList();
+
+    bool RowDirty() const { return rowDirty_; }
+    /// Asks what becomes of rows that are not saved: they are saved, thrown away, or the answer is false and
+    /// the window stays as it is.
+    bool MayLeave();
+    /// The rows were read anew: nothing is left to save.
+    void Forget();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void EnterCell(const QModelIndex& cell);
+    void SaveLastRow();
+    bool GridKeyDown(const QKeyEvent& event);
+    bool GridKeyPress(const QString& typed);
+    bool Text1_KeyDown(const QKeyEvent& event);
+    bool Text1_Validate();
+    void CommitCellEdit();
+    void Open(const QString& text);
+    void Hide();
+    void Lay();
+    bool MayEdit(const QModelIndex& cell) const;
+    bool HasPickList(const QModelIndex& cell) const;
+    void MarkRow(int row, bool unsaved);
+
+    Program& program_;
+    MSHFlexGrid& grid_;
+    const CellEditing editing_;
+    QLineEdit* text1_;
+    QToolButton* cmdLov_;
+    int lastRow_ = -1;
+    bool rowDirty_ = false;
+    /// Left before, but not saved: saving them failed.
+    std::set<int> unsavedRows_;
+};

@@ -1,0 +1,265 @@
+#include "ui/cell_editor.h"
+
+#include "core/text_table.h"
+#include "support/window_company.h"
+#include "ui/msh_flex_grid.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Texts that can be written.
+class Sheet : public modGeneral::TextGrid {
+public:
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override {
+        if (role != Qt::EditRole)
+            return false;
+        SetText(index.row(), index.column(), value.toString());
+        return true;
+    }
+};
+
+/// A grid of forty rows: serial number, a code that is checked (A and TL are listed), a plain column, a
+/// column with a pick list that is not checked, and a locked one.
+class Host {
+public:
+    enum Column { Code = 1, Plain, Picked, Locked };
+
+    Host() {
+        modGeneral::SetupGrid(sheet, {u"Code"_s, u"Plain"_s, u"Picked"_s, u"Locked"_s});
+        for (int i = 1; i <= 40; ++i)
+            sheet.AddRow({QString::number(i), u"A"_s, u"old"_s, u""_s, u"x"_s});
+        window.setObjectName(u"host"_s);
+        window.resize(600, 300);
+        grid = new MSHFlexGrid(&window);
+        grid->setGeometry(0, 0, 600, 260);
+        grid->setModel(&sheet);
+        elsewhere = new QLineEdit(&window);
+        elsewhere->setGeometry(0, 265, 200, 30);
+        CellEditing editing;
+        editing.pickListColumns = {Code, Picked};
+        editing.checkedColumn = Code;
+        editing.mayEdit = [](const QModelIndex& cell) { return cell.column() != Locked; };
+        editing.check = [this](const QModelIndex&, const QString& code) -> std::optional<QString> {
+            if (failing)
+                throw std::runtime_error("no table");
+            if (code.toUpper() == u"A"_s || code.toUpper() == u"TL"_s)
+                return code.toUpper();
+            return std::nullopt;
+        };
+        editing.openPickList = [this](QLineEdit& anchor) { pickedUnder << anchor.geometry(); };
+        editing.saveRow = [this](int row) {
+            saved << row;
+            if (failing)
+                throw std::runtime_error("locked");
+            return true;
+        };
+        editing.gridEnterKey = [this](const QModelIndex&) { editor->OpenOnCurrentCell(); };
+        editing.gridDeleteKey = [this](const QModelIndex& cell) { deleted << cell.row(); };
+        editor = new CellEditor(company.program, *grid, editing);
+        window.show();
+        window.activateWindow();
+        grid->setFocus();
+        Go(0, Plain);
+    }
+
+    void Go(int row, int column) { grid->setCurrentIndex(sheet.index(row, column)); }
+    static void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        KeyboardUser::Press(key, with);
+    }
+    QLineEdit& Text1() { return WindowCompany::Part<QLineEdit>(window, "Text1"); }
+    QToolButton& CmdLov() { return WindowCompany::Part<QToolButton>(window, "cmdLov"); }
+    QRect Cell() { return grid->visualRect(grid->currentIndex()); }
+
+    TestCompany company;
+    Sheet sheet;
+    QWidget window;
+    MSHFlexGrid* grid = nullptr;
+    QLineEdit* elsewhere = nullptr;
+    CellEditor* editor = nullptr;
+    QList<int> saved;
+    QList<int> deleted;
+    QList<QRect> pickedUnder;
+    bool failing = false;
+};
+
+} // namespace
+
+TEST(CellEditor, OpensOnTheKeysThatBeginAText) {
+    const std::pair<char, bool> keys[] = {
+        {'a', true}, {'Z', true},  {'0', true},  {':', true},  {'@', true},  {'%', true},  {'-', true},
+        {'{', true}, {' ', false}, {'.', false}, {'/', false}, {'[', false}, {'_', false}, {'+', false}};
+    for (const auto& [key, opens] : keys) {
+        Host host;
+        KeyboardUser::Type(QString(QLatin1Char(key)));
+        EXPECT_EQ(host.Text1().isVisible(), opens) << key;
+        if (opens) {
+            EXPECT_EQ(host.Text1().text(), QString(QLatin1Char(key))) << "in place of what the cell held";
+            EXPECT_EQ(host.Text1().geometry(), host.Cell());
+            EXPECT_TRUE(host.Text1().hasFocus());
+        }
+        Host::Press(Qt::Key_Escape);
+        EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"old"_s) << key;
+    }
+}
+
+TEST(CellEditor, DoesNotOpenOnFixedAndLockedCellsNorOnCommands) {
+    Host host;
+    for (const int column : {0, static_cast<int>(Host::Locked)}) {
+        host.Go(0, column);
+        KeyboardUser::Type(u"a"_s);
+        Host::Press(Qt::Key_F2);
+        EXPECT_TRUE(host.Text1().isHidden()) << column;
+    }
+    host.Go(0, Host::Plain);
+    Host::Press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(host.Text1().isHidden());
+    Host::Press(Qt::Key_Delete);
+    EXPECT_EQ(host.deleted, QList<int>{0});
+}
+
+TEST(CellEditor, SavesARowOnceWhenTheCursorLeavesIt) {
+    Host host;
+    KeyboardUser::Type(u"new"_s);
+    Host::Press(Qt::Key_Return);
+    EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"new"_s);
+    EXPECT_TRUE(host.Text1().isHidden());
+    EXPECT_TRUE(host.grid->hasFocus());
+    Host::Press(Qt::Key_Right);
+    KeyboardUser::Type(u"x"_s);
+    Host::Press(Qt::Key_Return);
+    EXPECT_TRUE(host.editor->RowDirty());
+    EXPECT_TRUE(host.saved.isEmpty()) << "the cursor has not left the row";
+    Host::Press(Qt::Key_Down);
+    EXPECT_EQ(host.saved, QList<int>{0});
+    EXPECT_FALSE(host.editor->RowDirty());
+    Host::Press(Qt::Key_Left);
+    Host::Press(Qt::Key_Return); // opens with what the cell holds
+    EXPECT_EQ(host.Text1().selectedText(), u"old"_s);
+    Host::Press(Qt::Key_Return);
+    Host::Press(Qt::Key_Down);
+    EXPECT_EQ(host.saved, QList<int>{0}) << "an unchanged text leaves the row as it was";
+}
+
+TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
+    const std::pair<const char*, std::function<void(Host&)>> ways[] = {
+        {"Esc", [](Host&) { Host::Press(Qt::Key_Escape); }},
+        {"erased",
+         [](Host& host) {
+             Host::Press(Qt::Key_Backspace);
+             EXPECT_TRUE(host.Text1().isVisible());
+             Host::Press(Qt::Key_Return);
+         }},
+        {"scrolled", [](Host& host) { host.grid->verticalScrollBar()->setValue(5); }},
+        {"focus lost", [](Host& host) { host.elsewhere->setFocus(); }},
+    };
+    for (const auto& [way, act] : ways) {
+        Host host;
+        host.Go(0, Host::Picked);
+        KeyboardUser::Type(u"b"_s);
+        act(host);
+        EXPECT_TRUE(host.Text1().isHidden()) << way;
+        EXPECT_TRUE(host.CmdLov().isHidden()) << way;
+        EXPECT_EQ(host.sheet.Text(0, Host::Picked), QString()) << way;
+        EXPECT_FALSE(host.editor->RowDirty()) << way;
+    }
+}
+
+TEST(CellEditor, AfterErasingEverythingTheNextKeyBeginsAnew) {
+    Host host;
+    KeyboardUser::Type(u"b"_s);
+    Host::Press(Qt::Key_Backspace);
+    KeyboardUser::Type(u"cd"_s);
+    EXPECT_EQ(host.Text1().text(), u"cd"_s);
+}
+
+TEST(CellEditor, StoresOnlyListedCodes) {
+    Host host;
+    host.Go(0, Host::Code);
+    EXPECT_TRUE(host.CmdLov().isVisible());
+    EXPECT_EQ(host.CmdLov().geometry().topLeft(), host.Cell().topRight() + QPoint(1, 0));
+    KeyboardUser::Type(u"zz"_s);
+    Host::Press(Qt::Key_Return);
+    EXPECT_EQ(host.pickedUnder, QList<QRect>{host.Cell()}) << "an unknown code opens the pick list";
+    EXPECT_EQ(host.sheet.Text(0, Host::Code), u"A"_s);
+    host.editor->TakePicked(u"tl"_s);
+    EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s) << "as the table writes it";
+    EXPECT_TRUE(host.Text1().isHidden());
+    EXPECT_TRUE(host.editor->RowDirty());
+
+    host.failing = true;
+    KeyboardUser::Type(u"a"_s);
+    Host::Press(Qt::Key_Return);
+    EXPECT_EQ(host.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(host.Text1().text(), u"a"_s) << "what was typed stays when the check fails";
+    EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s);
+}
+
+TEST(CellEditor, ShowsTheListOnItsColumnsOnlyAndShowsWhatWasPickedThere) {
+    Host host;
+    EXPECT_TRUE(host.CmdLov().isHidden());
+    Host::Press(Qt::Key_F4);
+    EXPECT_TRUE(host.pickedUnder.isEmpty());
+    host.Go(0, Host::Picked);
+    EXPECT_TRUE(host.CmdLov().isVisible());
+    Host::Press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(host.pickedUnder.size(), 1);
+    host.editor->TakePicked(u"TL"_s);
+    EXPECT_EQ(host.Text1().text(), u"TL"_s);
+    EXPECT_EQ(host.sheet.Text(0, Host::Picked), QString()) << "not before it is entered";
+    Host::Press(Qt::Key_Return);
+    EXPECT_EQ(host.sheet.Text(0, Host::Picked), u"TL"_s);
+}
+
+TEST(CellEditor, StaysOverItsCellWhenColumnsMove) {
+    Host host;
+    KeyboardUser::Type(u"a"_s);
+    host.grid->horizontalHeader()->resizeSection(Host::Code, 170);
+    EXPECT_EQ(host.Text1().geometry(), host.Cell());
+    host.grid->horizontalHeader()->moveSection(Host::Plain, 1);
+    EXPECT_EQ(host.Text1().geometry(), host.Cell());
+}
+
+TEST(CellEditor, ARowThatCouldNotBeSavedStaysMarkedUntilItIs) {
+    Host host;
+    host.failing = true;
+    KeyboardUser::Type(u"new"_s);
+    Host::Press(Qt::Key_Return);
+    Host::Press(Qt::Key_Down);
+    EXPECT_EQ(host.company.dialogs.texts.size(), 1);
+    EXPECT_TRUE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
+    host.failing = false;
+    Host::Press(Qt::Key_Up);
+    EXPECT_TRUE(host.editor->RowDirty());
+    Host::Press(Qt::Key_Down);
+    EXPECT_EQ(host.saved, (QList<int>{0, 0}));
+    EXPECT_FALSE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
+}
+
+TEST(CellEditor, AsksBeforeUnsavedRowsAreThrownAway) {
+    using Answer = Dialogs::Answer;
+    struct Case {
+        Answer answer;
+        bool failing;
+        bool leaves;
+        qsizetype saves;
+    };
+    for (const Case& given : {Case{Answer::Yes, false, true, 1}, Case{Answer::Yes, true, false, 1},
+                              Case{Answer::No, false, true, 0}, Case{Answer::Cancel, false, false, 0}}) {
+        Host host;
+        EXPECT_TRUE(host.editor->MayLeave());
+        EXPECT_TRUE(host.company.dialogs.questions.isEmpty());
+        KeyboardUser::Type(u"new"_s);
+        Host::Press(Qt::Key_Return);
+        host.failing = given.failing;
+        host.company.dialogs.answers = {given.answer};
+        EXPECT_EQ(host.editor->MayLeave(), given.leaves);
+        EXPECT_EQ(host.saved.size(), given.saves);
+    }
+}
