@@ -61,6 +61,21 @@ void Recordset::Update() {
     row.isNew = false;
 }
 
+void Recordset::CancelUpdate() {
+    Row& row = rows_.at(current_);
+    if (row.isNew)
+        rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(current_));
+    else
+        row.values = row.read;
+}
+
+void Recordset::Delete() {
+    const Condition asRead = StandsAsRead(rows_.at(current_));
+    if (connection_.Execute(u"DELETE FROM [%1]"_s.arg(table_) + asRead.where, asRead.values) == 0)
+        throw ConflictError(table_);
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(current_));
+}
+
 size_t Recordset::ColumnOf(const QString& name) const {
     for (qsizetype i = 0; i < columns_.size(); ++i) {
         if (columns_[i].compare(name, Qt::CaseInsensitive) == 0)
@@ -86,27 +101,30 @@ void Recordset::Insert(const Row& row) {
 
 /// The row is found by its key and by every value that was read, so that another desk's change is never
 /// overwritten.
+Recordset::Condition Recordset::StandsAsRead(const Row& row) const {
+    QStringList conditions;
+    for (const QString& name : columns_)
+        conditions << u'[' + name + u"] IS ?"_s;
+    return {u" WHERE "_s + conditions.join(u" AND "_s), QVariantList(row.read.cbegin(), row.read.cend())};
+}
+
 void Recordset::Change(const Row& row) {
     QStringList assignments;
-    QStringList conditions;
     QVariantList values;
-    QVariantList asRead;
     for (size_t i = 0; i < row.values.size(); ++i) {
-        const QString name = u'[' + columns_[static_cast<qsizetype>(i)] + u']';
         if (row.values[i] != row.read[i] || row.values[i].isNull() != row.read[i].isNull()) {
-            assignments << name + u"=?"_s;
+            assignments << u'[' + columns_[static_cast<qsizetype>(i)] + u"]=?"_s;
             values << row.values[i];
         }
-        conditions << name + u" IS ?"_s;
-        asRead << row.read[i];
     }
-    const QString where = u" WHERE "_s + conditions.join(u" AND "_s);
+    const Condition asRead = StandsAsRead(row);
     // A row with nothing to write is looked at all the same: what its caller writes beside it rests on it.
     const bool stands =
         assignments.isEmpty()
-            ? connection_.Query(u"SELECT 1 FROM [%1]"_s.arg(table_) + where, asRead).Next()
-            : connection_.Execute(u"UPDATE [%1] SET %2"_s.arg(table_, assignments.join(u", "_s)) + where,
-                                  values + asRead)
+            ? connection_.Query(u"SELECT 1 FROM [%1]"_s.arg(table_) + asRead.where, asRead.values).Next()
+            : connection_.Execute(u"UPDATE [%1] SET %2"_s.arg(table_, assignments.join(u", "_s))
+                                      + asRead.where,
+                                  values + asRead.values)
                   > 0;
     if (!stands)
         throw ConflictError(table_);

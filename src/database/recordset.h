@@ -18,6 +18,9 @@ public:
     /// True when there is no current row: none was found, or MoveNext went behind the last.
     bool AtEnd() const { return current_ >= rows_.size(); }
     void MoveNext() { ++current_; }
+    /// How many rows are held, new ones included; the first is number 0.
+    int RowCount() const { return static_cast<int>(rows_.size()); }
+    void MoveTo(int row) { current_ = static_cast<size_t>(row); }
 
     /// The current row's field.
     FieldValue Field(const QString& name) const;
@@ -28,6 +31,10 @@ public:
     /// Writes the current row. Throws ConflictError when it no longer stands in the database as it was
     /// read, even when there is nothing to write; nothing is written then.
     void Update();
+    /// Takes back what was set in the current row since it was read or written; a new row goes away.
+    void CancelUpdate();
+    /// Removes the current row, here and in the database. Throws ConflictError as Update does.
+    void Delete();
 
 private:
     struct Row {
@@ -36,7 +43,14 @@ private:
         bool isNew = false;
     };
 
+    /// What tells a row as it was read from every other, and from itself once it is changed.
+    struct Condition {
+        QString where;
+        QVariantList values;
+    };
+
     size_t ColumnOf(const QString& name) const;
+    Condition StandsAsRead(const Row& row) const;
     void Insert(const Row& row);
     void Change(const Row& row);
 
