@@ -1,18 +1,23 @@
 #include "ui/msh_flex_grid.h"
 
+#include "ui/frozen_columns.h"
 #include "ui/theme.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QtMath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Paints a cell: the row's own colour or, in the status column, that of the status; then the text, set off
-/// from the lines of the grid.
+/// How much narrower than usual a text can be written and still be read.
+constexpr qreal NarrowestText = 0.6;
+
+/// Paints a cell: the row's own colour or that of what is to be noticed about the cell, or, in the status
+/// column, that of the status; then the text, set off from the lines of the grid.
 class CellDelegate : public QStyledItemDelegate {
 public:
     explicit CellDelegate(MSHFlexGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
@@ -34,6 +39,12 @@ public:
                 fill = colours->fill; // a selected row keeps the colour of its status
             cell.font.setBold(colours->fill.isValid());
         }
+        const CellLook look = LookOf(index);
+        if (const auto colours = Theme::LookColours(look)) {
+            fill = QBrush(colours->fill, look == CellLook::Hatched ? Qt::BDiagPattern : Qt::SolidPattern);
+            if (colours->text.isValid())
+                textColour = colours->text;
+        }
         if (grid_->EditsCells())
             ColourEdited(index, fill, textColour);
         painter->save();
@@ -41,9 +52,7 @@ public:
             painter->fillRect(cell.rect, fill);
         painter->setPen(textColour);
         painter->setFont(cell.font);
-        const QRect room = cell.rect.adjusted(Theme::CellPadding, 0, -Theme::CellPadding, 0);
-        const QString text = QFontMetrics(cell.font).elidedText(cell.text, Qt::ElideRight, room.width());
-        painter->drawText(room, static_cast<int>(cell.displayAlignment), text);
+        PaintText(*painter, cell, index);
         painter->restore();
     }
 
@@ -52,10 +61,34 @@ public:
     }
 
 private:
+    CellLook LookOf(const QModelIndex& index) const {
+        return grid_->LookRole() ? static_cast<CellLook>(index.data(grid_->LookRole()).toInt())
+                                 : CellLook::Plain;
+    }
+
+    void PaintText(QPainter& painter, const QStyleOptionViewItem& cell, const QModelIndex& index) const {
+        const QFontMetrics metrics(cell.font);
+        const bool narrow = grid_->SharesRoom(index.column());
+        const int padding = narrow ? qMin(Theme::CellPadding, cell.rect.width() / 12) : Theme::CellPadding;
+        QRect room = cell.rect.adjusted(padding, 0, -padding, 0);
+        const int wanted = metrics.horizontalAdvance(cell.text);
+        if (narrow && wanted > room.width()) {
+            const qreal scale = qMax(NarrowestText, static_cast<qreal>(room.width()) / wanted);
+            painter.translate(room.left(), 0);
+            painter.scale(scale, 1);
+            room = QRect(0, room.top(), qCeil(room.width() / scale), room.height());
+        }
+        const QString text = metrics.elidedText(cell.text, Qt::ElideRight, room.width());
+        painter.drawText(room, static_cast<int>(cell.displayAlignment), text);
+    }
+
     /// The colours that editing gives a cell, over those that it has.
     void ColourEdited(const QModelIndex& index, QBrush& fill, QColor& textColour) const {
         const QModelIndex current = grid_->currentIndex();
         const bool fixed = index.column() < grid_->FixedCols();
+        const CellLook look = LookOf(index);
+        const bool keepsFill = look == CellLook::Hatched || look == CellLook::Doubtful
+                               || (statusRole_ && fill.style() != Qt::NoBrush);
         if (index == current && !fixed) {
             fill = Theme::EditedCell();
             textColour = Qt::black;
@@ -64,7 +97,7 @@ private:
             textColour = Theme::Warning().text;
         } else if (fixed) {
             fill = index.row() == current.row() ? grid_->palette().highlight() : QBrush(Theme::HeaderFill());
-        } else if (index.row() == current.row() && (!statusRole_ || fill.style() == Qt::NoBrush)) {
+        } else if (index.row() == current.row() && !keepsFill) {
             fill = grid_->palette().highlight();
         }
     }
@@ -113,12 +146,27 @@ void MSHFlexGrid::MarkUnsaved(const QModelIndex& cell, bool unsaved) {
     else
         unsaved_.remove(cell);
     update(cell);
+    if (frozen_)
+        frozen_->update(cell);
 }
 
 void MSHFlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
     if (EditsCells() && current.row() != previous.row())
         viewport()->update(); // the tint of the row moves along
+    if (frozen_)
+        frozen_->viewport()->update();
+}
+
+void MSHFlexGrid::FreezeColumns(int count) {
+    frozen_ = new FrozenColumns(*this, count);
+    updateGeometries();
+}
+
+void MSHFlexGrid::updateGeometries() {
+    QTableView::updateGeometries();
+    if (frozen_)
+        frozen_->Place();
 }
 
 void MSHFlexGrid::reset() {
@@ -134,19 +182,37 @@ void MSHFlexGrid::SetEmptyText(const QString& text) {
 void MSHFlexGrid::StretchColumn(int column, int leastWidth) {
     stretchedColumn_ = column;
     leastWidth_ = leastWidth;
-    FitStretchedColumn();
+    FitColumns();
 }
 
-void MSHFlexGrid::FitStretchedColumn() {
-    if (stretchedColumn_ < 0)
+void MSHFlexGrid::ShareRoom(int firstColumn, int leastWidth) {
+    firstShared_ = firstColumn;
+    leastWidth_ = leastWidth;
+    horizontalHeader()->setMinimumSectionSize(qMin(leastWidth, horizontalHeader()->minimumSectionSize()));
+    FitColumns();
+}
+
+void MSHFlexGrid::FitColumns() {
+    if (stretchedColumn_ >= 0) {
+        const int others = horizontalHeader()->length() - columnWidth(stretchedColumn_);
+        setColumnWidth(stretchedColumn_, qMax(leastWidth_, viewport()->width() - others));
+    }
+    if (firstShared_ < 0)
         return;
-    const int others = horizontalHeader()->length() - columnWidth(stretchedColumn_);
-    setColumnWidth(stretchedColumn_, qMax(leastWidth_, viewport()->width() - others));
+    const int columns = horizontalHeader()->count();
+    int room = viewport()->width();
+    for (int column = 0; column < firstShared_; ++column)
+        room -= columnWidth(column); // 0 for a frozen one
+    for (int column = firstShared_; column < columns; ++column) {
+        const int width = qMax(leastWidth_, room / (columns - column));
+        setColumnWidth(column, width);
+        room -= width;
+    }
 }
 
 void MSHFlexGrid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    FitStretchedColumn();
+    FitColumns();
 }
 
 void MSHFlexGrid::keyPressEvent(QKeyEvent* event) {

@@ -4,6 +4,8 @@
 #include <QSet>
 #include <QTableView>
 
+class FrozenColumns;
+
 /// The program's grid: rows to look at and walk through by keys, one selected at a time. What a double-click
 /// does, Enter does too. A grid whose cells are edited has a cell cursor instead.
 class MSHFlexGrid : public QTableView {
@@ -14,6 +16,10 @@ public:
     /// The role under which the model tells a row's status code; cells of the status column are painted in
     /// its colours.
     void PaintStatus(int column, int role);
+
+    /// The role under which the model tells a cell's CellLook.
+    void PaintLooks(int role) { lookRole_ = role; }
+    int LookRole() const { return lookRole_; }
 
     /// Lets the keys walk from cell to cell, the present one painted as the one to be edited, its row tinted;
     /// the first columns are painted as headers.
@@ -31,6 +37,15 @@ public:
     /// Gives a column the room that the others leave, but never less than it needs.
     void StretchColumn(int column, int leastWidth);
 
+    /// Gives all columns from this one on the same width, in the room that there is, but never less than
+    /// this. What is too long for its cell there is written narrower.
+    void ShareRoom(int firstColumn, int leastWidth);
+    bool SharesRoom(int column) const { return firstShared_ >= 0 && column >= firstShared_; }
+
+    /// Keeps the first columns in sight while the others scroll. They have their widths and the grid its
+    /// model before; the cell cursor does not enter them.
+    void FreezeColumns(int count);
+
 Q_SIGNALS:
     /// A mouse button went down on a column's header.
     void HeaderPressed(int column);
@@ -42,13 +57,17 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void updateGeometries() override;
     void reset() override;
 
 private:
-    void FitStretchedColumn();
+    void FitColumns();
 
     int stretchedColumn_ = -1;
+    int firstShared_ = -1;
     int leastWidth_ = 0;
+    int lookRole_ = 0;
+    FrozenColumns* frozen_ = nullptr;
     QString emptyText_;
     int fixedColumns_ = -1;
     QSet<QPersistentModelIndex> unsaved_;

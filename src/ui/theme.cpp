@@ -94,6 +94,7 @@ QCheckBox:focus { background: #E1EBF5; }
 QTableView { background: white; border: 1px solid #E1E6EC; gridline-color: #E1E6EC; alternate-background-color: #F9FBFC;
     selection-background-color: #CFE4FA; selection-color: #1B2430; }
 QTableView:focus { border: 1px solid #0B5CAD; }
+QTableView[look="frozen"] { border: none; border-right: 1px solid #8FA3B8; }
 QHeaderView::section { background: #EAEFF4; border: none; border-right: 1px solid #E1E6EC;
     border-bottom: 1px solid #D3DBE3; padding: 5px 8px; font-weight: 600; }
 QHeaderView::section:hover { background: #DFE7EF; }
@@ -147,6 +148,22 @@ std::optional<Theme::Colours> Theme::StatusColours(QStringView status) {
     for (const StatusLook& look : StatusLooks) {
         if (look.status == status)
             return Colours{QColor(look.fill), QColor(look.text)};
+    }
+    return std::nullopt;
+}
+
+std::optional<Theme::Colours> Theme::LookColours(CellLook look) {
+    switch (look) {
+    case CellLook::Tinted:
+        return Colours{QColor(u"#FBEDEE"_s), QColor()};
+    case CellLook::Marked:
+        return Colours{QColor(u"#DDF0E3"_s), QColor()};
+    case CellLook::Hatched:
+        return Colours{QColor(u"#C3CCD6"_s), QColor()};
+    case CellLook::Doubtful:
+        return Colours{QColor(u"#FFE0D1"_s), QColor(u"#6E2A00"_s)};
+    case CellLook::Plain:
+        break;
     }
     return std::nullopt;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/cell_look.h"
+
 #include <QColor>
 #include <QString>
 
@@ -23,6 +25,10 @@ struct Colours {
 
 /// How a status code is painted; nothing for a code without colours of its own.
 std::optional<Colours> StatusColours(QStringView status);
+
+/// How a cell with something to be noticed is painted; an invalid text colour is the usual one. Nothing for a
+/// plain cell.
+std::optional<Colours> LookColours(CellLook look);
 
 /// The width of a field in which the sample can be read in full, with the font that the field has.
 int FieldWidth(const QWidget& field, const QString& sample);
