@@ -1,0 +1,220 @@
+#include "shifts/frmShiftCode.h"
+
+#include "ui/busy_pointer.h"
+#include "ui/theme.h"
+#include "ui_frmShiftCode.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int Keluar = 2;
+}
+
+frmShiftCode::frmShiftCode(Program& program, const b_form_skin::Backgrounds& skin, QWidget* parent)
+    : QDialog(parent), program_(program), ui_(std::make_unique<Ui::frmShiftCode>()) {
+    ui_->setupUi(this);
+    b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
+    SetUpGrid();
+    auto* cmdButtons = new QButtonGroup(this);
+    cmdButtons->addButton(ui_->cmdButtons_2, Keluar);
+    connect(cmdButtons, &QButtonGroup::idClicked, this, &frmShiftCode::cmdButtons_Click);
+    connect(ui_->cmdTambah, &QPushButton::clicked, this, &frmShiftCode::cmdTambah_Click);
+    connect(ui_->cmdHapus, &QPushButton::clicked, this, &frmShiftCode::cmdHapus_Click);
+    auto* insertKey =
+        new QShortcut(Qt::Key_Insert, ui_->DataGrid1, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    auto* deleteKey =
+        new QShortcut(Qt::Key_Delete, ui_->DataGrid1, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(insertKey, &QShortcut::activated, this, &frmShiftCode::cmdTambah_Click);
+    connect(deleteKey, &QShortcut::activated, this, &frmShiftCode::cmdHapus_Click);
+}
+
+frmShiftCode::~frmShiftCode() = default;
+
+void frmShiftCode::SetUpGrid() {
+    MSHFlexGrid& grid = *ui_->DataGrid1;
+    grid.setModel(&rstShift_);
+    grid.EditCells(0);
+    grid.PaintLooks(ShiftCodeModel::LookRole);
+    grid.setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed);
+    grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
+    const QFontMetrics metrics = grid.fontMetrics();
+    const int time = metrics.horizontalAdvance(u"00:00 (+1)MMMM"_s);
+    grid.setColumnWidth(ShiftCodeModel::TimeIn, time);
+    grid.setColumnWidth(ShiftCodeModel::TimeOut, time);
+    grid.StretchColumn(ShiftCodeModel::Code, metrics.horizontalAdvance(u"MMMMMMMMMMMM"_s));
+    grid.setMinimumSize(3 * time + metrics.horizontalAdvance(u"MMMMMMMMMMMM"_s),
+                        12 * grid.verticalHeader()->defaultSectionSize());
+    connect(grid.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &frmShiftCode::DataGrid1_RowColChange);
+    connect(grid.itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
+            [this](QWidget*, QAbstractItemDelegate::EndEditHint hint) { DataGrid1_AfterEdit(hint); });
+    connect(&grid, &MSHFlexGrid::RowChosen, this, [&grid] {
+        // The key that ends an edit comes by here, too.
+        if (!grid.isPersistentEditorOpen(grid.currentIndex()))
+            grid.edit(grid.currentIndex());
+    });
+}
+
+void frmShiftCode::Form_Load() {
+    Trapped(program_, u"frmShiftCode.Form_Load"_s, [this] {
+        const BusyPointer busy;
+        rstShift_.Refresh(program_.Db());
+    });
+    ShowCount();
+    GoTo(0, ShiftCodeModel::Code);
+    ui_->DataGrid1->setFocus();
+}
+
+void frmShiftCode::cmdButtons_Click(int index) {
+    if (index == Keluar)
+        close();
+}
+
+void frmShiftCode::cmdTambah_Click() {
+    CommitCell();
+    if (!UpdateRow())
+        return;
+    Trapped(program_, u"frmShiftCode.cmdTambah_Click"_s, [this] {
+        const int row = rstShift_.AddRow();
+        GoTo(row, ShiftCodeModel::Code);
+        ui_->DataGrid1->edit(rstShift_.index(row, ShiftCodeModel::Code));
+    });
+}
+
+void frmShiftCode::cmdHapus_Click() {
+    CommitCell();
+    const int row = ui_->DataGrid1->currentIndex().row();
+    if (row < 0)
+        return;
+    if (row == rstShift_.RowInEdit()) {
+        rstShift_.CancelRow();
+        return;
+    }
+    const QString code = rstShift_.CodeAt(row);
+    Trapped(program_, u"frmShiftCode.cmdHapus_Click"_s, [&] {
+        if (!MayDelete(code))
+            return;
+        rstShift_.DeleteRow(row);
+        ui_->lblStatus->setText(u"Shift %1 dihapus."_s.arg(code));
+    });
+    if (!ui_->DataGrid1->currentIndex().isValid())
+        GoTo(qMax(0, rstShift_.RowOf(code)), ShiftCodeModel::Code);
+}
+
+bool frmShiftCode::MayDelete(const QString& code) {
+    ShiftCodeUse use;
+    {
+        const BusyPointer busy; // every card may have to be looked at
+        use = UseOfShiftCode(program_.Db(), code);
+    }
+    QString question = u"Hapus kode shift %1?"_s.arg(code);
+    if (use.rosterDays > 0 || use.cards > 0)
+        question =
+            u"Kode shift %1 masih dipakai: %2 hari di jadwal shift dan %3 kartu absen. Baris-baris itu "
+            "tidak ikut diubah.\nHapus juga?"_s.arg(code)
+                .arg(use.rosterDays)
+                .arg(use.cards);
+    return program_.dialogs.Ask(question) == Dialogs::Answer::Yes;
+}
+
+/// Not from within the grid's own move: it would go on to the cell that it was on its way to.
+void frmShiftCode::DataGrid1_RowColChange() {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            const int row = rstShift_.RowInEdit();
+            const QModelIndex current = ui_->DataGrid1->currentIndex();
+            if (row >= 0 && current.isValid() && current.row() != row && !UpdateRow()
+                && rstShift_.RowInEdit() == row)
+                GoTo(row, current.column());
+        },
+        Qt::QueuedConnection);
+}
+
+/// Enter goes on to the next cell; behind the last one the row is finished.
+void frmShiftCode::DataGrid1_AfterEdit(QAbstractItemDelegate::EndEditHint hint) {
+    if (hint != QAbstractItemDelegate::SubmitModelCache)
+        return;
+    const QModelIndex cell = ui_->DataGrid1->currentIndex();
+    if (cell.column() < ShiftCodeModel::ColumnCount - 1)
+        GoTo(cell.row(), cell.column() + 1);
+    else
+        QMetaObject::invokeMethod(this, &frmShiftCode::UpdateRow, Qt::QueuedConnection);
+}
+
+bool frmShiftCode::UpdateRow() {
+    const int row = rstShift_.RowInEdit();
+    if (row < 0)
+        return true;
+    const QString code = rstShift_.CodeAt(row).trimmed();
+    const bool blank = rstShift_.IsBlankInEdit();
+    const bool written = Trapped(program_, u"frmShiftCode.DataGrid1"_s, [this] { rstShift_.UpdateRow(); });
+    if (written && !blank)
+        ui_->lblStatus->setText(u"Shift %1 disimpan."_s.arg(code));
+    else if (rstShift_.RowInEdit() < 0)
+        ShowCount();
+    if (!written && rstShift_.RowInEdit() < 0)
+        GoTo(qMax(0, rstShift_.RowOf(code)), ShiftCodeModel::Code);
+    return written;
+}
+
+bool frmShiftCode::MayLeave() {
+    CommitCell();
+    if (rstShift_.RowInEdit() < 0 || rstShift_.IsBlankInEdit())
+        return true;
+    switch (program_.dialogs.Ask(u"Baris %1 belum disimpan.\nSimpan sebelum ditutup?"_s.arg(
+        rstShift_.CodeAt(rstShift_.RowInEdit())))) {
+    case Dialogs::Answer::Yes:
+        return UpdateRow();
+    case Dialogs::Answer::No:
+        return true;
+    case Dialogs::Answer::Cancel:
+        break;
+    }
+    return false;
+}
+
+void frmShiftCode::CommitCell() {
+    ui_->DataGrid1->setFocus();
+}
+
+void frmShiftCode::GoTo(int row, int column) {
+    ui_->DataGrid1->setCurrentIndex(rstShift_.index(row, column));
+}
+
+void frmShiftCode::ShowCount() {
+    ui_->lblStatus->setText(u"%1 kode shift"_s.arg(rstShift_.rowCount()));
+}
+
+void frmShiftCode::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!event->spontaneous())
+        Form_Load();
+}
+
+void frmShiftCode::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (auto* button = enter ? qobject_cast<QPushButton*>(focusWidget()) : nullptr)
+        button->click();
+    else if (event->key() != Qt::Key_Escape)
+        QDialog::keyPressEvent(event);
+    else if (rstShift_.RowInEdit() >= 0)
+        rstShift_.CancelRow();
+    else
+        close();
+}
+
+void frmShiftCode::closeEvent(QCloseEvent* event) {
+    if (!MayLeave()) {
+        event->ignore();
+        return;
+    }
+    rstShift_.CancelRow();
+    QDialog::closeEvent(event);
+}

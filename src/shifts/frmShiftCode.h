@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/program.h"
+#include "shifts/shift_code_model.h"
+#include "ui/form_skin.h"
+
+#include <QAbstractItemDelegate>
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmShiftCode;
+}
+
+/// The table of the shift codes. A row that was edited is written when it is left.
+class frmShiftCode : public QDialog {
+    Q_OBJECT
+public:
+    frmShiftCode(Program& program, const b_form_skin::Backgrounds& skin, QWidget* parent);
+    ~frmShiftCode() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Form_Load();
+    void SetUpGrid();
+    void cmdButtons_Click(int index);
+    void cmdTambah_Click();
+    void cmdHapus_Click();
+    void DataGrid1_RowColChange();
+    void DataGrid1_AfterEdit(QAbstractItemDelegate::EndEditHint hint);
+
+    /// Writes the row in edit; false when it could not be written and stays, or was read anew.
+    bool UpdateRow();
+    bool MayLeave();
+    bool MayDelete(const QString& code);
+    /// What is typed in a cell counts from here on.
+    void CommitCell();
+    void GoTo(int row, int column);
+    void ShowCount();
+
+    Program& program_;
+    ShiftCodeModel rstShift_;
+    std::unique_ptr<Ui::frmShiftCode> ui_;
+};

@@ -1,0 +1,279 @@
+#include "shifts/shift_code_model.h"
+
+#include "core/cell_look.h"
+#include "core/query_values.h"
+#include "database/database_error.h"
+#include "database/statement.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int BadValueNumber = 13;
+constexpr std::chrono::days OneDay{1};
+
+/// In the order of the columns.
+const QStringList& Titles() {
+    static const QStringList titles{u"Code"_s, u"TimeIn"_s, u"TimeOut"_s};
+    return titles;
+}
+
+/// A time of day as it is typed.
+struct TypedTime {
+    Seconds timeOfDay;
+    bool nextDay;
+};
+
+std::optional<TypedTime> ReadTyped(const QString& text) {
+    static const QRegularExpression form(u"^\\s*([0-9:]+)\\s*(\\(?\\+1\\)?)?\\s*$"_s);
+    const QRegularExpressionMatch match = form.match(text);
+    const auto time = ReadDateText(StoredDay(DayZero) + u' ' + match.captured(1));
+    if (!match.hasMatch() || !time || !time->hasTime)
+        return std::nullopt;
+    return TypedTime{TimeOfDay(time->time), match.hasCaptured(2)};
+}
+
+/// Where a shift that starts and ends at these times of day ends. An end at the very start is no night: that
+/// is how a day off is written, which has no hours.
+WallTime EndOfShift(const std::optional<TypedTime>& start, const TypedTime& end) {
+    const bool nextDay = end.nextDay || (start && end.timeOfDay < start->timeOfDay);
+    return At(nextDay ? DayZero + OneDay : DayZero, end.timeOfDay);
+}
+
+QString ShownShiftTime(WallTime time, Day base) {
+    const QString clock =
+        time == std::chrono::floor<std::chrono::minutes>(time) ? ShownMinute(time) : ShownTime(time);
+    const auto later = (DayOf(time) - base).count();
+    return later > 0 ? u"%1 (+%2)"_s.arg(clock).arg(later) : clock;
+}
+
+[[noreturn]] void RefuseTime(int column, const QString& text) {
+    throw ProgramError(
+        BadValueNumber,
+        u"%1: \"%2\" bukan jam. Ketik jam sebagai hh:mm, misalnya 07:30."_s.arg(Titles().at(column), text));
+}
+
+} // namespace
+
+void ShiftCodeModel::Refresh(Connection& connection) {
+    auto read = std::make_unique<Recordset>(connection, u"select Code,TimeIn,TimeOut from Shift"_s);
+    beginResetModel();
+    connection_ = &connection;
+    rstShift_ = std::move(read);
+    EndEdit();
+    endResetModel();
+}
+
+bool ShiftCodeModel::IsBlankInEdit() const {
+    return isNew_
+           && std::ranges::all_of(typed_, [](const QString& text) { return text.trimmed().isEmpty(); });
+}
+
+int ShiftCodeModel::RowOf(const QString& code) const {
+    for (int row = 0; row < rowCount(); ++row) {
+        if (CodeAt(row) == code)
+            return row;
+    }
+    return -1;
+}
+
+int ShiftCodeModel::AddRow() {
+    const int row = rowCount();
+    beginInsertRows({}, row, row);
+    rstShift_->AddNew();
+    StartEdit(row, true);
+    endInsertRows();
+    return row;
+}
+
+void ShiftCodeModel::UpdateRow() {
+    if (rowInEdit_ < 0)
+        return;
+    if (IsBlankInEdit()) {
+        CancelRow();
+        return;
+    }
+    CheckTyped();
+    SetTyped();
+    try {
+        rstShift_->Update();
+    } catch (const ConflictError&) {
+        Refresh(*connection_);
+        throw;
+    }
+    const int row = rowInEdit_;
+    EndEdit();
+    NotifyRow(row);
+}
+
+void ShiftCodeModel::CancelRow() {
+    if (rowInEdit_ < 0)
+        return;
+    const int row = rowInEdit_;
+    const bool goesAway = isNew_;
+    // Before anyone is told: who leaves a row because it goes must not find it in edit.
+    EndEdit();
+    if (goesAway)
+        beginRemoveRows({}, row, row);
+    rstShift_->MoveTo(row);
+    rstShift_->CancelUpdate();
+    if (goesAway)
+        endRemoveRows();
+    else
+        NotifyRow(row);
+}
+
+void ShiftCodeModel::DeleteRow(int row) {
+    rstShift_->MoveTo(row);
+    try {
+        auto without = std::make_unique<Recordset>(*rstShift_);
+        without->Delete();
+        beginRemoveRows({}, row, row);
+        rstShift_ = std::move(without);
+        endRemoveRows();
+    } catch (const ConflictError&) {
+        Refresh(*connection_);
+        throw;
+    }
+}
+
+/// What the database itself cannot refuse.
+void ShiftCodeModel::CheckTyped() const {
+    const QString code = typed_[Code].trimmed();
+    if (code.isEmpty())
+        throw ProgramError(BadValueNumber, u"Code harus diisi."_s);
+    Quoted(code); // a code that no statement can name would never be found again
+    for (int row = 0; row < rowCount(); ++row) {
+        if (row != rowInEdit_ && CodeAt(row) == code)
+            throw ProgramError(BadValueNumber, u"Code \"%1\" sudah ada."_s.arg(code));
+    }
+    for (const Column column : {TimeIn, TimeOut}) {
+        const QString& text = typed_[column];
+        const auto time = ReadTyped(text);
+        if (touched_[column] && !text.trimmed().isEmpty() && (!time || (column == TimeIn && time->nextDay)))
+            RefuseTime(column, text);
+    }
+}
+
+/// A time that was typed places both: whether the end is of the next day depends on both.
+void ShiftCodeModel::SetTyped() {
+    rstShift_->MoveTo(rowInEdit_);
+    if (touched_[Code])
+        rstShift_->Set(u"Code"_s, typed_[Code].trimmed());
+    if (!touched_[TimeIn] && !touched_[TimeOut])
+        return;
+    const auto start = ReadTyped(typed_[TimeIn]);
+    const auto end = ReadTyped(typed_[TimeOut]);
+    rstShift_->Set(u"TimeIn"_s, start ? FieldValue(At(DayZero, start->timeOfDay)) : FieldValue());
+    rstShift_->Set(u"TimeOut"_s, end ? FieldValue(EndOfShift(start, *end)) : FieldValue());
+}
+
+void ShiftCodeModel::StartEdit(int row, bool isNew) {
+    rowInEdit_ = row;
+    isNew_ = isNew;
+    touched_ = {};
+    for (int column = 0; column < ColumnCount; ++column)
+        typed_[static_cast<size_t>(column)] = isNew ? QString() : StoredText(row, column);
+}
+
+void ShiftCodeModel::EndEdit() {
+    rowInEdit_ = -1;
+    isNew_ = false;
+    typed_ = {};
+    touched_ = {};
+}
+
+/// Both times as they will be read again once they are written.
+void ShiftCodeModel::ShowNextDay() {
+    const auto start = ReadTyped(typed_[TimeIn]);
+    const auto end = ReadTyped(typed_[TimeOut]);
+    if (start && !start->nextDay)
+        typed_[TimeIn] = ShownShiftTime(At(DayZero, start->timeOfDay), DayZero);
+    if (end)
+        typed_[TimeOut] = ShownShiftTime(EndOfShift(start, *end), DayZero);
+}
+
+void ShiftCodeModel::NotifyRow(int row) {
+    if (row < rowCount())
+        Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+}
+
+QString ShiftCodeModel::Text(int row, int column) const {
+    return row == rowInEdit_ ? typed_[static_cast<size_t>(column)] : StoredText(row, column);
+}
+
+QString ShiftCodeModel::StoredText(int row, int column) const {
+    rstShift_->MoveTo(row);
+    const FieldValue value = rstShift_->Field(Titles().at(column));
+    const std::optional<WallTime> time = column == Code ? std::nullopt : value.Time();
+    if (!time)
+        return value.Text();
+    const auto start = rstShift_->Field(u"TimeIn"_s).Time();
+    return ShownShiftTime(*time, start ? DayOf(*start) : DayZero);
+}
+
+int ShiftCodeModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() || !rstShift_ ? 0 : rstShift_->RowCount();
+}
+
+int ShiftCodeModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant ShiftCodeModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return Text(index.row(), index.column());
+    case LookRole:
+        return static_cast<int>(index.row() == rowInEdit_ ? CellLook::Doubtful : CellLook::Plain);
+    default:
+        return {};
+    }
+}
+
+QVariant ShiftCodeModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    return orientation == Qt::Horizontal && role == Qt::DisplayRole ? QVariant(Titles().value(section))
+                                                                    : QVariant();
+}
+
+Qt::ItemFlags ShiftCodeModel::flags(const QModelIndex& index) const {
+    return QAbstractTableModel::flags(index) | (index.isValid() ? Qt::ItemIsEditable : Qt::NoItemFlags);
+}
+
+bool ShiftCodeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid() || role != Qt::EditRole || (rowInEdit_ >= 0 && rowInEdit_ != index.row()))
+        return false;
+    const int column = index.column();
+    const QString text = value.toString();
+    if (text == Text(index.row(), column))
+        return true;
+    if (rowInEdit_ < 0)
+        StartEdit(index.row(), false);
+    typed_[static_cast<size_t>(column)] = text;
+    touched_[static_cast<size_t>(column)] = true;
+    if (column == TimeIn) // the end is placed anew after the start that it had until now
+        typed_[TimeOut] = typed_[TimeOut].section(u" ("_s, 0, 0);
+    if (column != Code)
+        ShowNextDay();
+    NotifyRow(index.row());
+    return true;
+}
+
+ShiftCodeUse UseOfShiftCode(Connection& connection, const QString& code) {
+    ShiftCodeUse use;
+    modGeneral::QueryValues(
+        connection, u"select count(1) from ShiftEmployee where ShiftCode="_s + Quoted(code), use.rosterDays);
+    // The computation writes codes in upper case, however the table spells them.
+    modGeneral::QueryValues(connection,
+                            u"select count(1) from TimeCardDetail where ShiftCode in (%1,%2)"_s.arg(
+                                Quoted(code), Quoted(code.toUpper())),
+                            use.cards);
+    return use;
+}

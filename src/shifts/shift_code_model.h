@@ -1,0 +1,79 @@
+#pragma once
+
+#include "database/recordset.h"
+
+#include <QAbstractTableModel>
+
+#include <array>
+#include <memory>
+
+/// The shift codes with their hours, edited in place. One row at a time is in edit: it holds what is typed
+/// until it is written as a whole or taken back.
+///
+/// A shift's times stand on the base date. An end that is typed earlier than its start stands on the day
+/// after it, shown as "06:00 (+1)": only so the computation finds the end of a night shift.
+class ShiftCodeModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    enum Column { Code, TimeIn, TimeOut, ColumnCount };
+    /// The role of a cell's CellLook.
+    static constexpr int LookRole = Qt::UserRole;
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Reads all rows anew; what was typed and not written is gone. Throws DatabaseError.
+    void Refresh(Connection& connection);
+
+    /// The row that holds something not yet written; -1 for none.
+    int RowInEdit() const { return rowInEdit_; }
+    /// True when the row in edit is a new one in which nothing was typed.
+    bool IsBlankInEdit() const;
+    QString CodeAt(int row) const { return Text(row, Code); }
+    /// The row of a code; -1 when there is none.
+    int RowOf(const QString& code) const;
+
+    /// Puts a new row in edit, behind all others, and returns its number. No other row is in edit.
+    int AddRow();
+    /// Writes the row in edit; a blank new row is taken back instead. Throws ProgramError when a value cannot
+    /// stand there, DatabaseError when the database refuses it: the row then stays in edit. Throws
+    /// ConflictError when another desk changed the row: all rows have been read anew then.
+    void UpdateRow();
+    /// Takes back what was typed into the row in edit; a new row goes away.
+    void CancelRow();
+    /// Removes a row that is not in edit. Throws as UpdateRow does.
+    void DeleteRow(int row);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// Puts the row in edit. False while another row is.
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+private:
+    QString Text(int row, int column) const;
+    QString StoredText(int row, int column) const;
+    void StartEdit(int row, bool isNew);
+    void EndEdit();
+    void ShowNextDay();
+    void CheckTyped() const;
+    void SetTyped();
+    void NotifyRow(int row);
+
+    Connection* connection_ = nullptr;
+    std::unique_ptr<Recordset> rstShift_;
+    int rowInEdit_ = -1;
+    bool isNew_ = false;
+    std::array<QString, ColumnCount> typed_;
+    std::array<bool, ColumnCount> touched_{};
+};
+
+/// How many rows name a shift code.
+struct ShiftCodeUse {
+    int rosterDays = 0;
+    int cards = 0;
+};
+
+/// Throws DatabaseError.
+ShiftCodeUse UseOfShiftCode(Connection& connection, const QString& code);

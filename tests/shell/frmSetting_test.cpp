@@ -1,0 +1,116 @@
+#include "shell/frmSetting.h"
+
+#include "support/window_company.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The window with four windows behind it that do nothing but open.
+class Hub {
+public:
+    Hub() {
+        SettingNeeds needs{Maker(u"browser"_s), Maker(u"roster"_s), Maker(u"shiftCodes"_s),
+                           Maker(u"search"_s), [this](bool on) { adminMode << on; }};
+        setting = std::make_unique<frmSetting>(std::move(needs), skin, nullptr);
+    }
+    SettingNeeds::MakeWindow Maker(const QString& name) {
+        return [this, name](QWidget* over) {
+            made << name;
+            auto window = std::make_unique<QDialog>(over);
+            window->setObjectName(name);
+            return window;
+        };
+    }
+    /// Opens the window, does the work in it and leaves it with Esc.
+    void Open(const std::function<void(QWidget&)>& work) {
+        user.WhenIn(u"frmSetting"_s, [&](QWidget& window) {
+            work(window);
+            KeyboardUser::Press(Qt::Key_Escape);
+            EXPECT_FALSE(window.isVisible());
+        });
+        setting->exec();
+    }
+
+    b_form_skin::Backgrounds skin;
+    KeyboardUser user;
+    std::unique_ptr<frmSetting> setting;
+    QStringList made;
+    QStringList shown;
+    QList<bool> adminMode;
+};
+
+} // namespace
+
+TEST(frmSetting, EachEntryOpensItsWindowTheSameEveryTime) {
+    Hub hub;
+    for (int time = 1; time <= 2; ++time) {
+        hub.Open([&](QWidget& setting) {
+            const std::pair<Qt::Key, QString> entries[] = {{Qt::Key_E, u"browser"_s},
+                                                           {Qt::Key_S, u"roster"_s},
+                                                           {Qt::Key_C, u"shiftCodes"_s},
+                                                           {Qt::Key_D, u"search"_s}};
+            for (const auto& [key, name] : entries) {
+                bool closed = false;
+                hub.user.WhenIn(name, [&](QWidget& window) {
+                    hub.shown << window.objectName();
+                    KeyboardUser::Press(Qt::Key_Escape);
+                    closed = true;
+                });
+                setting.activateWindow(); // no window manager does it here
+                EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return setting.isActiveWindow(); }));
+                KeyboardUser::Press(key, Qt::AltModifier);
+                EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return closed; })) << name.toStdString();
+            }
+        });
+    }
+    const QStringList all{u"browser"_s, u"roster"_s, u"shiftCodes"_s, u"search"_s};
+    EXPECT_EQ(hub.shown, all + all);
+    EXPECT_EQ(hub.made, all);
+    EXPECT_TRUE(hub.adminMode.isEmpty()) << "the box was never touched";
+}
+
+TEST(frmSetting, HandsTheBoxBackWhenItIsLeftAndForgetsIt) {
+    const std::pair<Qt::CheckState, QList<bool>> cases[] = {
+        {Qt::Unchecked, {}}, {Qt::Checked, {true}}, {Qt::PartiallyChecked, {false}}};
+    for (const auto& [box, handed] : cases) {
+        Hub hub;
+        hub.Open([box = box](QWidget& window) {
+            auto& chkAdminMode = WindowCompany::Part<QCheckBox>(window, "chkAdminMode");
+            if (box == Qt::PartiallyChecked) { // no key makes it so
+                chkAdminMode.setCheckState(box);
+            } else if (box == Qt::Checked) {
+                for (int fields = 0; fields < 4; ++fields)
+                    KeyboardUser::Press(Qt::Key_Tab);
+                KeyboardUser::Press(Qt::Key_Space);
+            }
+            EXPECT_EQ(chkAdminMode.checkState(), box);
+        });
+        EXPECT_EQ(hub.adminMode, handed);
+        hub.Open([](QWidget&) {});
+        EXPECT_EQ(hub.adminMode, handed) << "the box is clear again";
+    }
+}
+
+TEST(frmSetting, TheDeskGoesIntoAdminModeBehindIt) {
+    std::unique_ptr<frmSetting> setting;
+    frmMain* desk = nullptr;
+    WindowCompany company({.openSettings = [&] {
+        SettingNeeds needs;
+        needs.setAdminMode = [&](bool on) { desk->SetAdminMode(on); };
+        frmSetting(std::move(needs), company.skin, desk).exec();
+    }});
+    desk = company.window.get();
+    company.WillLogIn(u"pelon"_s, u"pelon"_s);
+    company.user.WhenIn(u"frmSetting"_s, [](QWidget& window) {
+        EXPECT_FALSE(WindowCompany::Part<QPushButton>(window, "cmdButtons_0").isEnabled());
+        KeyboardUser::Press(Qt::Key_Tab);
+        KeyboardUser::Press(Qt::Key_Space);
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    company.ChooseFromMenu(u"Edit data master dan laporan"_s);
+    EXPECT_TRUE(desk->AdminMode());
+}

@@ -1,0 +1,212 @@
+#include "shifts/frmShiftCode.h"
+
+#include "support/keystrokes.h"
+#include "support/window_company.h"
+
+#include <QAbstractItemModelTester>
+#include <QLabel>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+using Answer = Dialogs::Answer;
+
+namespace {
+
+const QString Night = u"MALAM|1899-12-30 22:00:00|1899-12-31 06:00:00"_s;
+const QString RenamedNight = u"MLM"_s + Night.sliced(5);
+const QString Daily = u"P|1899-12-30 08:00:00|1899-12-30 17:00:00"_s;
+
+/// The window over a night and a day shift, worked at by keyboard while it is open.
+class ShiftCodes {
+public:
+    ShiftCodes() {
+        company.Db().Execute(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00'),"
+                             "('MALAM','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
+    }
+
+    /// Opens the window and does the work in it. What is left open is closed, unsaved.
+    void Open(const std::function<void(QWidget&)>& work) {
+        frmShiftCode codes(company.program, skin, nullptr);
+        user.WhenIn(u"frmShiftCode"_s, [&](QWidget& window) {
+            work(window);
+            if (!window.isVisible())
+                return;
+            company.dialogs.answers = {Answer::No};
+            KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
+            EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !window.isVisible(); }));
+        });
+        codes.exec();
+    }
+    static QTableView& Grid(QWidget& window) { return WindowCompany::Part<QTableView>(window, "DataGrid1"); }
+    static QStringList Shown(QWidget& window) {
+        const QAbstractItemModel& model = *Grid(window).model();
+        QStringList rows;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            const auto cell = [&](int column) { return model.index(row, column).data().toString(); };
+            rows << cell(0) + u'|' + cell(1) + u'|' + cell(2);
+        }
+        return rows;
+    }
+    QStringList Rows() { return company.RowsOf(u"select Code, TimeIn, TimeOut from Shift order by Code"_s); }
+
+    TestCompany company;
+    b_form_skin::Backgrounds skin;
+    KeyboardUser user;
+};
+
+} // namespace
+
+TEST(frmShiftCode, WritesARowWhenItIsLeftOrFinished) {
+    const QString onDayZero = u"|1899-12-30 %1:00|1899-12-30 %2:00"_s;
+    const struct {
+        const char* what;
+        QString keys;
+        QStringList rows;
+    } cases[] = {
+        {"a new row, finished",
+         u"⎀SORE⏎14:00⏎22:00⏎"_s,
+         {Night, Daily, u"SORE"_s + onDayZero.arg(u"14:00"_s, u"22:00"_s)}},
+        {"an end before the start is of the next day",
+         u"⎀X⏎23:30⏎7:15⏎"_s,
+         {Night, Daily, u"X|1899-12-30 23:30:00|1899-12-31 07:15:00"_s}},
+        {"a day off has no hours",
+         u"⎀X⏎00:00⏎0:00⏎"_s,
+         {Night, Daily, u"X"_s + onDayZero.arg(u"00:00"_s, u"00:00"_s)}},
+        {"a whole day and night, said so",
+         u"⎀X⏎07:00⏎07:00+1⏎"_s,
+         {Night, Daily, u"X|1899-12-30 07:00:00|1899-12-31 07:00:00"_s}},
+        {"without hours", u"⎀X⏎⏎⏎⏎⏎"_s, {Night, Daily, u"X|-|-"_s}},
+        {"an earlier start makes a night a day",
+         u"→05:00⏎⏎⏎"_s,
+         {u"MALAM"_s + onDayZero.arg(u"05:00"_s, u"06:00"_s), Daily}},
+        {"the code alone, left by the arrow", u"MLM⏎↓"_s, {RenamedNight, Daily}},
+        {"left by Tab", u"→→05:30↹"_s, {u"MALAM|1899-12-30 22:00:00|1899-12-31 05:30:00"_s, Daily}},
+        {"not yet left", u"MLM⏎"_s, {Night, Daily}},
+        {"a cell taken back", u"MLM⎋↓"_s, {Night, Daily}},
+        {"a row taken back", u"MLM⏎21:00⏎⎋↓"_s, {Night, Daily}},
+        {"a blank new row", u"⎀⎋↑"_s, {Night, Daily}},
+        {"a new row taken back", u"⎀X⏎⎋↑"_s, {Night, Daily}},
+    };
+    for (const auto& c : cases) {
+        ShiftCodes codes;
+        codes.Open([&](QWidget& window) {
+            const QAbstractItemModelTester tester(ShiftCodes::Grid(window).model(),
+                                                  QAbstractItemModelTester::FailureReportingMode::Fatal);
+            Keys(c.keys);
+            EXPECT_EQ(codes.Rows(), c.rows) << c.what;
+        });
+        EXPECT_TRUE(codes.company.dialogs.texts.isEmpty()) << c.what;
+    }
+}
+
+TEST(frmShiftCode, ANightIsShownAsTheNextDays) {
+    ShiftCodes codes;
+    codes.company.Db().Execute(
+        u"INSERT INTO Shift VALUES ('Z','1899-12-30 22:00:00','1899-12-30 06:00:30')"_s);
+    codes.Open([](QWidget& window) {
+        EXPECT_EQ(ShiftCodes::Shown(window),
+                  (QStringList{u"MALAM|22:00|06:00 (+1)"_s, u"P|08:00|17:00"_s, u"Z|22:00|06:00:30"_s}));
+        EXPECT_EQ(WindowCompany::Part<QLabel>(window, "lblCaption").text(), u"MASTER  SHIFT   CODE"_s);
+    });
+}
+
+TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
+    const struct {
+        QString keys;
+        QString row;
+    } cases[] = {
+        {u"⎀X⏎25:00⏎08:00⏎"_s, u"X|25:00|08:00"_s},
+        {u"⎀X⏎08:00⏎pagi⏎"_s, u"X|08:00|pagi"_s},
+        {u"⎀X⏎8:00+1⏎9:00⏎"_s, u"X|8:00+1|09:00"_s},
+        {u"⎀P⏎08:00⏎09:00⏎"_s, u"P|08:00|09:00"_s},
+        {u"⎀⎋→08:00⏎09:00⏎"_s, u"|08:00|09:00"_s},
+        {u"⎀A'B⏎08:00⏎09:00⏎"_s, u"A'B|08:00|09:00"_s},
+        {u"⎀X⏎08.00⏎↑"_s, u"X|08.00|"_s},
+    };
+    for (const auto& c : cases) {
+        ShiftCodes codes;
+        codes.Open([&](QWidget& window) {
+            Keys(c.keys);
+            EXPECT_EQ(codes.company.dialogs.texts.size(), 1) << c.row.toStdString();
+            EXPECT_EQ(codes.Rows(), (QStringList{Night, Daily}));
+            EXPECT_EQ(ShiftCodes::Shown(window).value(2), c.row);
+            EXPECT_EQ(ShiftCodes::Grid(window).currentIndex().row(), 2);
+            Keys(u"⎋"_s);
+            EXPECT_EQ(ShiftCodes::Shown(window).size(), 2);
+        });
+    }
+}
+
+TEST(frmShiftCode, AnotherDesksChangeIsToldAndShown) {
+    for (const QString& keys : {u"→21:00⏎⏎⏎"_s, u"⌦"_s}) {
+        ShiftCodes codes;
+        const auto other = codes.company.OtherDesk();
+        codes.Open([&](QWidget& window) {
+            other->Execute(u"UPDATE Shift SET TimeIn='1899-12-30 23:00:00' WHERE Code='MALAM'"_s);
+            codes.company.dialogs.answers = {Answer::Yes};
+            Keys(keys);
+            EXPECT_TRUE(codes.company.dialogs.Last().contains(u"komputer lain"_s));
+            EXPECT_EQ(ShiftCodes::Shown(window).first(), u"MALAM|23:00|06:00 (+1)"_s);
+            EXPECT_EQ(codes.Rows().first(), u"MALAM|1899-12-30 23:00:00|1899-12-31 06:00:00"_s);
+        });
+    }
+}
+
+TEST(frmShiftCode, DeletingSaysHowManyRowsUseTheCodeAndLeavesThemAlone) {
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        ShiftCodes codes;
+        Connection& db = codes.company.Db();
+        db.Execute(u"UPDATE Shift SET Code='Malam' WHERE Code='MALAM'"_s);
+        db.Execute(u"INSERT INTO ShiftEmployee VALUES ('1','2026-11-01','Malam'),('1','2026-11-02','Malam'),"
+                   "('1','2026-11-03','P')"_s);
+        db.Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,ShiftCode) VALUES "
+                   "('T202611011','2026-11-01','MALAM')"_s);
+        codes.company.dialogs.answers = {answer};
+        codes.Open([&](QWidget&) {
+            Keys(u"⌦"_s);
+            const QString question = codes.company.dialogs.questions.value(0);
+            EXPECT_TRUE(question.contains(u"2 hari"_s) && question.contains(u"1 kartu"_s));
+        });
+        EXPECT_EQ(codes.Rows().size(), answer == Answer::Yes ? 1 : 2);
+        EXPECT_EQ(codes.company.RowsOf(u"select ShiftCode from ShiftEmployee order by Tgl"_s),
+                  (QStringList{u"Malam"_s, u"Malam"_s, u"P"_s}));
+    }
+}
+
+TEST(frmShiftCode, ClosingWithARowInEditAsks) {
+    const struct {
+        Answer answer;
+        bool closes;
+        QString row;
+    } cases[] = {
+        {Answer::Yes, true, RenamedNight}, {Answer::No, true, Night}, {Answer::Cancel, false, Night}};
+    for (const auto& c : cases) {
+        ShiftCodes codes;
+        codes.company.dialogs.answers = {c.answer};
+        codes.Open([&](QWidget& window) {
+            Keys(u"MLM"_s);
+            KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
+            EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !codes.company.dialogs.questions.isEmpty(); }));
+            QCoreApplication::processEvents();
+            EXPECT_EQ(window.isVisible(), !c.closes);
+        });
+        EXPECT_EQ(codes.Rows().first(), c.row);
+    }
+}
+
+TEST(frmShiftCode, AnEmptyTableShowsItsTitlesAndTakesAFirstRow) {
+    ShiftCodes codes;
+    codes.company.Db().Execute(u"DELETE FROM Shift"_s);
+    codes.Open([&](QWidget& window) {
+        const QAbstractItemModel& model = *ShiftCodes::Grid(window).model();
+        EXPECT_EQ(model.rowCount(), 0);
+        QStringList titles;
+        for (int column = 0; column < model.columnCount(); ++column)
+            titles << model.headerData(column, Qt::Horizontal).toString();
+        EXPECT_EQ(titles, (QStringList{u"Code"_s, u"TimeIn"_s, u"TimeOut"_s}));
+        KeyboardUser::Press(Qt::Key_T, Qt::AltModifier);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return model.rowCount() == 1; }));
+        Keys(u"P⏎08:00⏎17:00⏎"_s);
+    });
+    EXPECT_EQ(codes.Rows(), QStringList{Daily});
+}
