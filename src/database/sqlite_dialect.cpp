@@ -87,6 +87,9 @@ public:
     QString Translation() const {
         if (Is(u"Left", 2))
             return u"substr(%1,1,%2)"_s.arg(Translated(arguments_[0]), Translated(arguments_[1]));
+        if (Is(u"Mid", 3))
+            return u"substr(%1,%2,%3)"_s.arg(Translated(arguments_[0]), Translated(arguments_[1]),
+                                             Translated(arguments_[2]));
         if (Is(u"year", 1))
             return u"CAST(substr(%1,1,4) AS INTEGER)"_s.arg(Translated(arguments_[0]));
         if (Is(u"Month", 1))

@@ -256,7 +256,11 @@ void CellEditor::Lay() {
     const QRect cell = grid_.visualRect(grid_.currentIndex());
     text1_->setGeometry(cell);
     const int room = grid_.viewport()->width() - cell.height();
-    cmdLov_->setGeometry(qMin(cell.right() + 1, room), cell.top(), cell.height(), cell.height());
+    int left = qMin(cell.right() + 1, room);
+    // Over the end of a wide cell it is in nobody's way; a narrow one it would cover.
+    if (left <= cell.right() && cell.width() < 3 * cell.height())
+        left = cell.left() - cell.height();
+    cmdLov_->setGeometry(left, cell.top(), cell.height(), cell.height());
 }
 
 bool CellEditor::MayLeave() {

@@ -15,6 +15,8 @@ namespace {
 
 /// How much narrower than usual a text can be written and still be read.
 constexpr qreal NarrowestText = 0.6;
+/// What widths in whole pixels may lack.
+constexpr int Rounding = 2;
 
 /// Paints a cell: the row's own colour or that of what is to be noticed about the cell, or, in the status
 /// column, that of the status; then the text, set off from the lines of the grid.
@@ -76,7 +78,7 @@ private:
             const qreal scale = qMax(NarrowestText, static_cast<qreal>(room.width()) / wanted);
             painter.translate(room.left(), 0);
             painter.scale(scale, 1);
-            room = QRect(0, room.top(), qCeil(room.width() / scale), room.height());
+            room = QRect(0, room.top(), qCeil(room.width() / scale) + Rounding, room.height());
         }
         const QString text = metrics.elidedText(cell.text, Qt::ElideRight, room.width());
         painter.drawText(room, static_cast<int>(cell.displayAlignment), text);
@@ -148,6 +150,11 @@ void MSHFlexGrid::MarkUnsaved(const QModelIndex& cell, bool unsaved) {
     update(cell);
     if (frozen_)
         frozen_->update(cell);
+}
+
+void MSHFlexGrid::ForgetUnsaved() {
+    unsaved_.clear();
+    viewport()->update();
 }
 
 void MSHFlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

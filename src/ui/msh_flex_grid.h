@@ -29,6 +29,8 @@ public:
 
     /// Marks a cell whose contents are not in the database, or takes the mark away.
     void MarkUnsaved(const QModelIndex& cell, bool unsaved);
+    /// For rows that were read anew.
+    void ForgetUnsaved();
     bool IsMarkedUnsaved(const QModelIndex& cell) const { return unsaved_.contains(cell); }
 
     /// What the grid says in its middle while it has no rows.

@@ -59,6 +59,10 @@ QLabel[look="notice"], QFrame[look="notice"] { background: #FFF1C2; color: #5C43
     border: 1px solid #E8CF80; border-radius: 4px; }
 QFrame[look="notice"] QLabel { background: transparent; color: #5C4300; font-weight: 600; border: none; }
 QLabel[look="photo"] { background: white; border: 1px solid #E1E6EC; border-radius: 4px; }
+QLabel[cell] { padding: 2px 8px; border-radius: 4px; }
+QLabel[cell="tinted"] { background: #FBEDEE; }
+QLabel[cell="marked"] { background: #DDF0E3; }
+QLabel[cell="doubtful"] { background: #FFE0D1; color: #6E2A00; }
 QLabel[status] { padding: 3px 10px; border-radius: 4px; }
 
 QPushButton { background: white; border: 1px solid #B9C4D0; border-radius: 4px; padding: 4px 14px; min-height: 22px; }
@@ -98,6 +102,9 @@ QTableView[look="frozen"] { border: none; border-right: 1px solid #8FA3B8; }
 QHeaderView::section { background: #EAEFF4; border: none; border-right: 1px solid #E1E6EC;
     border-bottom: 1px solid #D3DBE3; padding: 5px 8px; font-weight: 600; }
 QHeaderView::section:hover { background: #DFE7EF; }
+
+QTableView[look="narrow"] QHeaderView::section { padding: 5px 1px; }
+QTableView[look="frozen"] QHeaderView::section { padding: 5px 8px; }
 
 QTabBar::tab { background: white; border: 1px solid #D3DBE3; border-radius: 3px; padding: 5px 3px; margin-right: 2px; }
 QTabBar::tab:hover { background: #F0F5FA; }
