@@ -4,6 +4,7 @@
 #include "core/query_values.h"
 #include "database/database_error.h"
 #include "database/statement.h"
+#include "shifts/shift_time.h"
 
 #include <QRegularExpression>
 
@@ -42,13 +43,6 @@ std::optional<TypedTime> ReadTyped(const QString& text) {
 WallTime EndOfShift(const std::optional<TypedTime>& start, const TypedTime& end) {
     const bool nextDay = end.nextDay || (start && end.timeOfDay < start->timeOfDay);
     return At(nextDay ? DayZero + OneDay : DayZero, end.timeOfDay);
-}
-
-QString ShownShiftTime(WallTime time, Day base) {
-    const QString clock =
-        time == std::chrono::floor<std::chrono::minutes>(time) ? ShownMinute(time) : ShownTime(time);
-    const auto later = (DayOf(time) - base).count();
-    return later > 0 ? u"%1 (+%2)"_s.arg(clock).arg(later) : clock;
 }
 
 [[noreturn]] void RefuseTime(int column, const QString& text) {

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "core/program.h"
+#include "shifts/roster_model.h"
+#include "ui/form_skin.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class CellEditor;
+class PickList;
+class QLineEdit;
+
+namespace Ui {
+class frmShiftEmployee;
+}
+
+/// The shift roster of a month, edited cell by cell. Every changed cell is written at once.
+class frmShiftEmployee : public QDialog {
+    Q_OBJECT
+public:
+    frmShiftEmployee(Program& program, const b_form_skin::Backgrounds& skin, QWidget* parent);
+    ~frmShiftEmployee() override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Form_Load();
+    void ConnectControls();
+    void InitGrid();
+    void MakeEditor();
+    void LoadEmployees();
+    void LoadRoster();
+    void cmdRefresh_Click();
+    void cmdLov_Click(QLineEdit& anchor);
+    void LOV_AfterListClose(const QVariantMap& values);
+    void SaveCell(const QModelIndex& cell);
+    void GridDeleteKey(const QModelIndex& cell);
+    void StepMonth(int months);
+    void ShowMonth();
+    void ShowCell();
+
+    Program& program_;
+    RosterModel roster_;
+    std::unique_ptr<Ui::frmShiftEmployee> ui_;
+    CellEditor* editor_ = nullptr;
+    std::unique_ptr<PickList> lov_;
+};

@@ -1,0 +1,267 @@
+#include "shifts/roster_model.h"
+
+#include "database/recordset.h"
+#include "database/statement.h"
+#include "shifts/shift_time.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Often enough that the user can stop the work, seldom enough that asking costs nothing.
+constexpr qsizetype RowsBetweenReports = 1000;
+
+bool GoesOn(const Progress& progress, qsizetype done, qsizetype total) {
+    return !progress || done % RowsBetweenReports != 0 || progress(done, total);
+}
+
+/// A period's year and month as they are typed: they go into a statement as they stand.
+struct PeriodText {
+    QString year;
+    QString month;
+    std::chrono::year_month value;
+};
+
+PeriodText ReadPeriod(const QString& period) {
+    const bool sixDigits =
+        period.size() == 6 && std::ranges::all_of(period, [](QChar c) { return c >= u'0' && c <= u'9'; });
+    if (sixDigits) {
+        const PeriodText read{period.first(4), period.last(2),
+                              std::chrono::year{period.first(4).toInt()}
+                                  / std::chrono::month{period.last(2).toUInt()}};
+        if (read.value.ok())
+            return read;
+    }
+    throw StatementError(
+        u"Periode \"%1\" ditolak: ketik tahun dan bulan dalam enam angka, misalnya 202611."_s.arg(period));
+}
+
+} // namespace
+
+RosterModel::RosterModel(const Clock& clock, QObject* parent)
+    : QAbstractTableModel(parent), clock_(clock), codes_(1) {}
+
+bool RosterModel::LoadEmployees(Connection& connection, const Progress& progress) {
+    std::vector<RosterEmployee> employees;
+    QHash<QString, int> rowsByNip;
+    Rows rows = connection.Query(u"Select * from employee"_s);
+    const int nip = rows.ColumnOf(u"NIP"_s);
+    const int nama = rows.ColumnOf(u"Nama"_s);
+    while (rows.Next()) {
+        rowsByNip.insert(rows.Text(nip), static_cast<int>(employees.size()));
+        employees.push_back({rows.Text(nip), rows.Text(nama)});
+        if (!GoesOn(progress, static_cast<qsizetype>(employees.size()), 0))
+            return false;
+    }
+    beginResetModel();
+    employees_ = std::move(employees);
+    rowsByNip_ = std::move(rowsByNip);
+    roster_.assign(employees_.size(), Days{});
+    month_.reset();
+    SetDayLooks();
+    endResetModel();
+    return true;
+}
+
+bool RosterModel::LoadRoster(Connection& connection, const QString& period, const Progress& progress) {
+    const PeriodText read = ReadPeriod(period);
+    ReadShiftCodes(connection);
+    std::vector<Days> roster(employees_.size());
+    Rows rows = connection.Query(u"select * from ShiftEmployee where year(Tgl)="_s + read.year
+                                 + u" and Month(Tgl)="_s + read.month);
+    const int nip = rows.ColumnOf(u"NIP"_s);
+    const int tgl = rows.ColumnOf(u"Tgl"_s);
+    const int shiftCode = rows.ColumnOf(u"ShiftCode"_s);
+    const qsizetype most = DayColumns * static_cast<qsizetype>(employees_.size());
+    lastRow_ = -1;
+    for (qsizetype done = 1; rows.Next(); ++done) {
+        if (const auto time = rows.Time(tgl))
+            PlaceShift(roster, rows.Text(nip), DayOf(*time), rows.Text(shiftCode));
+        if (!GoesOn(progress, done, qMax(most, done)))
+            return false;
+    }
+    roster_ = std::move(roster);
+    month_ = read.value;
+    SetDayLooks();
+    if (!employees_.empty())
+        Q_EMIT dataChanged(index(0, FirstDay), index(rowCount() - 1, ColumnCount - 1));
+    Q_EMIT headerDataChanged(Qt::Horizontal, FirstDay, ColumnCount - 1);
+    return true;
+}
+
+/// The numbers that cells hold stay as they are; only what is known of their codes is read anew.
+void RosterModel::ReadShiftCodes(Connection& connection) {
+    Rows rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
+    for (Code& code : codes_)
+        code.listed = false;
+    while (rows.Next()) {
+        Code& code = codes_[static_cast<size_t>(NumberOf(rows.Text(0)))];
+        code.listed = true;
+        const auto start = rows.Time(1);
+        const auto end = rows.Time(2);
+        code.hours = start && end && *start != *end ? u"%1 - %2"_s.arg(ShownShiftTime(*start, DayOf(*start)),
+                                                                       ShownShiftTime(*end, DayOf(*start)))
+                                                    : QString();
+    }
+}
+
+/// A shift of someone who is no employee any more has no place.
+void RosterModel::PlaceShift(std::vector<Days>& roster, const QString& nip, Day day,
+                             const QString& shiftCode) {
+    if (lastRow_ < 0 || employees_[static_cast<size_t>(lastRow_)].nip != nip)
+        lastRow_ = rowsByNip_.value(nip, -1);
+    if (lastRow_ < 0)
+        return;
+    const std::chrono::year_month_day date{day};
+    roster[static_cast<size_t>(lastRow_)][static_cast<unsigned>(date.day()) - 1] = NumberOf(shiftCode);
+}
+
+int RosterModel::NumberOf(const QString& code) {
+    if (code.isEmpty())
+        return 0;
+    if (const auto known = numbersByCode_.constFind(code); known != numbersByCode_.constEnd())
+        return *known;
+    codes_.push_back({code, false, {}});
+    const int number = static_cast<int>(codes_.size()) - 1;
+    numbersByCode_.insert(code, number);
+    return number;
+}
+
+void RosterModel::SaveCell(Connection& connection, const QModelIndex& cell) const {
+    const std::optional<Day> day = DayOfColumn(cell.column());
+    if (!day)
+        throw StatementError(u"Tanggal %1 tidak ada dalam bulan ini. Tidak ada yang disimpan."_s.arg(
+            cell.column() - FirstDay + 1));
+    const QString& nip = employees_.at(static_cast<size_t>(cell.row())).nip;
+    Recordset shift(connection, u"select * from ShiftEmployee Where NIP="_s + Quoted(nip) + u" and Tgl=#"_s
+                                    + StoredDay(*day) + u'#');
+    if (shift.AtEnd())
+        shift.AddNew();
+    shift.Set(u"NIP"_s, nip);
+    shift.Set(u"Tgl"_s, *day);
+    const QString& code = CodeOf(cell.row(), cell.column()).text;
+    shift.Set(u"ShiftCode"_s, code.isNull() ? u""_s : code);
+    shift.Update();
+}
+
+std::optional<Day> RosterModel::DayOfColumn(int column) const {
+    if (!month_ || column < FirstDay)
+        return std::nullopt;
+    return MakeDay(static_cast<int>(month_->year()), static_cast<int>(static_cast<unsigned>(month_->month())),
+                   column - FirstDay + 1);
+}
+
+void RosterModel::SetDayLooks() {
+    const Day today = clock_.Today();
+    for (int column = FirstDay; column < ColumnCount; ++column) {
+        const std::optional<Day> day = DayOfColumn(column);
+        CellLook look = CellLook::Plain;
+        if (!day)
+            look = CellLook::Hatched;
+        else if (*day == today)
+            look = CellLook::Marked;
+        else if (std::chrono::weekday{*day} == std::chrono::Sunday)
+            look = CellLook::Tinted;
+        dayLooks_[static_cast<size_t>(column - FirstDay)] = look;
+    }
+}
+
+const RosterModel::Code& RosterModel::CodeOf(int row, int column) const {
+    const int number = roster_[static_cast<size_t>(row)][static_cast<size_t>(column - FirstDay)];
+    return codes_[static_cast<size_t>(number)];
+}
+
+CellLook RosterModel::LookOf(int row, int column) const {
+    if (column < FirstDay)
+        return CellLook::Plain;
+    const Code& code = CodeOf(row, column);
+    const CellLook look = dayLooks_[static_cast<size_t>(column - FirstDay)];
+    return code.text.isEmpty() || code.listed || look == CellLook::Hatched ? look : CellLook::Doubtful;
+}
+
+QString RosterModel::Told(const QModelIndex& cell) const {
+    if (!IsDay(cell))
+        return {};
+    const RosterEmployee& employee = employees_[static_cast<size_t>(cell.row())];
+    const std::optional<Day> day = DayOfColumn(cell.column());
+    QString told = u"%1 %2 · "_s.arg(employee.nip, employee.nama);
+    if (!day)
+        return told + u"tanggal %1 tidak ada dalam bulan ini"_s.arg(cell.column() - FirstDay + 1);
+    told += ShownDay(*day);
+    const Code& code = CodeOf(cell.row(), cell.column());
+    if (code.text.isEmpty())
+        return told;
+    told += u" · "_s + code.text;
+    if (!code.listed)
+        return told + u" - kode ini tidak ada di Shift"_s;
+    return code.hours.isEmpty() ? told : told + u' ' + code.hours;
+}
+
+int RosterModel::CountUnlisted() const {
+    int count = 0;
+    for (const Days& days : roster_)
+        count += static_cast<int>(std::ranges::count_if(
+            days, [this](int number) { return number > 0 && !codes_[static_cast<size_t>(number)].listed; }));
+    return count;
+}
+
+int RosterModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(employees_.size());
+}
+
+int RosterModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant RosterModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    const int column = index.column();
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        if (column == SrNo)
+            return QString::number(index.row() + 1);
+        if (column >= FirstDay)
+            return CodeOf(index.row(), column).text;
+        return column == Nip ? employees_[static_cast<size_t>(index.row())].nip
+                             : employees_[static_cast<size_t>(index.row())].nama;
+    case Qt::ToolTipRole:
+        return column >= FirstDay ? Told(index) : employees_[static_cast<size_t>(index.row())].nama;
+    case LookRole:
+        return static_cast<int>(LookOf(index.row(), column));
+    case Qt::TextAlignmentRole:
+        return headerData(column, Qt::Horizontal, role);
+    default:
+        return {};
+    }
+}
+
+QVariant RosterModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
+        return {};
+    if (role == Qt::TextAlignmentRole) {
+        const Qt::Alignment across =
+            section == SrNo ? Qt::AlignRight : (section < FirstDay ? Qt::AlignLeft : Qt::AlignHCenter);
+        return QVariant::fromValue(across | Qt::AlignVCenter);
+    }
+    if (role == Qt::ToolTipRole) {
+        const std::optional<Day> day = DayOfColumn(section);
+        return day ? ShownDay(*day) : QVariant();
+    }
+    if (role != Qt::DisplayRole)
+        return {};
+    static const QStringList titles{u"Sr.No"_s, u"NIP"_s, u"Nama"_s};
+    return section < FirstDay ? titles.at(section) : QString::number(section - FirstDay + 1);
+}
+
+bool RosterModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!IsDay(index) || role != Qt::EditRole)
+        return false;
+    roster_[static_cast<size_t>(index.row())][static_cast<size_t>(index.column() - FirstDay)] =
+        NumberOf(value.toString());
+    Q_EMIT dataChanged(index, index);
+    return true;
+}

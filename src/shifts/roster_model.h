@@ -1,0 +1,86 @@
+#pragma once
+
+#include "core/cell_look.h"
+#include "core/clock.h"
+#include "core/progress.h"
+#include "database/connection.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+#include <array>
+#include <vector>
+
+/// The shift roster of one month: a row for each employee, a column for each day. There are always 31 day
+/// columns. A cell keeps the number of its code, not the text: a month of thousands of employees stays small.
+class RosterModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    static constexpr int DayColumns = 31;
+    enum Column { SrNo, Nip, Nama, FirstDay, ColumnCount = FirstDay + DayColumns };
+    /// The role of a cell's CellLook.
+    static constexpr int LookRole = Qt::UserRole;
+
+    explicit RosterModel(const Clock& clock, QObject* parent = nullptr);
+
+    /// Reads all employees; the codes of the month before are gone. Returns false, everything as it was, when
+    /// it was told to stop. Throws DatabaseError.
+    bool LoadEmployees(Connection& connection, const Progress& progress = {});
+    /// Reads the roster of the period, "YYYYMM", in place of the one shown. Returns false, everything as it
+    /// was, when it was told to stop. Throws StatementError when the text names no month, DatabaseError when
+    /// it cannot be read; everything stays as it was then.
+    bool LoadRoster(Connection& connection, const QString& period, const Progress& progress = {});
+
+    /// The month that is shown; nothing before one was read.
+    std::optional<std::chrono::year_month> Month() const { return month_; }
+    bool IsDay(const QModelIndex& cell) const { return cell.isValid() && cell.column() >= FirstDay; }
+
+    /// Writes the cell's code as the shift of its employee and day in the month that is shown, whatever
+    /// another desk wrote there before. Throws StatementError when the month has no such day, DatabaseError
+    /// when it cannot be written.
+    void SaveCell(Connection& connection, const QModelIndex& cell) const;
+
+    /// A cell in words: who, when, and the hours of the shift.
+    QString Told(const QModelIndex& cell) const;
+    /// How many cells hold a code that is none of the shift codes.
+    int CountUnlisted() const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+private:
+    struct RosterEmployee {
+        QString nip;
+        QString nama;
+    };
+    struct Code {
+        QString text;
+        bool listed = false;
+        QString hours;
+    };
+    /// The numbers of an employee's codes, by day.
+    using Days = std::array<int, DayColumns>;
+
+    void ReadShiftCodes(Connection& connection);
+    void PlaceShift(std::vector<Days>& roster, const QString& nip, Day day, const QString& shiftCode);
+    int NumberOf(const QString& code);
+    const Code& CodeOf(int row, int column) const;
+    CellLook LookOf(int row, int column) const;
+    std::optional<Day> DayOfColumn(int column) const;
+    void SetDayLooks();
+
+    const Clock& clock_;
+    std::vector<RosterEmployee> employees_;
+    QHash<QString, int> rowsByNip_;
+    std::optional<std::chrono::year_month> month_;
+    std::vector<Days> roster_;
+    /// The first is that of an empty cell.
+    std::vector<Code> codes_;
+    QHash<QString, int> numbersByCode_;
+    std::array<CellLook, DayColumns> dayLooks_{};
+    /// The row that the last shift was placed in: those of an employee follow each other.
+    int lastRow_ = -1;
+};
