@@ -76,13 +76,44 @@ void AddSheets(PlainDatabase& database, const CompanySize& size) {
     }
 }
 
+/// The first of the month that is so many months before that of the newest sheet, or after it below 0.
+Day MonthBack(int months) {
+    const std::chrono::year_month_day last{LastSheetDay};
+    return Day{(last.year() / last.month() - std::chrono::months{months}) / 1};
+}
+
+/// How many days so many months up to that of the newest sheet have.
+int RosterDays(const CompanySize& size) {
+    return static_cast<int>((MonthBack(-1) - MonthBack(size.rosterMonths - 1)).count());
+}
+
+/// In the order of the keys, so that rows are appended.
+void AddRoster(PlainDatabase& database, const CompanySize& size) {
+    if (size.rosterMonths == 0)
+        return;
+    static const std::string codes[] = {"PAGI", "SIANG", "MALAM", "P", "O"};
+    PlainInsert shift(database, "INSERT INTO Shift (Code,TimeIn,TimeOut) VALUES (?,'1899-12-30 08:00:00',"
+                                "'1899-12-30 17:00:00')");
+    for (const std::string& code : codes)
+        shift.Run(code);
+    PlainInsert roster(database, "INSERT INTO ShiftEmployee (NIP,Tgl,ShiftCode) VALUES (?,?,?)");
+    const Day first = MonthBack(size.rosterMonths - 1);
+    const int days = RosterDays(size);
+    for (int i = 0; i < size.employees; ++i) {
+        for (int day = 0; day < days; ++day)
+            roster.Run(NipOf(i), StoredDay(first + std::chrono::days{day}).toStdString(),
+                       codes[(i + day / 7) % 5]);
+    }
+}
+
 void FillCompany(const QString& path, const CompanySize& size) {
-    std::fprintf(stderr, "making a database of %d employees and %d sheets ...\n", size.employees,
-                 size.sheets);
+    std::fprintf(stderr, "making a database of %d employees, %d sheets and %d months of roster ...\n",
+                 size.employees, size.sheets, size.rosterMonths);
     PlainDatabase database(path);
     database.Execute("PRAGMA synchronous=OFF; PRAGMA journal_mode=OFF; PRAGMA cache_size=-1000000; BEGIN");
     AddEmployees(database, size.employees);
     AddSheets(database, size);
+    AddRoster(database, size);
     database.Execute("COMMIT");
 }
 
@@ -102,7 +133,9 @@ bool Fits(PlainDatabase& database, const CompanySize& size, const QString& newDa
     return database.ReadAll("SELECT 1 WHERE " + schemaOf("main") + "=" + schemaOf("new")
                             + " AND (SELECT count(*) FROM Employee)=" + std::to_string(size.employees)
                             + " AND (SELECT count(*) FROM TimeCardHeader)=" + cards
-                            + " AND (SELECT count(*) FROM TimeCardDetail)=" + cards)
+                            + " AND (SELECT count(*) FROM TimeCardDetail)=" + cards
+                            + " AND (SELECT count(*) FROM ShiftEmployee)="
+                            + std::to_string(size.rosterMonths > 0 ? size.employees * RosterDays(size) : 0))
            == 1;
 }
 
@@ -122,7 +155,8 @@ std::string NipOf(int employee) {
 
 QString CompanyFolder(const CompanySize& size) {
     const QDir folder(
-        u"%1/%2x%3"_s.arg(QStringLiteral(BENCH_DATA_FOLDER)).arg(size.employees).arg(size.sheets));
+        u"%1/%2x%3"_s.arg(QStringLiteral(BENCH_DATA_FOLDER)).arg(size.employees).arg(size.sheets)
+        + (size.rosterMonths > 0 ? u"x%1"_s.arg(size.rosterMonths) : QString()));
     folder.mkpath(u"."_s);
     const QString path = folder.filePath(u"DATA.mdb"_s);
     const QString newDatabase = folder.filePath(u"new.mdb"_s);

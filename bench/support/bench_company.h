@@ -8,10 +8,12 @@
 
 #include <string>
 
-/// How large a made-up company is: every employee has a card on every sheet, one sheet a day.
+/// How large a made-up company is: every employee has a card on every sheet, one sheet a day, and a shift on
+/// every day of the months up to that of the newest sheet.
 struct CompanySize {
     int employees;
     int sheets;
+    int rosterMonths = 0;
 };
 
 /// The day of the newest sheet, whatever the size.
