@@ -14,7 +14,16 @@ struct Extent {
     int characters = 0;
 };
 
+/// Texts without accents or letters of other scripts, nearly all of a table, need no search for boundaries.
+bool IsPlain(const QString& text) {
+    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c < u'\x7F'; });
+}
+
 Extent ExtentOf(const QString& text, int most) {
+    if (IsPlain(text)) {
+        const qsizetype length = qMin<qsizetype>(text.size(), most);
+        return {length, static_cast<int>(length)};
+    }
     Extent extent;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     while (extent.characters < most) {
@@ -32,6 +41,12 @@ int CharactersIn(const QString& text) {
 
 QString CellText(const QAbstractItemModel& grid, int row, int column) {
     return grid.index(row, column).data().toString();
+}
+
+/// Asks whether to go on, now and then.
+bool GoesOn(const Progress& progress, int row, int rows) {
+    constexpr int AskEvery = 500;
+    return !progress || row % AskEvery != 0 || progress(row, rows);
 }
 
 QString Line(const QStringList& cells, const modGeneral::ColumnWidths& widths) {
@@ -109,7 +124,7 @@ void SetupGrid(TextGrid& grid, const QStringList& headers) {
 }
 
 QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& widths,
-                            const QStringList& pageHeading) {
+                            const QStringList& pageHeading, const Progress& progress) {
     const int columns = std::min(grid.columnCount(), static_cast<int>(widths.size()));
     QStringList titles;
     for (int column = 0; column < columns; ++column)
@@ -124,19 +139,25 @@ QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& 
         for (int column = 0; column < columns; ++column)
             cells << CellText(grid, row, column);
         lines << Line(cells, widths);
+        if (!GoesOn(progress, row, grid.rowCount()))
+            return {};
     }
     return lines << rule;
 }
 
-QStringList GridToTextTableAll(const QAbstractItemModel& grid) {
+QStringList GridToTextTableAll(const QAbstractItemModel& grid, const Progress& progress) {
     ColumnWidths widths;
-    for (int column = 0; column < grid.columnCount(); ++column) {
-        int width = CharactersIn(grid.headerData(column, Qt::Horizontal).toString());
-        for (int row = 0; row < grid.rowCount(); ++row)
+    for (int column = 0; column < grid.columnCount(); ++column)
+        widths.push_back(CharactersIn(grid.headerData(column, Qt::Horizontal).toString()));
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        for (int column = 0; column < grid.columnCount(); ++column) {
+            int& width = widths[static_cast<size_t>(column)];
             width = std::max(width, CharactersIn(CellText(grid, row, column)));
-        widths.push_back(width);
+        }
+        if (!GoesOn(progress, row, grid.rowCount()))
+            return {};
     }
-    return GridToTextTable(grid, widths, {});
+    return GridToTextTable(grid, widths, {}, progress);
 }
 
 } // namespace modGeneral

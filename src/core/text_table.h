@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/progress.h"
+
 #include <QAbstractTableModel>
 #include <QString>
 #include <QStringList>
@@ -44,11 +46,13 @@ void SetupGrid(TextGrid& grid, const QStringList& headers);
 using ColumnWidths = std::vector<int>;
 
 /// A grid as fixed-width lines: the page heading, a rule, the column titles, a rule, the rows, a rule. Each
-/// cell is cut or padded to its width and followed by "|"; a rule is as long as a row.
+/// cell is cut or padded to its width and followed by "|"; a rule is as long as a row. No lines at all when
+/// it was stopped.
 QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& widths,
-                            const QStringList& pageHeading);
+                            const QStringList& pageHeading, const Progress& progress = {});
 
-/// The whole grid without a page heading, each column as wide as its longest text.
-QStringList GridToTextTableAll(const QAbstractItemModel& grid);
+/// The whole grid without a page heading, each column as wide as its longest text. No lines at all when it
+/// was stopped.
+QStringList GridToTextTableAll(const QAbstractItemModel& grid, const Progress& progress = {});
 
 } // namespace modGeneral
