@@ -1,0 +1,192 @@
+#include "editing/search_model.h"
+
+#include "database/database_error.h"
+#include "editing/grid_row.h"
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+using enum SearchRow::Column;
+
+namespace {
+
+bool IsFigure(int column) {
+    return column == SerialNo || (column >= TimeIn && column <= TimeOutOt) || column >= NormalHours;
+}
+
+/// The flag counts as given for the text "True" only: what else people write for it becomes one of the two at
+/// once, before their eyes.
+QString FlagText(const QString& typed) {
+    static const QStringList yes{u"true"_s, u"t"_s, u"ya"_s, u"y"_s, u"1"_s};
+    return yes.contains(typed.trimmed().toLower()) ? u"True"_s : u"False"_s;
+}
+
+} // namespace
+
+void SearchModel::Search(Connection& connection, const QString& whereClause) {
+    SearchPages pages(whereClause);
+    std::vector<SearchRow> rows = pages.Next(connection);
+    beginResetModel();
+    connection_ = &connection;
+    clause_ = whereClause;
+    pages_ = std::move(pages);
+    fetchFailed_ = false;
+    rows_ = std::move(rows);
+    edited_.clear();
+    endResetModel();
+}
+
+bool SearchModel::FetchAll(const Progress& progress) {
+    fetchFailed_ = false;
+    while (!pages_.AtEnd()) {
+        Append(pages_.Next(*connection_));
+        if (!pages_.AtEnd() && progress && !progress(rowCount(), 0))
+            return false;
+    }
+    return true;
+}
+
+void SearchModel::Reread() {
+    SearchPages pages(clause_);
+    std::vector<SearchRow> rows;
+    while (rows.size() < rows_.size() && !pages.AtEnd())
+        std::ranges::move(pages.Next(*connection_), std::back_inserter(rows));
+    if (rows.size() == rows_.size()) {
+        // As a rule the same rows: the grid keeps its place.
+        rows_ = std::move(rows);
+        edited_.clear();
+        if (!rows_.empty())
+            Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+    } else {
+        beginResetModel();
+        rows_ = std::move(rows);
+        edited_.clear();
+        endResetModel();
+    }
+    pages_ = std::move(pages);
+}
+
+QStringList SearchModel::AllTcids() const {
+    return SearchPages(clause_).Tcids(*connection_);
+}
+
+bool SearchModel::IsWritten(int column) {
+    return column != SerialNo && column != Nama && column != Dept && column != Tcid && column != Divisi;
+}
+
+QStringList SearchModel::Elements(int row) const {
+    const auto edited = edited_.constFind(row);
+    return edited != edited_.cend() ? *edited : SearchRowElements(rows_.at(static_cast<size_t>(row)));
+}
+
+bool SearchModel::LoadRow(int row) {
+    if (!LoadRowFromDb(*connection_, rows_.at(static_cast<size_t>(row))))
+        return false;
+    ShowRowAnew(row);
+    return true;
+}
+
+void SearchModel::DropEdits() {
+    for (const int row : EditedRows())
+        ShowRowAnew(row);
+}
+
+void SearchModel::SaveRow(int row) {
+    if (!IsEdited(row))
+        return;
+    SearchRow& shown = rows_.at(static_cast<size_t>(row));
+    const QStringList elements = Elements(row);
+    try {
+        SaveGridRow(*connection_, shown, elements);
+    } catch (const ConflictError&) {
+        LoadRow(row);
+        throw;
+    }
+    if (const auto day = ReadDayCell(elements[Tanggal - 1]))
+        shown.tanggal = day; // the one to be found again
+    LoadRow(row);
+}
+
+void SearchModel::DeleteRow(int row) {
+    try {
+        DeleteRowsDay(*connection_, rows_.at(static_cast<size_t>(row)));
+    } catch (const ConflictError&) {
+        LoadRow(row);
+        throw;
+    }
+    LoadRow(row);
+}
+
+void SearchModel::ShowRowAnew(int row) {
+    edited_.remove(row);
+    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+}
+
+int SearchModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int SearchModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant SearchModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(IsFigure(index.column()) ? Qt::AlignRight : Qt::AlignLeft)
+                                   | Qt::AlignVCenter);
+    const int column = role == StatusRole ? static_cast<int>(Status) : index.column();
+    if (role != Qt::DisplayRole && role != Qt::EditRole && role != StatusRole)
+        return {};
+    if (column == SerialNo)
+        return QString::number(index.row() + 1);
+    const auto edited = edited_.constFind(index.row());
+    return edited != edited_.cend() ? edited->at(column - 1)
+                                    : SearchCellText(rows_[static_cast<size_t>(index.row())], column);
+}
+
+bool SearchModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid() || role != Qt::EditRole || !IsWritten(index.column()))
+        return false;
+    QStringList elements = Elements(index.row());
+    elements[index.column() - 1] =
+        index.column() == BeriUangMakan ? FlagText(value.toString()) : value.toString();
+    edited_.insert(index.row(), elements);
+    Q_EMIT dataChanged(index, index);
+    return true;
+}
+
+QVariant SearchModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(IsFigure(section) ? Qt::AlignRight : Qt::AlignLeft)
+                                   | Qt::AlignVCenter);
+    return role == Qt::DisplayRole ? QVariant(SearchColumnName(section)) : QVariant();
+}
+
+bool SearchModel::canFetchMore(const QModelIndex& parent) const {
+    return !parent.isValid() && !pages_.AtEnd() && !fetchFailed_;
+}
+
+/// The view asks from within its own work, where nothing may be thrown or shown.
+void SearchModel::fetchMore(const QModelIndex& parent) {
+    if (!canFetchMore(parent))
+        return;
+    try {
+        Append(pages_.Next(*connection_));
+    } catch (const std::exception&) {
+        fetchFailed_ = true;
+        Q_EMIT FetchFailed(std::current_exception());
+    }
+}
+
+void SearchModel::Append(std::vector<SearchRow> page) {
+    if (page.empty())
+        return;
+    beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(page.size()) - 1);
+    std::ranges::move(page, std::back_inserter(rows_));
+    endInsertRows();
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "core/progress.h"
+#include "editing/search_pages.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+#include <exception>
+
+/// The search's result as the grid shows it, and what was typed into its rows and is not saved yet. Rows are
+/// fetched as they come into sight and kept compact; a cell's text is made when the cell is shown.
+class SearchModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    /// The status code of a row, for painting.
+    enum Role { StatusRole = Qt::UserRole };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Runs the search and shows its first rows. Throws DatabaseError, and shows what it showed before then.
+    void Search(Connection& connection, const QString& whereClause);
+    /// Fetches the rows that are not there yet; false when it was stopped. Throws DatabaseError.
+    bool FetchAll(const Progress& progress);
+    /// Reads the rows that are shown once more. Unsaved texts are dropped. Throws DatabaseError.
+    void Reread();
+
+    bool IsSearched() const { return connection_ != nullptr; }
+    /// False while there are rows that were not fetched.
+    bool IsWhole() const { return pages_.AtEnd(); }
+    const std::vector<SearchRow>& FetchedRows() const { return rows_; }
+    /// The identifiers of all cards of the result, also of rows that were not fetched.
+    QStringList AllTcids() const;
+
+    /// True when the save would write what is typed into this column.
+    static bool IsWritten(int column);
+    bool IsEdited(int row) const { return edited_.contains(row); }
+    QList<int> EditedRows() const { return edited_.keys(); }
+    void DropEdits();
+    /// The texts of a row as shown, from column 1 on.
+    QStringList Elements(int row) const;
+
+    /// Reads a row anew in place of what it shows; false when its card is gone. Throws DatabaseError.
+    bool LoadRow(int row);
+    /// Saves what was typed into a row, if anything. A row that another desk changed is read anew before the
+    /// ConflictError goes on. Throws like SaveGridRow, and the row stays as typed otherwise.
+    void SaveRow(int row);
+    /// Deletes the day of a row, which shows what is left then. Throws like DeleteRowsDay.
+    void DeleteRow(int row);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    bool canFetchMore(const QModelIndex& parent) const override;
+    void fetchMore(const QModelIndex& parent) override;
+
+Q_SIGNALS:
+    /// Further rows could not be fetched; they are not tried again before the next search.
+    void FetchFailed(std::exception_ptr failure);
+
+private:
+    void Append(std::vector<SearchRow> page);
+    void ShowRowAnew(int row);
+
+    Connection* connection_ = nullptr;
+    QString clause_;
+    SearchPages pages_;
+    bool fetchFailed_ = false;
+    std::vector<SearchRow> rows_;
+    QHash<int, QStringList> edited_;
+};

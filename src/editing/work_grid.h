@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/text_table.h"
+#include "editing/search_row.h"
+
+#include <QHash>
+
+#include <vector>
+
+/// A work grid of 34 columns that lays out a print: the serial number, two cells that say what the row is of,
+/// and one column for each day of a month.
+class WorkGrid {
+public:
+    /// The headings of the two cells behind the serial number.
+    WorkGrid(const QString& keyHeading, const QString& nameHeading);
+
+    /// Writes a value into the day's column of the row with that key, adding the row when there is none yet.
+    /// A second value on the same day goes behind the first, after "/".
+    void PlaceInWorkGrid(const QString& key, const QString& name, int day, const QString& value);
+
+    /// The page heading and the grid as a text table.
+    QStringList Lines(const QStringList& pageHeading) const;
+
+private:
+    modGeneral::TextGrid grdTemp;
+    QHash<QString, int> rowOfKey_;
+};
+
+/// The status codes of a search's result, a column per day: for each month of its sheets one table with a row
+/// per employee.
+QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printedAt);
+
+/// The same by employee: for each employee one table with a row per month.
+QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt);

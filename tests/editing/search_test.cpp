@@ -1,0 +1,381 @@
+#include "core/text_table.h"
+#include "database/connection_text.h"
+#include "editing/grid_row.h"
+#include "editing/search_criteria.h"
+#include "editing/search_model.h"
+#include "editing/work_grid.h"
+#include "support/failures.h"
+#include "support/recording_engine.h"
+#include "support/test_company.h"
+
+#include <QAbstractItemModelTester>
+
+using namespace Qt::StringLiterals;
+using enum SearchRow::Column;
+
+namespace {
+
+const QString Card = u"T202611220012"_s;
+const QString Stored =
+    u"select NIP, Status, Keterangan, NormalHours, OTHours, NormalAmount, OTAmount, Tanggal, "
+    "TimeIN, TimeOUT, TimeINOT, TimeOutOT, BeriUangMakan from TimeCardHeader h left join "
+    "TimeCardDetail d on d.TCID=h.TCID order by h.TCID, Tanggal"_s;
+/// The card of a night shift, as Stored finds it.
+const QString Before = u"0012|IN|catatan|9.15|-|150000|1e-04|2026-11-22|2026-11-22 22:00:05|"
+                       "2026-11-23 06:30:12|1899-12-30 00:00:00|-|1"_s;
+
+/// A company with one night shift's card.
+class Search : public testing::Test {
+protected:
+    Search() {
+        company.AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
+        company.AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"GA"_s, u"B"_s);
+        AddCard(Card, u"0012"_s);
+        tester.setUseFetchMore(false); // it would fetch from within the model's own signals
+    }
+
+    void Run(const QString& statement) { company.Db().ExecuteNative(statement); }
+    void AddCard(const QString& tcid, const QString& nip) {
+        company.Db().Execute(
+            u"INSERT INTO TimeCardHeader VALUES (?,?,'IN','catatan',9.15,NULL,150000,0.0001,7)"_s,
+            {tcid, nip});
+        company.Db().Execute(u"INSERT INTO TimeCardDetail VALUES (?,'2026-11-22','2026-11-22 22:00:05',"
+                             "'2026-11-23 06:30:12','1899-12-30 00:00:00',NULL,'M',1)"_s,
+                             {tcid});
+    }
+    /// Cards with the identifiers T2020... of the given count, each with this many days.
+    void AddCards(int count, int days) {
+        Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) INSERT INTO "
+            u"TimeCardHeader "
+            "(TCID,NIP) SELECT 'T2020'||printf('%04d',i),'0013' FROM n"_s.arg(count));
+        Run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<%1) INSERT INTO "
+            u"TimeCardDetail "
+            "(TCID,Tanggal) SELECT TCID,date('2020-01-01',i||' days') FROM TimeCardHeader, n "
+            "WHERE TCID LIKE 'T2020%'"_s.arg(days));
+    }
+    /// The one row of the card, with texts typed into columns.
+    void Type(const std::vector<std::pair<SearchRow::Column, QString>>& texts) {
+        for (const auto& [column, text] : texts)
+            EXPECT_TRUE(model.setData(model.index(0, column), text));
+    }
+    QString Shown(int row) const { return model.Elements(row).join(u'|'); }
+
+    TestCompany company;
+    SearchModel model;
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+} // namespace
+
+TEST_F(Search, ClauseDropsTheFirstAndOnly) {
+    const QString dept = EqualFragment(u"Dept"_s, u"X"_s);
+    const QString nip = EqualFragment(u"NIP"_s, u"Y"_s);
+    const std::pair<QString, QString> cases[] = {
+        {EqualFragment(u"Dept"_s, u""_s), u""_s},
+        {PrefixFragment(u"TCID"_s, u"T2006"_s), u" Where TCID like 'T2006%'"_s},
+        {dept + nip, u" Where Dept='X' and NIP='Y'"_s},
+        {EqualFragment(u"Divisi"_s, u"and"_s), u" Where Divisi='and'"_s}};
+    for (const auto& [fragments, clause] : cases)
+        EXPECT_EQ(WhereClause(fragments), clause);
+    EXPECT_NE(FailureOf([] { EqualFragment(u"NIP"_s, u"x' or '1'='1"_s); }), QString());
+}
+
+TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
+    AddCard(u"T202610010013"_s, u"0013"_s);
+    AddCard(u"T202611220099"_s, u"0099"_s); // no such employee
+    const std::pair<QString, QStringList> cases[] = {
+        {u""_s, {u"0013"_s, u"0012"_s}},
+        {WhereClause(PrefixFragment(u"TCID"_s, u"T202611"_s)), {u"0012"_s}},
+        {WhereClause(PrefixFragment(u"TCID"_s, u"T______2"_s)), {u"0012"_s}},
+        {WhereClause(PrefixFragment(u"TCID"_s, u"t202611"_s)), {}},
+        {WhereClause(EqualFragment(u"Dept"_s, u"GA"_s)), {u"0013"_s}},
+        {WhereClause(EqualFragment(u"Divisi"_s, u"A"_s) + EqualFragment(u"NIP"_s, u"0012"_s)), {u"0012"_s}}};
+    for (const auto& [clause, found] : cases) {
+        model.Search(company.Db(), clause);
+        QStringList shown;
+        for (const SearchRow& row : model.FetchedRows())
+            shown << row.nip;
+        EXPECT_EQ(shown, found) << clause.toStdString();
+    }
+    EXPECT_EQ(Shown(0),
+              u"IN|0012|Siti|catatan|PROD|T202611220012|A|22-Nov-2026|22:00:05|23-Nov-2026 06:30:12|||"
+              "True|9.15||150000|0.0001"_s);
+    QStringList headers;
+    for (int column = Status; column < model.columnCount(); ++column)
+        headers << model.headerData(column, Qt::Horizontal).toString();
+    EXPECT_EQ(headers, company.Db().Query(u"Select * from qry_TimeCardAll"_s).ColumnNames());
+}
+
+TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
+    AddCards(301, 3);
+    QStringList statements;
+    Connection desk(std::make_unique<RecordingEngine>(statements), ConnectionText(company.DatabaseFile()));
+    model.Search(desk, u""_s);
+    EXPECT_EQ(model.rowCount(), 198) << "the last card of the page would be cut";
+    EXPECT_FALSE(model.IsWhole());
+    EXPECT_EQ(model.AllTcids().size(), 301 * 3 + 1);
+    ASSERT_TRUE(model.canFetchMore({}));
+    model.fetchMore({});
+    EXPECT_TRUE(model.FetchAll({}));
+    ASSERT_EQ(model.rowCount(), 301 * 3 + 1);
+    EXPECT_FALSE(model.canFetchMore({}));
+    std::set<std::pair<QString, Day>> days;
+    for (const SearchRow& row : model.FetchedRows())
+        days.emplace(row.tcid, *row.tanggal);
+    EXPECT_EQ(days.size(), model.FetchedRows().size());
+    for (const QString& clause : {u""_s, u" Where Dept='GA'"_s, u" Where TCID like 'T2020%'"_s}) {
+        statements.clear();
+        SearchPages pages(clause);
+        pages.Next(desk);
+        pages.Next(desk);
+        EXPECT_TRUE(statements[0].startsWith(u"Select * from qry_TimeCardAll  "_s + clause));
+        for (const QString& statement : statements) {
+            Rows plan =
+                desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + QString(statement).replace(u'?', u"'T2'"_s));
+            while (plan.Next())
+                EXPECT_FALSE(plan.Text(3).contains(u"TEMP"_s)) << statement.toStdString();
+        }
+    }
+}
+
+TEST_F(Search, ACardWithMoreDaysThanAPageEndsNothing) {
+    AddCards(2, 450);
+    model.Search(company.Db(), u""_s);
+    EXPECT_EQ(model.rowCount(), 450);
+    EXPECT_TRUE(model.FetchAll({}));
+    EXPECT_EQ(model.rowCount(), 901);
+}
+
+TEST_F(Search, AFailedFetchIsToldOnceAndAStoppedOneKeepsItsRows) {
+    AddCards(2000, 1);
+    model.Search(company.Db(), u""_s);
+    const int first = model.rowCount();
+    int told = 0;
+    QObject::connect(&model, &SearchModel::FetchFailed, &model, [&told] { ++told; });
+    Run(u"ALTER TABLE Employee RENAME COLUMN Divisi TO Gone"_s);
+    Run(u"DROP VIEW qry_TimeCardAll"_s);
+    for (int i = 0; i < 3; ++i)
+        model.fetchMore({});
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(model.rowCount(), first);
+    EXPECT_NE(FailureOf([&] { model.Search(company.Db(), u" Where NIP='0012'"_s); }), QString());
+    EXPECT_EQ(model.rowCount(), first) << "a search that fails leaves the grid as it was";
+}
+
+TEST_F(Search, StoppedFetchingKeepsWhatIsThere) {
+    AddCards(2000, 1);
+    model.Search(company.Db(), u""_s);
+    EXPECT_FALSE(model.FetchAll([](qsizetype, qsizetype) { return false; }));
+    EXPECT_EQ(model.rowCount(), 199 + 799);
+    Run(u"UPDATE TimeCardHeader SET NormalHours=1.3 WHERE NIP='0013'"_s);
+    Type({{Keterangan, u"dibuang"_s}});
+    model.Reread();
+    EXPECT_EQ(model.rowCount(), 199 + 799);
+    EXPECT_EQ(model.index(500, NormalHours).data().toString(), u"1.3"_s);
+    EXPECT_FALSE(model.IsEdited(0));
+    Run(u"DELETE FROM TimeCardDetail WHERE TCID<'T20201500'"_s);
+    model.Reread();
+    EXPECT_TRUE(model.FetchAll({}));
+    EXPECT_EQ(model.rowCount(), 502);
+}
+
+TEST_F(Search, WhatIsShownReadsBackAsTheSameMoment) {
+    const Day day = FromQDate(QDate(2026, 11, 22));
+    const std::pair<QString, QString> times[] = {{u"07:58"_s, u"2026-11-22 07:58:00"_s},
+                                                 {u"7:58:12"_s, u"2026-11-22 07:58:12"_s},
+                                                 {u" 23-nov-2026 6:30"_s, u"2026-11-23 06:30:00"_s},
+                                                 {u"2026-11-23 06:30:12"_s, u"2026-11-23 06:30:12"_s},
+                                                 {u"24:00"_s, u""_s},
+                                                 {u"0758"_s, u""_s},
+                                                 {u"11/12/2026 07:00"_s, u""_s},
+                                                 {u"29-Feb-2026 07:00"_s, u""_s},
+                                                 {u"23-Nov-2026"_s, u""_s},
+                                                 {u"A"_s, u""_s}};
+    for (const auto& [typed, moment] : times) {
+        const auto time = ReadTimeCell(typed, day);
+        EXPECT_EQ(time ? StoredTime(*time) : QString(), moment) << typed.toStdString();
+    }
+    const std::pair<QString, bool> days[] = {{u"22-Nov-2026"_s, true},  {u"2026-11-22"_s, true},
+                                             {u"11-22-2026"_s, false},  {u"22-Nov-26"_s, false},
+                                             {u"22-Des-2026"_s, false}, {u"2026-11-22 07:00"_s, false}};
+    for (const auto& [typed, isDay] : days)
+        EXPECT_EQ(ReadDayCell(typed) == day, isDay) << typed.toStdString();
+}
+
+TEST_F(Search, SavesWhatWasTypedAndNothingElse) {
+    struct Case {
+        const char* what;
+        std::vector<std::pair<SearchRow::Column, QString>> typed;
+        QString stored;
+    };
+    const Case cases[] = {
+        {"a remark; hours that were never computed become 0",
+         {{Keterangan, u"Lupa 'absen' — é"_s}},
+         u"0012|IN|Lupa 'absen' — é|9.15|0|150000|1e-04|2026-11-22|2026-11-22 22:00:05|2026-11-23 06:30:12|"
+         "1899-12-30 00:00:00|-|1"_s},
+        {"times of the card's day and of another, and the flag",
+         {{TimeIn, u"21:45"_s},
+          {TimeOut, u"23-Nov-2026 07:00"_s},
+          {TimeInOt, u"6:00:30"_s},
+          {BeriUangMakan, u"tidak"_s}},
+         u"0012|IN|catatan|9.15|0|150000|1e-04|2026-11-22|2026-11-22 21:45:00|2026-11-23 07:00:00|"
+         "2026-11-22 06:00:30|-|0"_s},
+        {"numbers as far as they are numbers",
+         {{NormalHours, u"8.3 jam"_s}, {OtHours, u"x"_s}, {NormalAmount, u"1,500"_s}, {OtAmount, u"-2.50"_s}},
+         u"0012|IN|catatan|8.3|0|1|-2.5|2026-11-22|2026-11-22 22:00:05|2026-11-23 06:30:12|1899-12-30 00:00:00|-|1"_s},
+        {"another employee, status and day: the times stay the moments that they are",
+         {{Nip, u"0013"_s}, {Status, u"OUT"_s}, {Tanggal, u"2026-11-23"_s}, {BeriUangMakan, u"ya"_s}},
+         u"0013|OUT|catatan|9.15|0|150000|1e-04|2026-11-23|2026-11-22 22:00:05|2026-11-23 06:30:12|"
+         "1899-12-30 00:00:00|-|1"_s},
+        {"an emptied time stays",
+         {{TimeOut, u""_s}},
+         u"0012|IN|catatan|9.15|0|150000|1e-04|2026-11-22|2026-11-22 22:00:05|2026-11-23 06:30:12|"
+         "1899-12-30 00:00:00|-|1"_s}};
+    for (const Case& c : cases) {
+        Run(u"DELETE FROM TimeCardHeader"_s);
+        Run(u"DELETE FROM TimeCardDetail"_s);
+        AddCard(Card, u"0012"_s);
+        model.Search(company.Db(), u""_s);
+        Type(c.typed);
+        model.SaveRow(0);
+        EXPECT_FALSE(model.IsEdited(0)) << c.what;
+        EXPECT_EQ(company.RowsOf(Stored), QStringList{c.stored}) << c.what;
+        EXPECT_EQ(company.RowsOf(u"select ShiftCode, TotalUangMakan from TimeCardDetail, TimeCardHeader"_s),
+                  QStringList{u"M|7"_s});
+        const QString shown = Shown(0);
+        model.Search(company.Db(), u""_s);
+        EXPECT_EQ(Shown(0), shown) << c.what;
+    }
+}
+
+TEST_F(Search, RefusesWhatIsNoTimeOrNoEmployee) {
+    const std::pair<SearchRow::Column, QString> cases[] = {{TimeIn, u"pagi"_s},
+                                                           {TimeOutOt, u"25:00"_s},
+                                                           {Tanggal, u"22/11/2026"_s},
+                                                           {Nip, u"0099"_s},
+                                                           {Nip, u"00'12"_s}};
+    for (const auto& [column, text] : cases) {
+        model.Search(company.Db(), u""_s);
+        Type({{Keterangan, u"baru"_s}, {column, text}});
+        EXPECT_THROW(model.SaveRow(0), ProgramError) << text.toStdString();
+        EXPECT_TRUE(model.IsEdited(0));
+        EXPECT_EQ(model.index(0, column).data().toString(), text) << "the typing stays";
+        EXPECT_EQ(company.RowsOf(Stored), QStringList{Before});
+    }
+    EXPECT_FALSE(SaveGridRow(company.Db(), model.FetchedRows()[0], QStringList(6)));
+    EXPECT_FALSE(model.setData(model.index(0, Tcid), u"T1"_s));
+}
+
+TEST_F(Search, AnotherDesksChangeIsNeitherOverwrittenNorDeleted) {
+    const auto other = company.OtherDesk();
+    for (const QString& change :
+         {u"UPDATE TimeCardHeader SET OTHours=1"_s, u"UPDATE TimeCardHeader SET NIP='0013'"_s,
+          u"UPDATE TimeCardDetail SET TimeINOT=NULL"_s, u"UPDATE TimeCardDetail SET BeriUangMakan=0"_s,
+          u"UPDATE TimeCardDetail SET Tanggal='2026-11-23'"_s, u"DELETE FROM TimeCardDetail"_s}) {
+        for (const bool save : {true, false}) {
+            Run(u"DELETE FROM TimeCardHeader"_s);
+            Run(u"DELETE FROM TimeCardDetail"_s);
+            AddCard(Card, u"0012"_s);
+            model.Search(company.Db(), u""_s);
+            Type({{TimeOut, u"23:00"_s}});
+            other->Execute(change);
+            const QStringList changed = company.RowsOf(Stored);
+            EXPECT_THROW(save ? model.SaveRow(0) : model.DeleteRow(0), ConflictError) << change.toStdString();
+            EXPECT_EQ(company.RowsOf(Stored), changed) << change.toStdString();
+            EXPECT_FALSE(model.IsEdited(0)) << "the row is read anew";
+            Type({{Keterangan, u"sekali lagi"_s}});
+            model.SaveRow(0);
+            EXPECT_TRUE(company.RowsOf(Stored)[0].contains(u"sekali lagi|"_s));
+        }
+    }
+}
+
+TEST_F(Search, DeletingEmptiesTheRowWhichCanBeFilledAgain) {
+    model.Search(company.Db(), u""_s);
+    model.DeleteRow(0);
+    EXPECT_EQ(company.RowsOf(u"select count(*) from TimeCardDetail"_s), QStringList{u"0"_s});
+    EXPECT_EQ(Shown(0), u"IN|0012|Siti|catatan|PROD|T202611220012|A|||||||9.15||150000|0.0001"_s);
+    model.DeleteRow(0);
+    Type({{TimeIn, u"07:00"_s}});
+    model.SaveRow(0);
+    EXPECT_EQ(company.RowsOf(Stored),
+              QStringList{u"0012|IN|catatan|9.15|0|150000|1e-04|2026-11-22|2026-11-22 07:00:00|-|-|-|0"_s});
+    Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611220012','2026-11-23')"_s);
+    model.Search(company.Db(), u""_s);
+    model.DeleteRow(1);
+    EXPECT_EQ(company.RowsOf(u"select Tanggal from TimeCardDetail"_s), QStringList{u"2026-11-22"_s});
+}
+
+TEST_F(Search, ReloadsTheRowsOwnDayUnlessTheCardIsGone) {
+    Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T202611220012','2026-11-23',"
+        "'2026-11-23 08:00:00')"_s);
+    model.Search(company.Db(), u""_s);
+    Run(u"UPDATE TimeCardDetail SET TimeIN=datetime(TimeIN,'1 hours')"_s);
+    Run(u"UPDATE TimeCardHeader SET NIP='0013', OTAmount=2.5"_s);
+    EXPECT_TRUE(model.LoadRow(1));
+    EXPECT_EQ(Shown(1),
+              u"IN|0013|Budi|catatan|GA|T202611220012|B|23-Nov-2026|09:00:00||||||9.15||150000|2.5"_s.replace(
+                  u"||||||9.15"_s, u"|||||9.15"_s));
+    Run(u"DELETE FROM TimeCardHeader"_s);
+    const QString shown = Shown(0);
+    EXPECT_FALSE(model.LoadRow(0));
+    EXPECT_EQ(Shown(0), shown);
+}
+
+TEST(WorkGrid, PrintsMonthsOfSheetsAndOfEmployees) {
+    const auto row = [](const QString& tcid, const QString& nip, const QString& nama, const QString& status) {
+        SearchRow made;
+        made.tcid = tcid;
+        made.nip = nip;
+        made.nama = nama;
+        made.status = status;
+        return made;
+    };
+    const QString wide = u"李小龍 Muhammad Ramadhan"_s;
+    const std::vector<SearchRow> rows{
+        row(u"T200603010012"_s, u"0012"_s, wide, u"IN"_s),
+        row(u"T200603310013"_s, u"0013"_s, u"Siti Aminah binti Abd"_s, u"OUT"_s),
+        row(u"T200603310012"_s, u"0012"_s, wide, u"A"_s), row(u"T200602280012"_s, u"0012"_s, wide, u"TL"_s),
+        row(u"T20060228-20012"_s, u"0012"_s, wide, u"KI"_s)};
+    const QString blank = u"   |"_s;
+    const QStringList sheets = SheetPrint(rows, u"Dicetak: x"_s);
+    const QString rule(5 + 1 + 8 + 1 + 20 + 1 + 31 * 4, u'-');
+    ASSERT_EQ(sheets.size(), 8 + 1 + 9);
+    EXPECT_EQ(
+        sheets.mid(9, 5),
+        (QStringList{u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: T200603"_s, u"Dicetak: x"_s, rule,
+                     u"Sr.No|NIK     |Nama                |1  |2  |3  |4  |5  |6  |7  |8  |9  |10 |11 |12 |"
+                     "13 |14 |15 |16 |17 |18 |19 |20 |21 |22 |23 |24 |25 |26 |27 |28 |29 |30 |31 |"_s}));
+    EXPECT_EQ(
+        sheets.mid(14),
+        (QStringList{rule, u"1    |0012    |李小龍 Muhammad Ramadha|IN |"_s + blank.repeated(29) + u"A  |"_s,
+                     u"2    |0013    |Siti Aminah binti Ab|"_s + blank.repeated(30) + u"OUT|"_s, rule}));
+    EXPECT_TRUE(sheets[6].contains(u"|TL/KI|"_s)) << "two sheets on one day";
+
+    const QStringList employees = EmployeePrint(rows, u"Dicetak: x"_s);
+    EXPECT_EQ(employees[1], u"NIK: 0012  "_s + wide);
+    EXPECT_TRUE(employees[6].startsWith(u"1    |T200603 |Mar-2006            |IN   |"_s));
+    EXPECT_TRUE(employees[7].startsWith(u"2    |T200602 |Feb-2006            |"_s));
+    EXPECT_EQ(employees.count(QString()), 1);
+}
+
+TEST(WorkGrid, FindsItsRowsByKeyAndKeepsTheColumnsOfTenThousand) {
+    WorkGrid grid(u"NIK"_s, u"Nama"_s);
+    for (int time = 1; time <= 2; ++time) {
+        for (int i = 1; i <= 10'000; ++i)
+            grid.PlaceInWorkGrid(QString::number(i), u"x"_s, time, u"A"_s);
+    }
+    const QStringList lines = grid.Lines({});
+    ASSERT_EQ(lines.size(), 10'004);
+    EXPECT_TRUE(lines[10'002].startsWith(u"10000|10000   |x                   |A  |A  |   |"_s));
+    EXPECT_EQ(lines[3].size(), lines[10'002].size());
+}
+
+TEST(TextTable, StopsWhenToldTo) {
+    modGeneral::TextGrid grid;
+    grid.SetHeaders({u"a"_s});
+    grid.AddRow({u"x"_s});
+    EXPECT_TRUE(modGeneral::GridToTextTableAll(grid, [](qsizetype, qsizetype) { return false; }).isEmpty());
+    EXPECT_EQ(modGeneral::GridToTextTableAll(grid, [](qsizetype, qsizetype) { return true; }),
+              modGeneral::GridToTextTableAll(grid));
+}
