@@ -1,0 +1,344 @@
+#include "editing/frmEditAbsensi.h"
+
+#include "compute/time_card_computation.h"
+#include "core/supervisor_check.h"
+#include "core/text_table.h"
+#include "editing/grid_row.h"
+#include "editing/search_criteria.h"
+#include "editing/work_grid.h"
+#include "reports/report_file.h"
+#include "ui/busy_pointer.h"
+#include "ui/cell_editor.h"
+#include "ui/pick_list.h"
+#include "ui/window_place.h"
+#include "ui/work_progress.h"
+#include "ui_frmEditAbsensi.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+using enum SearchRow::Column;
+
+namespace {
+
+constexpr QSize FirstSize(1280, 680);
+
+/// The widths of the columns, as texts that they hold in full.
+const QStringList Samples{u"000000"_s,
+                          u"MMM"_s,
+                          u"00000000"_s,
+                          u"Muhammad Rama"_s,
+                          u"Keterangan ini"_s,
+                          u"MMMM"_s,
+                          u"T202611220012"_s,
+                          u"MMM"_s,
+                          u"22-Nov-2026"_s,
+                          u"00:00:00"_s,
+                          u"22-Nov-2026 00:00:00"_s,
+                          u"00:00:00"_s,
+                          u"22-Nov-2026 00:00:00"_s,
+                          u"False"_s,
+                          u"00.00"_s,
+                          u"00.00"_s,
+                          u"0000000.00"_s,
+                          u"0000000.00"_s};
+
+} // namespace
+
+frmEditAbsensi::frmEditAbsensi(Program& program, const b_form_skin::Backgrounds& skin, QWidget* parent)
+    : QDialog(parent, Qt::Window), program_(program), ui_(std::make_unique<Ui::frmEditAbsensi>()) {
+    ui_->setupUi(this);
+    b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
+    criteria_ = {{{ui_->txtDept, u"Dept"_s, EqualFragment},
+                  {ui_->txtDivisi, u"Divisi"_s, EqualFragment},
+                  {ui_->txtNIK, u"NIP"_s, EqualFragment},
+                  {ui_->txtTCID, u"TCID"_s, PrefixFragment}}};
+    lov_ = new PickList(program_, this);
+    SetUpGrid();
+    ConnectControls();
+    ShowState();
+    RestorePlace(*this, FirstSize);
+    ui_->txtTCID->setFocus();
+}
+
+frmEditAbsensi::~frmEditAbsensi() = default;
+
+void frmEditAbsensi::ConnectControls() {
+    for (Criterion& criterion : criteria_)
+        connect(criterion.box, &QLineEdit::editingFinished, this,
+                [this, &criterion] { Validate(criterion); });
+    // Cards carry their identifier in upper case.
+    connect(ui_->txtTCID, &QLineEdit::textEdited, this, [this](const QString& text) {
+        const int cursor = ui_->txtTCID->cursorPosition();
+        ui_->txtTCID->setText(text.toUpper());
+        ui_->txtTCID->setCursorPosition(cursor);
+    });
+    connect(ui_->cmdRefresh, &QPushButton::clicked, this, &frmEditAbsensi::cmdRefresh_Click);
+    connect(ui_->cmdCalcHrs, &QPushButton::clicked, this, &frmEditAbsensi::cmdCalcHrs_Click);
+    connect(ui_->cmdPrintGrid, &QPushButton::clicked, this, &frmEditAbsensi::cmdPrintGrid_Click);
+    connect(ui_->cmdPrintTCID, &QPushButton::clicked, this, &frmEditAbsensi::cmdPrintTCID_Click);
+    connect(ui_->cmdPrintNIK, &QPushButton::clicked, this, &frmEditAbsensi::cmdPrintNIK_Click);
+    connect(ui_->cmdTutup, &QPushButton::clicked, this, &frmEditAbsensi::reject);
+    connect(lov_, &PickList::LOV_AfterListClose, this, &frmEditAbsensi::LOV_AfterListClose);
+    connect(&model_, &SearchModel::FetchFailed, this, &frmEditAbsensi::TellLater);
+    connect(&model_, &QAbstractItemModel::rowsInserted, this, [this] { ShowState(); });
+}
+
+void frmEditAbsensi::SetUpGrid() {
+    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    grid.setModel(&model_);
+    grid.PaintStatus(Status, SearchModel::StatusRole);
+    grid.SetEmptyText(u"Isi kriteria lalu tekan Enter. Tanpa kriteria semua data dicari."_s);
+    editor_ = new CellEditor(program_, grid, GridEditing());
+    const QFontMetrics metrics = grid.fontMetrics();
+    const QFontMetrics headings = grid.horizontalHeader()->fontMetrics();
+    const int padding = metrics.horizontalAdvance(u"MMM"_s);
+    for (int column = 0; column < SearchRow::ColumnCount; ++column)
+        grid.setColumnWidth(column, padding
+                                        + qMax(metrics.horizontalAdvance(Samples[column]),
+                                               headings.horizontalAdvance(SearchColumnName(column))));
+}
+
+CellEditing frmEditAbsensi::GridEditing() {
+    CellEditing editing;
+    editing.pickListColumns = {Status, Keterangan};
+    editing.checkedColumn = Status;
+    editing.check = [this](const QModelIndex&, const QString& code) {
+        return ListedStatus(program_.Db(), code);
+    };
+    editing.mayEdit = [this](const QModelIndex& cell) { return MayTypeInto(cell); };
+    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
+    editing.saveRow = [this](int row) { return SaveGridRow(row); };
+    editing.gridEnterKey = [this](const QModelIndex& cell) { GridEnterKey(cell); };
+    editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
+    editing.gridDoubleClick = [this](const QModelIndex& cell) { MSHFlexGrid1_DblClick(cell); };
+    return editing;
+}
+
+bool frmEditAbsensi::Validate(Criterion& criterion) {
+    const QString text = criterion.box->text();
+    if (text == criterion.text)
+        return criterion.valid; // a text that cannot be searched for is told once
+    criterion.text = text;
+    criterion.valid = Trapped(program_, criterion.box->objectName() + u"_Validate"_s,
+                              [&] { criterion.fragment = criterion.fragmentOf(criterion.field, text); });
+    return criterion.valid;
+}
+
+void frmEditAbsensi::cmdRefresh_Click() {
+    QString fragments;
+    for (Criterion& criterion : criteria_) {
+        if (!Validate(criterion)) {
+            criterion.box->setFocus();
+            ShowState(u"Kriteria %1 tidak dapat dipakai."_s.arg(criterion.box->accessibleName()));
+            return;
+        }
+        fragments += criterion.fragment;
+    }
+    if (!SettleRows())
+        return;
+    Trapped(program_, u"cmdRefresh_Click"_s, [&] {
+        const BusyPointer busy;
+        model_.Search(program_.Db(), WhereClause(fragments));
+        shownFilter_ = Filter();
+        ui_->MSHFlexGrid1->SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
+        if (model_.rowCount() > 0) {
+            ui_->MSHFlexGrid1->setCurrentIndex(model_.index(0, Status));
+            ui_->MSHFlexGrid1->setFocus();
+        }
+    });
+    ShowState();
+}
+
+void frmEditAbsensi::cmdCalcHrs_Click() {
+    if (!SettleRows())
+        return;
+    modAbsen::ComputationReport report;
+    const bool computed = Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
+        WorkProgress progress(this, u"Menghitung jam dan jumlah ..."_s);
+        report = modAbsen::CalculateTimeCards(program_.Db(), model_.AllTcids(), std::ref(progress));
+    });
+    // Also after a failure: what was computed before it stays.
+    Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
+        const BusyPointer busy;
+        model_.Reread();
+        editor_->Forget();
+    });
+    if (!computed)
+        return ShowState();
+    QString done = u"%1 kartu dihitung."_s.arg(report.computed);
+    if (report.cancelled)
+        done = u"Dibatalkan: "_s + done + u" Sisanya belum."_s;
+    if (!report.withoutData.isEmpty())
+        done += u" Tanpa data: %1."_s.arg(report.withoutData.join(u", "_s));
+    ShowState(done);
+}
+
+void frmEditAbsensi::MSHFlexGrid1_DblClick(const QModelIndex& cell) {
+    if (cell.column() == SerialNo)
+        LoadRowFromDb(cell.row());
+    else if (cell.column() != Status && cell.column() != OtAmount)
+        editor_->OpenOnCurrentCell();
+}
+
+void frmEditAbsensi::GridEnterKey(const QModelIndex& cell) {
+    if (cell.column() == Status)
+        editor_->OpenPickList();
+    else
+        MSHFlexGrid1_DblClick(cell);
+}
+
+void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
+    const SearchRow& shown = model_.FetchedRows()[static_cast<size_t>(cell.row())];
+    if (shown.tcid.isEmpty() || !shown.tanggal || !modGeneral::AskAdminPass(program_))
+        return;
+    const int row = cell.row();
+    model_.DeleteRow(row);
+    ForgetTyping(row);
+    ui_->MSHFlexGrid1->setFocus();
+    ShowState(u"Hari pada baris %1 dihapus."_s.arg(row + 1));
+}
+
+void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor) {
+    lov_->ConnectionString = program_.Db().ConnectionString();
+    lov_->SqlText = u"select Status, Description from [Employee Status] ORDER BY ID"_s;
+    lov_->ShowList(&anchor, -1, -1);
+}
+
+void frmEditAbsensi::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
+    if (control && control->objectName() == u"Text1"_s && !values.isEmpty())
+        editor_->TakePicked(values.value(u"Status"_s).toString());
+}
+
+/// Says why where it is not allowed.
+bool frmEditAbsensi::MayTypeInto(const QModelIndex& cell) {
+    if (SearchModel::IsWritten(cell.column()))
+        return true;
+    ShowState(cell.column() == Tcid
+                  ? u"TCID adalah kunci kartu dan tidak dapat diubah."_s
+                  : u"%1 diubah pada data karyawan, bukan di sini."_s.arg(SearchColumnName(cell.column())));
+    return false;
+}
+
+/// A row that another desk changed is read anew: nothing of it is left to save.
+bool frmEditAbsensi::SaveGridRow(int row) {
+    try {
+        model_.SaveRow(row);
+        ShowState(u"Baris %1 disimpan."_s.arg(row + 1));
+    } catch (const ConflictError& conflict) {
+        ReportError(program_, conflict, u"SaveGridRow"_s);
+        if (!model_.IsEdited(row))
+            ShowState(u"Baris %1 dimuat ulang."_s.arg(row + 1));
+    }
+    return !model_.IsEdited(row);
+}
+
+void frmEditAbsensi::LoadRowFromDb(int row) {
+    Trapped(program_, u"LoadRowFromDb"_s, [&] {
+        if (!model_.LoadRow(row))
+            return program_.dialogs.Inform(u"Please refresh."_s);
+        ForgetTyping(row);
+        ShowState(u"Baris %1 dimuat ulang."_s.arg(row + 1));
+    });
+}
+
+void frmEditAbsensi::ForgetTyping(int row) {
+    ui_->MSHFlexGrid1->MarkUnsaved(model_.index(row, 0), false);
+    if (model_.EditedRows().isEmpty())
+        editor_->Forget();
+}
+
+bool frmEditAbsensi::SettleRows() {
+    if (!editor_->MayLeave())
+        return false;
+    for (const int row : model_.EditedRows())
+        ui_->MSHFlexGrid1->MarkUnsaved(model_.index(row, 0), false);
+    model_.DropEdits();
+    editor_->Forget();
+    return true;
+}
+
+void frmEditAbsensi::cmdPrintGrid_Click() {
+    Print(u"cmdPrintGrid_Click"_s,
+          [this](const Progress& progress) { return modGeneral::GridToTextTableAll(model_, progress); });
+}
+
+void frmEditAbsensi::cmdPrintTCID_Click() {
+    Print(u"cmdPrintTCID_Click"_s,
+          [this](const Progress&) { return SheetPrint(model_.FetchedRows(), PrintedAt()); });
+}
+
+void frmEditAbsensi::cmdPrintNIK_Click() {
+    Print(u"cmdPrintNIK_Click"_s,
+          [this](const Progress&) { return EmployeePrint(model_.FetchedRows(), PrintedAt()); });
+}
+
+QString frmEditAbsensi::PrintedAt() const {
+    const WallTime now = program_.clock.Now();
+    return u"Dicetak: %1 %2"_s.arg(ShownDay(DayOf(now)), ShownMinute(now));
+}
+
+/// The report file is replaced only when all lines are there.
+void frmEditAbsensi::Print(const QString& procedure, const LinesOfResult& linesOf) {
+    if (!SettleRows())
+        return;
+    Trapped(program_, procedure, [&] {
+        QStringList lines;
+        {
+            WorkProgress progress(this, u"Menyiapkan cetakan ..."_s);
+            if (model_.FetchAll(std::ref(progress)))
+                lines = linesOf(std::ref(progress));
+        }
+        if (lines.isEmpty())
+            return ShowState(u"Cetakan dibatalkan."_s);
+        WriteReportFile(program_.folder, lines);
+        program_.dialogs.Warn(
+            u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s);
+        program_.showReport(ReportFilePath(program_.folder));
+        ShowState(u"Cetakan ditulis ke PRINT.TXT."_s);
+    });
+}
+
+/// Not from within the grid's own call, which fetches while it paints and scrolls.
+void frmEditAbsensi::TellLater(const std::exception_ptr& failure) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, failure] {
+            Trapped(program_, u"fetchMore"_s, [&failure] { std::rethrow_exception(failure); });
+            ShowState();
+        },
+        Qt::QueuedConnection);
+}
+
+QString frmEditAbsensi::Filter() const {
+    QStringList filter;
+    for (const Criterion& criterion : criteria_) {
+        if (!criterion.fragment.isEmpty())
+            filter << criterion.box->accessibleName() + u' ' + criterion.text;
+    }
+    return filter.isEmpty() ? u"semua data"_s : filter.join(u", "_s);
+}
+
+void frmEditAbsensi::ShowState(const QString& done) {
+    const QString rows = model_.IsWhole() ? u"%1 baris · %2"_s : u"%1 baris pertama, masih ada lagi · %2"_s;
+    ui_->lblRows->setText(model_.IsSearched() ? rows.arg(model_.rowCount()).arg(shownFilter_) : QString());
+    ui_->lblDone->setText(done);
+    for (QPushButton* button : {ui_->cmdCalcHrs, ui_->cmdPrintGrid, ui_->cmdPrintTCID, ui_->cmdPrintNIK})
+        button->setEnabled(model_.rowCount() > 0);
+}
+
+void frmEditAbsensi::keyPressEvent(QKeyEvent* event) {
+    const QModelIndex cell = ui_->MSHFlexGrid1->currentIndex();
+    if (event->key() == Qt::Key_F5 && cell.isValid())
+        LoadRowFromDb(cell.row());
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void frmEditAbsensi::reject() {
+    if (!editor_->MayLeave())
+        return;
+    SavePlace(*this);
+    QDialog::reject();
+}

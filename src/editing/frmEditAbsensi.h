@@ -1,0 +1,84 @@
+#pragma once
+
+#include "core/program.h"
+#include "editing/search_model.h"
+#include "ui/form_skin.h"
+
+#include <QDialog>
+
+#include <array>
+#include <memory>
+
+class CellEditor;
+class PickList;
+class QLineEdit;
+struct CellEditing;
+
+namespace Ui {
+class frmEditAbsensi;
+}
+
+/// Finds days of time cards, corrects them in the grid, computes them anew and prints them.
+class frmEditAbsensi : public QDialog {
+    Q_OBJECT
+public:
+    frmEditAbsensi(Program& program, const b_form_skin::Backgrounds& skin, QWidget* parent);
+    ~frmEditAbsensi() override;
+
+    /// Every way of closing the window comes through here.
+    void reject() override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// One box and what it adds to the search.
+    struct Criterion {
+        QLineEdit* box;
+        QString field;
+        QString (*fragmentOf)(const QString& field, const QString& text);
+        QString text = {};
+        QString fragment = {};
+        bool valid = true;
+    };
+    using LinesOfResult = std::function<QStringList(const Progress& progress)>;
+
+    void ConnectControls();
+    void SetUpGrid();
+    CellEditing GridEditing();
+
+    /// Rebuilds the box's fragment when its text has changed; false when the text cannot be searched for.
+    bool Validate(Criterion& criterion);
+    void cmdRefresh_Click();
+    void cmdCalcHrs_Click();
+    void cmdPrintGrid_Click();
+    void cmdPrintTCID_Click();
+    void cmdPrintNIK_Click();
+    void MSHFlexGrid1_DblClick(const QModelIndex& cell);
+    void GridEnterKey(const QModelIndex& cell);
+    void GridDeleteKey(const QModelIndex& cell);
+    void cmdLov_Click(QLineEdit& anchor);
+    void LOV_AfterListClose(QWidget* control, const QVariantMap& values);
+
+    bool MayTypeInto(const QModelIndex& cell);
+    bool SaveGridRow(int row);
+    void LoadRowFromDb(int row);
+    /// Nothing of the row is left to save.
+    void ForgetTyping(int row);
+    /// Asks what becomes of unsaved rows; after that there are none. False: everything stays.
+    bool SettleRows();
+    void Print(const QString& procedure, const LinesOfResult& lines);
+    QString PrintedAt() const;
+    void TellLater(const std::exception_ptr& failure);
+    QString Filter() const;
+    void ShowState(const QString& done = {});
+
+    Program& program_;
+    SearchModel model_;
+    std::array<Criterion, 4> criteria_;
+    std::unique_ptr<Ui::frmEditAbsensi> ui_;
+    /// What the shown rows were searched for, in the user's words.
+    QString shownFilter_;
+    CellEditor* editor_ = nullptr;
+    PickList* lov_ = nullptr;
+};

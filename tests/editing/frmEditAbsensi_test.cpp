@@ -1,0 +1,264 @@
+#include "editing/frmEditAbsensi.h"
+
+#include "support/window_company.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+using enum SearchRow::Column;
+
+namespace {
+
+const QString Cards =
+    u"select h.TCID, Status, Keterangan, NormalHours, TimeIN, TimeOUT from TimeCardHeader h left "
+    "join TimeCardDetail d on d.TCID=h.TCID order by h.TCID"_s;
+
+/// The search window over the cards of two employees on two days, worked at by keyboard.
+class SearchWindow {
+public:
+    SearchWindow() {
+        company.AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
+        company.AddEmployee(u"0013"_s, u"李小龍"_s, u"x"_s, u"GA"_s, u"B"_s);
+        company.AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
+        Run(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00')"_s);
+        Run(u"INSERT INTO [Employee Status] VALUES (1,'IN','Masuk'),(2,'TL','Tugas luar')"_s);
+        for (const QString& day : {u"2026-11-21"_s, u"2026-11-22"_s}) {
+            for (const QString& nip : {u"0012"_s, u"0013"_s}) {
+                const QString tcid = u'T' + QString(day).remove(u'-') + nip;
+                company.Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (?,?,'OUT')"_s,
+                                     {tcid, nip});
+                company.Db().Execute(
+                    u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES (?,?,?,?)"_s,
+                    {tcid, day, day + u" 07:45:00"_s, day + u" 16:30:00"_s});
+            }
+        }
+        window = std::make_unique<frmEditAbsensi>(company.program, skin, nullptr);
+        window->show();
+        window->activateWindow();
+        EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return window->isActiveWindow(); }));
+    }
+
+    void Run(const QString& statement) { company.Db().Execute(statement); }
+    template<class Widget>
+    Widget& Part(const char* name) {
+        return WindowCompany::Part<Widget>(*window, name);
+    }
+    static void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        KeyboardUser::Press(key, with);
+    }
+    QTableView& Grid() { return Part<QTableView>("MSHFlexGrid1"); }
+    QString Cell(int row, int column) { return Grid().model()->index(row, column).data().toString(); }
+    void Go(int row, int column) { Grid().setCurrentIndex(Grid().model()->index(row, column)); }
+    void Type(int row, int column, const QString& text) {
+        Go(row, column);
+        KeyboardUser::Type(text);
+        Press(Qt::Key_Return);
+    }
+    QString Said(const char* label) { return Part<QLabel>(label).text(); }
+    /// Presses a button by its mnemonic and waits for what it says when it is done.
+    void Do(Qt::Key mnemonic) {
+        Part<QLabel>("lblDone").clear();
+        Press(mnemonic, Qt::AltModifier);
+        KeyboardUser::WaitUntil([this] { return !Said("lblDone").isEmpty(); });
+    }
+    QStringList ReportLines() {
+        QFile file(company.folder.filePath(u"PRINT.TXT"_s));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
+    }
+
+    TestCompany company;
+    b_form_skin::Backgrounds skin;
+    KeyboardUser user;
+    std::unique_ptr<frmEditAbsensi> window;
+};
+
+} // namespace
+
+TEST(frmEditAbsensi, SearchesWithEnterFromEveryBox) {
+    SearchWindow search;
+    EXPECT_FALSE(search.Part<QPushButton>("cmdPrintGrid").isEnabled());
+    const std::tuple<const char*, QString, int> cases[] = {{"txtTCID", u"t20261122"_s, 2},
+                                                           {"txtNIK", u"0012"_s, 1},
+                                                           {"txtDept", u"PROD"_s, 1},
+                                                           {"txtDivisi", u"B"_s, 0}};
+    EXPECT_EQ(search.window->focusWidget()->objectName(), u"txtTCID"_s);
+    for (const auto& [box, text, rows] : cases) {
+        search.Part<QLineEdit>(box).setFocus();
+        KeyboardUser::Type(text);
+        SearchWindow::Press(Qt::Key_Return);
+        EXPECT_EQ(search.Grid().model()->rowCount(), rows) << box;
+        EXPECT_EQ(search.Grid().hasFocus(), rows > 0) << box;
+    }
+    EXPECT_EQ(search.Said("lblRows"), u"0 baris · Dept PROD, Divisi B, NIK 0012, TCID T20261122"_s);
+    KeyboardUser::Type(u"'"_s);
+    for (int time = 1; time <= 2; ++time)
+        SearchWindow::Press(Qt::Key_Return);
+    EXPECT_EQ(search.company.dialogs.texts.size(), 1) << "a text that cannot be searched for is told once";
+    EXPECT_TRUE(search.Part<QLineEdit>("txtDivisi").hasFocus());
+    EXPECT_TRUE(search.Said("lblRows").startsWith(u"0 baris"_s));
+}
+
+TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
+    SearchWindow search;
+    SearchWindow::Press(Qt::Key_Return);
+    ASSERT_EQ(search.Grid().model()->rowCount(), 4);
+    for (const int column : {static_cast<int>(Nama), static_cast<int>(Tcid)}) {
+        search.Go(0, column);
+        KeyboardUser::Type(u"x"_s);
+        EXPECT_TRUE(search.Part<QLineEdit>("Text1").isHidden());
+        EXPECT_FALSE(search.Said("lblDone").isEmpty());
+    }
+    search.Type(0, TimeOut, u"23:15"_s);
+    search.Type(0, Keterangan, u"lupa"_s);
+    EXPECT_EQ(search.company.RowsOf(Cards)[0],
+              u"T202611210012|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
+    search.user.WhenIn(u"PickList"_s, [](QWidget&) {
+        KeyboardUser::Type(u"luar"_s);
+        KeyboardUser::Press(Qt::Key_Return);
+    });
+    search.Type(0, Status, u"zz"_s); // is no status: the list opens
+    EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return search.Cell(0, Status) == u"TL"_s; }));
+    SearchWindow::Press(Qt::Key_Down);
+    EXPECT_EQ(search.company.RowsOf(Cards)[0],
+              u"T202611210012|TL|lupa|0|2026-11-21 07:45:00|2026-11-21 23:15:00"_s);
+    EXPECT_EQ(search.Said("lblDone"), u"Baris 1 disimpan."_s);
+
+    search.Type(1, TimeIn, u"pagi"_s);
+    SearchWindow::Press(Qt::Key_Down);
+    EXPECT_TRUE(search.company.dialogs.Last().contains(u"\"pagi\" bukan jam"_s));
+    EXPECT_EQ(search.Cell(1, TimeIn), u"pagi"_s);
+    search.company.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No};
+    SearchWindow::Press(Qt::Key_Escape);
+    EXPECT_TRUE(search.window->isVisible());
+    search.Part<QWidget>("cmdTutup").setFocus();
+    SearchWindow::Press(Qt::Key_Space);
+    EXPECT_FALSE(search.window->isVisible());
+    EXPECT_EQ(search.company.dialogs.questions.size(), 2);
+    EXPECT_EQ(search.company.RowsOf(Cards)[1],
+              u"T202611210013|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
+}
+
+TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
+    SearchWindow search;
+    SearchWindow::Press(Qt::Key_Return);
+    search.Type(0, Keterangan, u"dari sini"_s);
+    search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
+    SearchWindow::Press(Qt::Key_Down);
+    EXPECT_EQ(search.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(search.Cell(0, Keterangan), u"dari sana"_s);
+    EXPECT_TRUE(search.company.RowsOf(Cards)[0].contains(u"|dari sana|"_s));
+    SearchWindow::Press(Qt::Key_Escape);
+    EXPECT_FALSE(search.window->isVisible());
+    EXPECT_TRUE(search.company.dialogs.questions.isEmpty());
+}
+
+TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
+    SearchWindow search;
+    SearchWindow::Press(Qt::Key_Return);
+    auto& text1 = search.Part<QLineEdit>("Text1");
+    const auto doubleClick = [&](int column) {
+        search.Go(0, column);
+        const QPoint place = search.Grid().visualRect(search.Grid().currentIndex()).center();
+        QTest::mouseClick(search.Grid().viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(search.Grid().viewport(), Qt::LeftButton, {}, place);
+    };
+    const std::tuple<SearchRow::Column, bool> cases[] = {
+        {Status, false}, {TimeIn, true}, {Dept, false}, {OtAmount, false}};
+    for (const auto& [column, opens] : cases) {
+        doubleClick(column);
+        EXPECT_EQ(text1.isVisible(), opens) << column;
+        if (opens) {
+            EXPECT_EQ(text1.selectedText(), u"07:45:00"_s);
+        }
+        SearchWindow::Press(opens ? Qt::Key_Escape : Qt::Key_Right);
+    }
+    search.Run(u"UPDATE TimeCardDetail SET TimeOUT=datetime(TimeOUT,'1 days')"_s);
+    search.Type(0, Keterangan, u"dibuang"_s);
+    doubleClick(SerialNo);
+    EXPECT_EQ(search.Cell(0, TimeOut), u"22-Nov-2026 16:30:00"_s);
+    EXPECT_EQ(search.Cell(0, Keterangan), QString());
+    search.Run(u"DELETE FROM TimeCardHeader WHERE TCID='T202611210013'"_s);
+    search.Go(1, TimeIn);
+    SearchWindow::Press(Qt::Key_F5);
+    EXPECT_EQ(search.company.dialogs.texts, QStringList{u"Please refresh."_s});
+    EXPECT_EQ(search.company.dialogs.icons.back(), Dialogs::Icon::Information);
+    EXPECT_EQ(search.Cell(1, TimeOut), u"16:30:00"_s);
+    SearchWindow::Press(Qt::Key_Escape);
+    EXPECT_TRUE(search.company.dialogs.questions.isEmpty()) << "nothing typed is left";
+}
+
+TEST(frmEditAbsensi, OnlyASupervisorDeletes) {
+    SearchWindow search;
+    SearchWindow::Press(Qt::Key_Return);
+    for (const QString& login : {u"<CANCEL>"_s, u"pelon~pelon~1"_s}) {
+        search.company.login = login;
+        search.Go(2, TimeIn);
+        SearchWindow::Press(Qt::Key_Delete);
+    }
+    EXPECT_EQ(search.company.RowsOf(u"select TCID from TimeCardDetail order by TCID"_s),
+              (QStringList{u"T202611210012"_s, u"T202611210013"_s, u"T202611220013"_s}));
+    EXPECT_EQ(search.Cell(2, TimeIn), QString());
+    EXPECT_EQ(search.Cell(2, Status), u"OUT"_s);
+    EXPECT_TRUE(search.Grid().hasFocus());
+}
+
+TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
+    SearchWindow search;
+    search.Part<QLineEdit>("txtNIK").setText(u"0012"_s);
+    SearchWindow::Press(Qt::Key_Return);
+    search.Go(1, NormalHours);
+    search.Do(Qt::Key_H);
+    EXPECT_EQ(search.Said("lblDone"), u"2 kartu dihitung."_s);
+    EXPECT_EQ(search.Cell(0, NormalHours), u"9.15"_s);
+    EXPECT_EQ(search.Grid().currentIndex().row(), 1);
+    EXPECT_EQ(search.company.RowsOf(u"select NormalHours from TimeCardHeader order by TCID"_s),
+              (QStringList{u"9.15"_s, u"-"_s, u"9.15"_s, u"-"_s}));
+}
+
+TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
+    SearchWindow search;
+    search.Part<QLineEdit>("txtTCID").setText(u"T20261122"_s);
+    SearchWindow::Press(Qt::Key_Return);
+    const QString path = search.company.folder.filePath(u"PRINT.TXT"_s);
+    search.Do(Qt::Key_G);
+    EXPECT_EQ(search.company.shownReports.size(), 1);
+    const QString titles =
+        u"Sr.No|Status|NIP |Nama|Keterangan|Dept|TCID         |Divisi|Tanggal    |TimeIN  |TimeOUT |"
+        "TimeINOT|TimeOutOT|BeriUangMakan|NormalHours|OTHours|NormalAmount|OTAmount|"_s;
+    const QString rule(titles.size(), u'-');
+    EXPECT_EQ(
+        search.ReportLines(),
+        (QStringList{
+            rule, titles, rule,
+            u"1    |OUT   |0012|Siti|          |PROD|T202611220012|A     |22-Nov-2026|07:45:00|16:30:00|"
+            "        |         |             |           |       |            |        |"_s,
+            u"2    |OUT   |0013|李小龍 |          |GA  |T202611220013|B     |22-Nov-2026|07:45:00|16:30:00|"
+            "        |         |             |           |       |            |        |"_s,
+            rule, QString()}));
+    search.Do(Qt::Key_L);
+    EXPECT_EQ(search.ReportLines().mid(0, 3), (QStringList{u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: T202611"_s,
+                                                           u"Dicetak: 22-Nov-2026 07:58"_s}));
+    search.Do(Qt::Key_K);
+    EXPECT_EQ(search.ReportLines()[1], u"NIK: 0012  Siti"_s);
+    EXPECT_EQ(search.company.dialogs.texts,
+              QStringList(
+                  3, u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s));
+    EXPECT_EQ(search.company.dialogs.icons.back(), Dialogs::Icon::Exclamation);
+    EXPECT_EQ(search.company.shownReports, QStringList(3, path));
+}
+
+TEST(frmEditAbsensi, StandsInTheMenuInAdminModeOnly) {
+    int opened = 0;
+    WindowCompany desk({.searchCards = [&opened] { ++opened; }});
+    auto& entry = desk.Part<QAction>("mnEditAbsensi");
+    EXPECT_FALSE(entry.isEnabled());
+    desk.window->SetAdminMode(true);
+    desk.ChooseFromMenu(entry.text());
+    EXPECT_EQ(opened, 1);
+}
