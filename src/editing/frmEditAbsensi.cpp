@@ -161,8 +161,8 @@ void frmEditAbsensi::cmdCalcHrs_Click() {
     });
     // Also after a failure: what was computed before it stays.
     Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
-        const BusyPointer busy;
-        model_.Reread();
+        WorkProgress progress(this, u"Membaca hasil ..."_s);
+        model_.Reread(std::ref(progress));
         editor_->Forget();
     });
     if (!computed)

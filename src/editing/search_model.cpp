@@ -47,11 +47,14 @@ bool SearchModel::FetchAll(const Progress& progress) {
     return true;
 }
 
-void SearchModel::Reread() {
+void SearchModel::Reread(const Progress& progress) {
     SearchPages pages(clause_);
     std::vector<SearchRow> rows;
-    while (rows.size() < rows_.size() && !pages.AtEnd())
+    bool goOn = true;
+    while (goOn && rows.size() < rows_.size() && !pages.AtEnd()) {
         std::ranges::move(pages.Next(*connection_), std::back_inserter(rows));
+        goOn = !progress || progress(static_cast<qsizetype>(rows.size()), rowCount());
+    }
     if (rows.size() == rows_.size()) {
         // As a rule the same rows: the grid keeps its place.
         rows_ = std::move(rows);

@@ -22,8 +22,9 @@ public:
     void Search(Connection& connection, const QString& whereClause);
     /// Fetches the rows that are not there yet; false when it was stopped. Throws DatabaseError.
     bool FetchAll(const Progress& progress);
-    /// Reads the rows that are shown once more. Unsaved texts are dropped. Throws DatabaseError.
-    void Reread();
+    /// Reads the rows that are shown once more; when it is stopped, the rest is fetched again as it comes
+    /// into sight. Unsaved texts are dropped. Throws DatabaseError.
+    void Reread(const Progress& progress);
 
     bool IsSearched() const { return connection_ != nullptr; }
     /// False while there are rows that were not fetched.

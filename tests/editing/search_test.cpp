@@ -169,12 +169,13 @@ TEST_F(Search, StoppedFetchingKeepsWhatIsThere) {
     EXPECT_EQ(model.rowCount(), 199 + 799);
     Run(u"UPDATE TimeCardHeader SET NormalHours=1.3 WHERE NIP='0013'"_s);
     Type({{Keterangan, u"dibuang"_s}});
-    model.Reread();
+    model.Reread({});
     EXPECT_EQ(model.rowCount(), 199 + 799);
     EXPECT_EQ(model.index(500, NormalHours).data().toString(), u"1.3"_s);
     EXPECT_FALSE(model.IsEdited(0));
     Run(u"DELETE FROM TimeCardDetail WHERE TCID<'T20201500'"_s);
-    model.Reread();
+    model.Reread([](qsizetype, qsizetype) { return false; });
+    EXPECT_EQ(model.rowCount(), 199);
     EXPECT_TRUE(model.FetchAll({}));
     EXPECT_EQ(model.rowCount(), 502);
 }
