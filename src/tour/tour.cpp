@@ -1,5 +1,6 @@
 #include "tour/tour.h"
 
+#include "editing/frmEditAbsensi.h"
 #include "editing/frmEditAbsensiOne.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
@@ -7,6 +8,7 @@
 #include "ui/text_viewer.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
 #include <QTableView>
@@ -19,8 +21,9 @@ using namespace std::chrono_literals;
 namespace {
 
 const QString Employee = u"0007"_s;
-/// The entries of the menu, counted from its top, those that cannot be chosen left out.
-enum MenuEntry { CloseSheetEntry = 3, ReopenSheetEntry = 4, AdminModeEntry = 5 };
+/// The entries of the menu, counted from its top, those that cannot be chosen left out: the search can be
+/// chosen in admin mode only, and stands in front of the others then.
+enum MenuEntry { CloseSheetEntry = 3, ReopenSheetEntry = 4, AdminModeEntry = 5, SearchEntry = 3 };
 
 void Print(const QString& line) {
     QTextStream(stdout) << line << Qt::endl;
@@ -52,6 +55,7 @@ bool Tour::Run() {
     needs.editCard = [this](const QString& tcid, const QString& nip) {
         frmEditAbsensiOne(program_, tcid, nip, skin_, desk_.get()).exec();
     };
+    needs.searchCards = [this] { frmEditAbsensi(program_, skin_, desk_.get()).exec(); };
     desk_ = std::make_unique<frmMain>(program_, skin_, std::move(needs));
     if (!desk_->Form_Load())
         return false;
@@ -68,6 +72,7 @@ bool Tour::Run() {
     ReopenSheetAsSupervisor();
     TurnAdminModeOn();
     CorrectACard();
+    SearchCards();
     PrintRows();
 
     Expect(user_.IsDone(), u"a window that should have opened did not"_s);
@@ -208,6 +213,28 @@ void Tour::CorrectACard() {
     for (int row = 0; row < grid->model()->rowCount() && !isEmployee(); ++row)
         KeyboardUser::Press(Qt::Key_Down);
     KeyboardUser::Press(Qt::Key_Return);
+}
+
+/// Finds the month's cards of the employee and types a remark onto the last one.
+void Tour::SearchCards() {
+    user_.WhenIn(u"frmEditAbsensi"_s, [this](QWidget& search) {
+        search.findChild<QLineEdit*>(u"txtNIK"_s)->setText(Employee);
+        KeyboardUser::Type(u"t2026"_s);
+        KeyboardUser::Press(Qt::Key_Return);
+        auto* grid = search.findChild<QTableView*>(u"MSHFlexGrid1"_s);
+        Expect(grid->model()->rowCount() > 0, u"the search finds no card"_s);
+        KeyboardUser::Press(Qt::Key_End, Qt::ControlModifier);
+        KeyboardUser::Press(Qt::Key_Home);
+        for (int column = 0; column < SearchRow::Keterangan; ++column)
+            KeyboardUser::Press(Qt::Key_Right);
+        KeyboardUser::Type(u"Surat dokter"_s);
+        Picture(search, u"search-typing"_s);
+        KeyboardUser::Press(Qt::Key_Return);
+        KeyboardUser::Press(Qt::Key_Up);
+        Picture(search, u"search"_s);
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    ChooseFromMenu(SearchEntry, {});
 }
 
 void Tour::Picture(QWidget& window, const QString& name) {

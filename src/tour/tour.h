@@ -35,6 +35,7 @@ private:
     void ReopenSheetAsSupervisor();
     void TurnAdminModeOn();
     void CorrectACard();
+    void SearchCards();
 
     void EnterNumberAndPassword(const QString& pictureName);
     void LogInAsSupervisor(const QString& pictureName);
