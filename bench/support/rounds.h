@@ -55,8 +55,16 @@ public:
 
     /// The median of one piece over that of another becomes one of the program's ratio lines.
     void Compare(const std::string& name, const std::string& piece, const std::string& base, double aim) {
-        ratios_.push_back({name, Median(piece) / Median(base), aim});
+        AddRatio(name, Median(piece) / Median(base), aim);
     }
+
+    /// A ratio of something else than times.
+    void AddRatio(const std::string& name, double value, double aim) {
+        ratios_.push_back({name, value, aim});
+    }
+
+    /// Gives a value that is no time as a figure of the benchmark.
+    void Tell(const std::string& figure, double value) { state_.counters[figure] = value; }
 
 private:
     /// In seconds, from any moment on.
