@@ -1,0 +1,165 @@
+#include "editing/attendance_cards.h"
+
+#include "core/query_values.h"
+#include "database/database_error.h"
+#include "database/recordset.h"
+#include "database/statement.h"
+#include "timecard/sheet_identifier.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The number of the error "duplicate value in an index".
+constexpr int CardElsewhereError = 3022;
+const QString Cards = u"kartu absen"_s;
+
+QString StatusQuery(const QString& code) {
+    return u"select Status, Description from [Employee Status] WHERE Status="_s + Quoted(code);
+}
+
+Recordset OpenHeader(Connection& connection, const QString& tcid) {
+    return Recordset(connection, u"select * from TimeCardHeader Where TCID="_s + Quoted(tcid));
+}
+
+std::optional<WallTime> SetTime(const std::optional<WallTime>& time) {
+    return time == EmptyTime ? std::nullopt : time;
+}
+
+FieldValue OrNull(const std::optional<WallTime>& time) {
+    return time ? FieldValue(*time) : FieldValue();
+}
+
+/// Steps to the card's row of that day, or behind the last.
+void FindDay(Recordset& days, Day day) {
+    while (!days.AtEnd() && days.Field(u"Tanggal"_s).Text() != StoredDay(day))
+        days.MoveNext();
+}
+
+/// The card's row of that day as it is stored; nothing when header or day is missing.
+std::optional<AttendanceRecord> StoredRecord(Connection& connection, const QString& tcid, Day day) {
+    Rows days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(tcid));
+    bool found = false;
+    AttendanceRecord record;
+    record.tcid = tcid;
+    while (!found && days.Next()) {
+        found = days.Text(0) == StoredDay(day);
+        record.timeIn = SetTime(days.Time(1));
+        record.timeOut = SetTime(days.Time(2));
+    }
+    Rows header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(tcid));
+    if (!found || !header.Next())
+        return std::nullopt;
+    record.status = header.Text(header.ColumnOf(u"Status"_s));
+    record.keterangan = header.Text(header.ColumnOf(u"Keterangan"_s));
+    return record;
+}
+
+/// A card that has a day already cannot serve for this one, too.
+void CheckHasNoDay(Connection& connection, const QString& tcid) {
+    const Recordset days = b_stored_procedure::OpenTimeCardDetail(connection, tcid);
+    if (days.AtEnd())
+        return;
+    const WallTime used = days.Field(u"Tanggal"_s).Time().value_or(EmptyTime);
+    throw ProgramError(CardElsewhereError,
+                       u"Kartu %1 sudah dipakai untuk tanggal %2. Tidak ada yang disimpan."_s.arg(
+                           tcid, ShownDay(DayOf(used))));
+}
+
+/// A header without a day is what a deleted card left: it is taken up again.
+void WriteHeader(Connection& connection, const QString& tcid, const QString& nip, const QString& status) {
+    Recordset header = OpenHeader(connection, tcid);
+    const QString owner = header.AtEnd() ? QString() : header.Field(u"NIP"_s).Text();
+    if (!owner.isEmpty() && owner != nip)
+        throw ProgramError(CardElsewhereError,
+                           u"Kartu %1 adalah kartu karyawan %2. Tidak ada yang disimpan."_s.arg(tcid, owner));
+    if (header.AtEnd())
+        header.AddNew();
+    header.Set(u"TCID"_s, tcid);
+    header.Set(u"NIP"_s, nip);
+    header.Set(u"Status"_s, status);
+    header.Update();
+}
+
+/// Returns the new card's identifier.
+QString MakeCard(Connection& connection, const ShownDayRow& row, const QString& status) {
+    const QString tcid = CardIdentifier(SheetIdentifierOf(row.day), row.nip);
+    if (ReadAttendance(connection, row.nip, row.day))
+        throw ConflictError(Cards); // another desk was quicker, perhaps on an extended sheet
+    CheckHasNoDay(connection, tcid);
+    WriteHeader(connection, tcid, row.nip, status);
+    connection.Execute(u"INSERT INTO [TimeCardDetail] (TCID, Tanggal) VALUES (?,?)"_s,
+                       {tcid, StoredDay(row.day)});
+    return tcid;
+}
+
+} // namespace
+
+std::optional<QString> ListedStatus(Connection& connection, const QString& code) {
+    for (const QString& written : {code, code.toUpper()}) {
+        QString status;
+        if (modGeneral::QueryValues(connection, StatusQuery(written), status))
+            return status;
+    }
+    return std::nullopt;
+}
+
+AttendanceRecord SaveStatusCell(Connection& connection, const ShownDayRow& row, const QString& status) {
+    Transaction transaction(connection);
+    const QString tcid = row.record ? row.record->tcid : MakeCard(connection, row, status);
+    if (row.record) {
+        const std::optional<AttendanceRecord> stored = StoredRecord(connection, tcid, row.day);
+        if (!stored || (stored->status != row.record->status && stored->status != status))
+            throw ConflictError(Cards);
+    }
+    connection.Execute(u"UPDATE [TimeCardHeader] SET Status=? WHERE TCID=?"_s, {status, tcid});
+    const std::optional<AttendanceRecord> saved = StoredRecord(connection, tcid, row.day);
+    transaction.Commit();
+    return saved.value();
+}
+
+std::optional<AttendanceRecord> SaveGridRow(Connection& connection, const ShownDayRow& row) {
+    if (!row.record)
+        return std::nullopt;
+    const AttendanceRecord& shown = *row.record;
+    Transaction transaction(connection);
+    Recordset header = OpenHeader(connection, shown.tcid);
+    if (header.AtEnd()) {
+        header.AddNew();
+        header.Set(u"TCID"_s, shown.tcid);
+        header.Set(u"NIP"_s, row.nip);
+        header.Set(u"Status"_s, shown.status);
+        header.Set(u"Keterangan"_s, shown.keterangan);
+        header.Update();
+    }
+    Recordset days = b_stored_procedure::OpenTimeCardDetail(connection, shown.tcid);
+    FindDay(days, row.day);
+    if (days.AtEnd()) {
+        days.AddNew();
+        days.Set(u"TCID"_s, shown.tcid);
+        days.Set(u"Tanggal"_s, row.day);
+        days.Set(u"TimeIN"_s, OrNull(shown.timeIn));
+        days.Set(u"TimeOUT"_s, OrNull(shown.timeOut));
+        days.Update();
+    }
+    transaction.Commit();
+    return StoredRecord(connection, shown.tcid, row.day);
+}
+
+void DeleteCardDays(Connection& connection, const ShownDayRow& row) {
+    if (!row.record)
+        return;
+    Transaction transaction(connection);
+    if (StoredRecord(connection, row.record->tcid, row.day) != row.record)
+        throw ConflictError(Cards);
+    connection.Execute(u"Delete from [TimeCardDetail] where TCID="_s + Quoted(row.record->tcid));
+    transaction.Commit();
+}
+
+std::optional<AttendanceRecord> LoadRow(Connection& connection, const ShownDayRow& row) {
+    if (row.record) {
+        if (auto stored = StoredRecord(connection, row.record->tcid, row.day))
+            return stored;
+    }
+    return ReadAttendance(connection, row.nip, row.day);
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "editing/attendance_refresh.h"
+
+/// An employee's day as it is shown while it is worked at.
+struct ShownDayRow {
+    QString nip;
+    Day day{};
+    std::optional<AttendanceRecord> record; ///< nothing: no card is shown
+};
+
+/// The code as [Employee Status] writes it, whatever the letter case it was typed in; nothing when it is not
+/// listed. Throws DatabaseError.
+std::optional<QString> ListedStatus(Connection& connection, const QString& code);
+
+/// Gives a day a status that is listed, and its card first when it has none; returns what is stored then.
+/// Times are never touched. Throws ConflictError when another desk changed the status or made or removed the
+/// card since it was shown, ProgramError when the card belongs elsewhere, DatabaseError; nothing is written
+/// then.
+AttendanceRecord SaveStatusCell(Connection& connection, const ShownDayRow& row, const QString& status);
+
+/// Sees that a row whose status was saved stands in the database still, adding header and day as they are
+/// shown where they are missing. What another desk wrote meanwhile stays. Returns what is stored; nothing
+/// when no card is shown. Throws DatabaseError.
+std::optional<AttendanceRecord> SaveGridRow(Connection& connection, const ShownDayRow& row);
+
+/// Deletes the days of the row's card and leaves its header; nothing when no card is shown. Throws
+/// ConflictError when the card is no longer as it is shown, DatabaseError; nothing is deleted then.
+void DeleteCardDays(Connection& connection, const ShownDayRow& row);
+
+/// What the database holds now for the row; nothing when the day has no card. Throws DatabaseError.
+std::optional<AttendanceRecord> LoadRow(Connection& connection, const ShownDayRow& row);

@@ -1,0 +1,147 @@
+#include "editing/attendance_model.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString CardText(const AttendanceRecord& record, int column) {
+    const auto minute = [](const auto& time) { return time ? ShownMinute(*time) : QString(); };
+    switch (column) {
+    case AttendanceModel::TimeIn:
+        return minute(record.timeIn);
+    case AttendanceModel::TimeOut:
+        return minute(record.timeOut);
+    case AttendanceModel::Status:
+        return record.status;
+    case AttendanceModel::Keterangan:
+        return record.keterangan;
+    case AttendanceModel::Tcid:
+        return record.tcid;
+    default:
+        return {};
+    }
+}
+
+QVariant AlignmentOf(int column) {
+    const bool figure = column == AttendanceModel::SerialNumber || column == AttendanceModel::TimeIn
+                        || column == AttendanceModel::TimeOut;
+    return QVariant::fromValue(Qt::Alignment(figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
+} // namespace
+
+void AttendanceModel::Show(Attendance attendance) {
+    beginResetModel();
+    attendance_ = std::move(attendance);
+    endResetModel();
+}
+
+AttendanceModel::Place AttendanceModel::PlaceOf(int row) const {
+    const int employees = static_cast<int>(attendance_.employees.size());
+    return {static_cast<size_t>(row % employees),
+            attendance_.range.first + std::chrono::days{row / employees}};
+}
+
+const AttendanceEmployee& AttendanceModel::EmployeeAt(int row) const {
+    return attendance_.employees.at(PlaceOf(row).employee);
+}
+
+AttendanceModel::RowKey AttendanceModel::KeyOf(int row) const {
+    return {EmployeeAt(row).nip, PlaceOf(row).day};
+}
+
+int AttendanceModel::RowOf(const RowKey& key) const {
+    const auto& employees = attendance_.employees;
+    const auto found = std::ranges::find(employees, key.nip, &AttendanceEmployee::nip);
+    if (found == employees.end() || key.day < attendance_.range.first || key.day > attendance_.range.last)
+        return -1;
+    const auto days = static_cast<qsizetype>((key.day - attendance_.range.first).count());
+    return static_cast<int>(days * std::ssize(employees) + (found - employees.begin()));
+}
+
+std::optional<AttendanceRecord> AttendanceModel::RecordAt(int row) const {
+    const Place place = PlaceOf(row);
+    const AttendanceRecord* record = attendance_.Find(place.day, place.employee);
+    return record ? std::optional(*record) : std::nullopt;
+}
+
+void AttendanceModel::SetRecord(int row, std::optional<AttendanceRecord> record) {
+    const Place place = PlaceOf(row);
+    if (record)
+        attendance_.Put(place.day, place.employee, *std::move(record));
+    else
+        attendance_.Remove(place.day, place.employee);
+    Q_EMIT dataChanged(index(row, TimeIn), index(row, Tcid));
+}
+
+int AttendanceModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(attendance_.RowCount());
+}
+
+int AttendanceModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant AttendanceModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return Text(index.row(), index.column());
+    case Qt::TextAlignmentRole:
+        return AlignmentOf(index.column());
+    case StatusRole:
+        return Text(index.row(), Status);
+    default:
+        return {};
+    }
+}
+
+QString AttendanceModel::Text(int row, int column) const {
+    const AttendanceEmployee& employee = EmployeeAt(row);
+    switch (column) {
+    case SerialNumber:
+        return QString::number(row + 1);
+    case Nip:
+        return employee.nip;
+    case Nama:
+        return employee.nama;
+    case Dept:
+        return employee.dept;
+    case Divisi:
+        return employee.divisi;
+    case Tanggal:
+        return ShownDay(PlaceOf(row).day);
+    default:
+        break;
+    }
+    const Place place = PlaceOf(row);
+    const AttendanceRecord* record = attendance_.Find(place.day, place.employee);
+    return record ? CardText(*record, column) : QString();
+}
+
+QVariant AttendanceModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    static const QStringList headers{u"Sr.No"_s,  u"NIP"_s,        u"Nama"_s,   u"Dept"_s,
+                                     u"Divisi"_s, u"Tanggal"_s,    u"TimeIN"_s, u"TimeOUT"_s,
+                                     u"Status"_s, u"Keterangan"_s, u"TCID"_s};
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return AlignmentOf(section);
+    return role == Qt::DisplayRole ? QVariant(headers.value(section)) : QVariant();
+}
+
+bool AttendanceModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid() || role != Qt::EditRole || index.column() != Status)
+        return false;
+    const Place place = PlaceOf(index.row());
+    AttendanceRecord* record = attendance_.Find(place.day, place.employee);
+    if (!record)
+        return false;
+    record->status = value.toString();
+    Q_EMIT dataChanged(index, index, {role, Qt::DisplayRole, StatusRole});
+    return true;
+}

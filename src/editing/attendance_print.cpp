@@ -1,0 +1,53 @@
+#include "editing/attendance_print.h"
+
+#include "core/text_table.h"
+#include "editing/attendance_model.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int RuleLength = 104;
+constexpr int RowsBetweenReports = 512;
+
+struct PrintedColumn {
+    int column;
+    int width;
+};
+
+constexpr PrintedColumn PrintedColumns[] = {{AttendanceModel::Nip, 8},    {AttendanceModel::Nama, 20},
+                                            {AttendanceModel::Dept, 8},   {AttendanceModel::Divisi, 8},
+                                            {AttendanceModel::TimeIn, 7}, {AttendanceModel::TimeOut, 7},
+                                            {AttendanceModel::Status, 7}, {AttendanceModel::Keterangan, 30}};
+
+QString Line(const QAbstractItemModel& rows, int row) {
+    QString line;
+    for (const auto& [column, width] : PrintedColumns)
+        line += u'|' + modGeneral::PadText(rows.index(row, column).data().toString(), width);
+    return line;
+}
+
+} // namespace
+
+QString PeriodLine(const DayRange& range, const QString& filter) {
+    QString line = u"Tanggal: "_s + ShownDay(range.first);
+    if (range.last != range.first)
+        line += u" s/d "_s + ShownDay(range.last);
+    return filter.isEmpty() ? line : line + u"  "_s + filter;
+}
+
+std::optional<QStringList> PrintAttendance(const QAbstractItemModel& rows, const QString& periodLine,
+                                           const Progress& progress) {
+    const QString rule(RuleLength, u'-');
+    QStringList lines{
+        u"ABSENSI KARYAWAN "_s, periodLine, rule,
+        u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status |Keterangan"_s, rule};
+    const int count = rows.rowCount();
+    lines.reserve(lines.size() + count + 1);
+    for (int row = 0; row < count; ++row) {
+        if (row % RowsBetweenReports == 0 && !progress(row, count))
+            return std::nullopt;
+        lines << Line(rows, row);
+    }
+    return lines << rule;
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "core/progress.h"
+#include "database/connection.h"
+
+#include <QHash>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+struct DayRange {
+    Day first{};
+    Day last{};
+
+    /// 0 when the range ends before it begins.
+    qint64 Days() const { return qMax<qint64>(0, (last - first).count() + 1); }
+    bool operator==(const DayRange&) const = default;
+};
+
+/// Whose days to show, and which. An employee number outweighs department and division.
+struct AttendanceCriteria {
+    QString nip;
+    std::optional<QString> dept;      ///< the code; nothing: all
+    std::optional<QString> divisi;    ///< the code; nothing: all
+    std::optional<DayRange> interval; ///< nothing: from the earliest to the latest day with attendance
+};
+
+struct AttendanceEmployee {
+    QString nip;
+    QString nama;
+    QString dept;
+    QString divisi;
+};
+
+/// What stands on an employee's card of one day. Times that were never set are absent.
+struct AttendanceRecord {
+    QString tcid;
+    std::optional<WallTime> timeIn;
+    std::optional<WallTime> timeOut;
+    QString status;
+    QString keterangan;
+
+    bool operator==(const AttendanceRecord&) const = default;
+};
+
+/// Employees and days, and the attendance that there is of them. A day without a card takes no room.
+class Attendance {
+public:
+    /// More rows than a grid can hold.
+    static constexpr qint64 MostRows = 10'000'000;
+
+    std::vector<AttendanceEmployee> employees; ///< in the order in which they stand within a day
+    DayRange range;
+
+    qint64 RowCount() const { return range.Days() * static_cast<qint64>(employees.size()); }
+    const AttendanceRecord* Find(Day day, size_t employee) const;
+    AttendanceRecord* Find(Day day, size_t employee);
+    void Put(Day day, size_t employee, AttendanceRecord record);
+    void Remove(Day day, size_t employee) { records_.remove(Key(day, employee)); }
+    /// Puts it there unless a record of a card that comes first stands there already.
+    void Offer(Day day, size_t employee, AttendanceRecord record);
+
+private:
+    qint64 Key(Day day, size_t employee) const {
+        return static_cast<qint64>(day.time_since_epoch().count()) * static_cast<qint64>(employees.size())
+               + static_cast<qint64>(employee);
+    }
+
+    QHash<qint64, AttendanceRecord> records_;
+};
+
+/// Reads the attendance of every employee that the criteria ask for, in two statements; nothing when the
+/// progress asked it to stop. Of several cards on one day the first one by identifier counts. Throws
+/// ProgramError when it were more rows than a grid can hold, DatabaseError.
+std::optional<Attendance> RefreshAttendance(Connection& connection, const AttendanceCriteria& criteria,
+                                            Day today, const Progress& progress);
+
+/// The same for one employee's one day; nothing when there is no card. Throws DatabaseError.
+std::optional<AttendanceRecord> ReadAttendance(Connection& connection, const QString& nip, Day day);
