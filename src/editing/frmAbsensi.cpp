@@ -1,0 +1,356 @@
+#include "editing/frmAbsensi.h"
+
+#include "core/supervisor_check.h"
+#include "database/database_error.h"
+#include "editing/attendance_print.h"
+#include "reports/report_file.h"
+#include "timecard/sheet_identifier.h"
+#include "ui/cell_editor.h"
+#include "ui/pick_list.h"
+#include "ui/theme.h"
+#include "ui/window_place.h"
+#include "ui/work_progress.h"
+#include "ui_frmAbsensi.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize FirstSize(1280, 700);
+const QString All = u"<ALL>"_s;
+
+std::optional<QString> ChosenCode(const QComboBox& list) {
+    return list.currentIndex() > 0 ? std::optional(list.currentData().toString()) : std::nullopt;
+}
+
+void FillList(Connection& connection, QComboBox& list, const QString& query) {
+    list.clear();
+    list.addItem(All);
+    Rows rows = connection.Query(query);
+    while (rows.Next()) {
+        const QString code = rows.Text(0);
+        const QString name = rows.Text(1);
+        list.addItem(name.isEmpty() ? code : name, code);
+    }
+}
+
+QString FilterText(const AttendanceCriteria& criteria, const QComboBox& dept, const QComboBox& divisi) {
+    if (!criteria.nip.isEmpty())
+        return u"NIP: "_s + criteria.nip;
+    QStringList parts;
+    if (criteria.dept)
+        parts << u"Dept: "_s + dept.currentText();
+    if (criteria.divisi)
+        parts << u"Divisi: "_s + divisi.currentText();
+    return parts.join(u"  "_s);
+}
+
+bool IsEnter(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
+frmAbsensi::frmAbsensi(Program& program, AttendanceBrowserNeeds needs, const b_form_skin::Backgrounds& skin,
+                       QWidget* parent)
+    : QDialog(parent), program_(program), needs_(std::move(needs)), ui_(std::make_unique<Ui::frmAbsensi>()) {
+    ui_->setupUi(this);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    ui_->all->setMenuBar(ui_->menubar);
+    b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
+    SetUpGrid();
+    ConnectControls();
+    Form_Load();
+    RestorePlace(*this, FirstSize);
+}
+
+frmAbsensi::~frmAbsensi() = default;
+
+void frmAbsensi::ConnectControls() {
+    connect(ui_->cmdEmpl, &QPushButton::clicked, this, &frmAbsensi::cmdEmpl_Click);
+    connect(ui_->cmdRefresh, &QPushButton::clicked, this, &frmAbsensi::cmdRefresh_Click);
+    connect(ui_->cmdPrintGrid, &QPushButton::clicked, this, &frmAbsensi::cmdPrintGrid_Click);
+    connect(ui_->cmdOpenCard, &QPushButton::clicked, this, &frmAbsensi::cmdOpenCard_Click);
+    connect(ui_->cmdBatal, &QPushButton::clicked, this, &QWidget::close);
+    for (QWidget* date : {static_cast<QWidget*>(ui_->txtDate1), static_cast<QWidget*>(ui_->txtDate2)})
+        connect(ui_->chkInterval, &QCheckBox::toggled, date, &QWidget::setEnabled);
+    const std::pair<QAction*, QString> reports[] = {{ui_->mnHarian, u"AbsensiHarian"_s},
+                                                    {ui_->mnDetail, u"AbsensiDetailKaryawan"_s},
+                                                    {ui_->mnSumDept, u"AbsensiDivisi"_s},
+                                                    {ui_->mnSumKary, u"AbsensiSumKary"_s}};
+    for (const auto& [entry, name] : reports) {
+        entry->setEnabled(bool(needs_.openReport));
+        connect(entry, &QAction::triggered, this, [this, name = name] {
+            Trapped(program_, u"mnLaporan_Click"_s, [&] { needs_.openReport(name); });
+        });
+    }
+}
+
+void frmAbsensi::SetUpGrid() {
+    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    grid.setModel(&rows_);
+    grid.PaintStatus(AttendanceModel::Status, AttendanceModel::StatusRole);
+    grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
+    const QFontMetrics metrics = grid.fontMetrics();
+    const int padding = metrics.horizontalAdvance(u"MMM"_s);
+    const std::pair<int, QString> samples[] = {{AttendanceModel::SerialNumber, u"000000"_s},
+                                               {AttendanceModel::Nip, u"00000000"_s},
+                                               {AttendanceModel::Nama, u"Muhammad Ramadhan"_s},
+                                               {AttendanceModel::Dept, u"MMMMMM"_s},
+                                               {AttendanceModel::Divisi, u"MMMMMM"_s},
+                                               {AttendanceModel::Tanggal, u"00-MMM-0000"_s},
+                                               {AttendanceModel::TimeIn, u"TimeOUT"_s},
+                                               {AttendanceModel::TimeOut, u"TimeOUT"_s},
+                                               {AttendanceModel::Status, u"MMMM"_s},
+                                               {AttendanceModel::Tcid, u"T00000000-W00000"_s}};
+    for (const auto& [column, sample] : samples)
+        grid.setColumnWidth(column, metrics.horizontalAdvance(sample) + padding);
+    grid.StretchColumn(AttendanceModel::Keterangan, metrics.horizontalAdvance(u"Keterangan"_s) + padding);
+
+    CellEditing editing;
+    editing.pickListColumns = {AttendanceModel::Status};
+    editing.mayEdit = [](const QModelIndex& cell) { return cell.column() == AttendanceModel::Status; };
+    editing.checkedColumn = AttendanceModel::Status;
+    editing.check = [this](const QModelIndex& cell, const QString& code) {
+        return CheckStatus(cell.row(), code);
+    };
+    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
+    editing.saveRow = [this](int row) { return SaveRow(row); };
+    editing.gridEnterKey = [this](const QModelIndex& cell) { GridEnterKey(cell); };
+    editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
+    editing.gridDoubleClick = [this](const QModelIndex& cell) { MSHFlexGrid1_DblClick(cell); };
+    editor_ = new CellEditor(program_, grid, std::move(editing));
+}
+
+void frmAbsensi::Form_Load() {
+    ui_->txtEmpl->setFixedWidth(Theme::FieldWidth(*ui_->txtEmpl, u"0000000000"_s));
+    Trapped(program_, u"Form_Load"_s, [this] {
+        FillList(program_.Db(), *ui_->txtDivisi, u"SELECT DivKode, DivName FROM Division ORDER BY DivName"_s);
+        FillList(program_.Db(), *ui_->txtDept,
+                 u"SELECT DeptCode, DeptName FROM Departments ORDER BY DeptName"_s);
+    });
+    const QDate today = ToQDate(program_.clock.Today());
+    ui_->txtDate1->setDate(QDate(today.year(), today.month(), 1));
+    ui_->txtDate2->setDate(today);
+    ui_->txtEmpl->setFocus();
+}
+
+AttendanceCriteria frmAbsensi::Criteria() const {
+    AttendanceCriteria criteria;
+    criteria.nip = ui_->txtEmpl->text().trimmed();
+    criteria.dept = ChosenCode(*ui_->txtDept);
+    criteria.divisi = ChosenCode(*ui_->txtDivisi);
+    if (ui_->chkInterval->isChecked())
+        criteria.interval = {FromQDate(ui_->txtDate1->date()), FromQDate(ui_->txtDate2->date())};
+    return criteria;
+}
+
+bool frmAbsensi::RefreshAttendance() {
+    bool shown = false;
+    Trapped(program_, u"RefreshAttendance"_s, [&] {
+        const AttendanceCriteria criteria = Criteria();
+        std::optional<Attendance> attendance;
+        {
+            WorkProgress progress(this, u"Membaca absensi ..."_s);
+            attendance =
+                ::RefreshAttendance(program_.Db(), criteria, program_.clock.Today(), std::ref(progress));
+        }
+        if (!attendance) {
+            ui_->lblDone->setText(u"Dibatalkan; data yang tampil tetap yang lama."_s);
+            return;
+        }
+        filter_ = FilterText(criteria, *ui_->txtDept, *ui_->txtDivisi);
+        rows_.Show(*std::move(attendance));
+        ui_->lblDone->clear();
+        ShowState();
+        shown = true;
+    });
+    return shown;
+}
+
+void frmAbsensi::ShowState() {
+    const int count = rows_.rowCount();
+    ui_->cmdPrintGrid->setEnabled(count > 0);
+    ui_->cmdOpenCard->setEnabled(count > 0 && needs_.editCard);
+    QString text = u"%1 baris · %2"_s.arg(count).arg(PeriodLine(rows_.Range(), {}));
+    if (!filter_.isEmpty())
+        text += u" · "_s + filter_;
+    ui_->lblStatus->setText(text);
+}
+
+void frmAbsensi::GoTo(int row) {
+    if (row < 0 || row >= rows_.rowCount())
+        return;
+    const QModelIndex cell = rows_.index(row, AttendanceModel::Status);
+    ui_->MSHFlexGrid1->setCurrentIndex(cell);
+    ui_->MSHFlexGrid1->scrollTo(cell);
+}
+
+void frmAbsensi::cmdRefresh_Click() {
+    if (!RefreshAttendance())
+        return;
+    GoTo(0);
+    if (rows_.rowCount() > 0)
+        ui_->MSHFlexGrid1->setFocus();
+}
+
+void frmAbsensi::cmdPrintGrid_Click() {
+    Trapped(program_, u"cmdPrintGrid_Click"_s, [this] {
+        std::optional<QStringList> lines;
+        {
+            WorkProgress progress(this, u"Menyusun cetakan ..."_s);
+            lines = PrintAttendance(rows_, PeriodLine(rows_.Range(), filter_), std::ref(progress));
+        }
+        if (!lines) {
+            ui_->lblDone->setText(u"Cetak dibatalkan."_s);
+            return;
+        }
+        WriteReportFile(program_.folder, *lines);
+        program_.showReport(ReportFilePath(program_.folder));
+        ui_->lblDone->setText(u"%1 baris dicetak ke PRINT.TXT."_s.arg(rows_.rowCount()));
+    });
+}
+
+void frmAbsensi::cmdOpenCard_Click() {
+    const int row = ui_->MSHFlexGrid1->currentIndex().row();
+    if (row < 0 || !needs_.editCard)
+        return;
+    const AttendanceModel::RowKey key = rows_.KeyOf(row);
+    const auto record = rows_.RecordAt(row);
+    const QString tcid = record ? record->tcid : CardIdentifier(SheetIdentifierOf(key.day), key.nip);
+    bool written = false;
+    Trapped(program_, u"cmdOpenCard_Click"_s, [&] { written = needs_.editCard(tcid, key.nip); });
+    if (written && RefreshAttendance())
+        GoTo(qMax(0, rows_.RowOf(key)));
+    ui_->MSHFlexGrid1->setFocus();
+}
+
+void frmAbsensi::cmdEmpl_Click() {
+    ShowList(*ui_->txtEmpl, u"select NIP, Nama from Employee ORDER BY NIP"_s);
+}
+
+void frmAbsensi::cmdLov_Click(QLineEdit& anchor) {
+    ShowList(anchor, u"select [ID], [Status], [Description] from [Employee Status] ORDER BY ID"_s);
+}
+
+void frmAbsensi::ShowList(QLineEdit& anchor, const QString& query) {
+    if (lov_)
+        lov_->deleteLater();
+    lov_ = new PickList(program_, this);
+    connect(lov_, &PickList::LOV_AfterListClose, this, &frmAbsensi::LOV_AfterListClose);
+    lov_->ConnectionString = program_.Db().ConnectionString();
+    lov_->SqlText = query;
+    lov_->ShowList(&anchor, -1.0, -1.0);
+}
+
+void frmAbsensi::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
+    if (!control || !lov_->ItemSelected())
+        return;
+    if (control == ui_->txtEmpl)
+        ui_->txtEmpl->setText(values.value(u"NIP"_s).toString());
+    else
+        editor_->TakePicked(values.value(u"Status"_s).toString());
+}
+
+ShownDayRow frmAbsensi::RowAt(int row) const {
+    const AttendanceModel::RowKey key = rows_.KeyOf(row);
+    return {key.nip, key.day, rows_.RecordAt(row)};
+}
+
+void frmAbsensi::LoadRow(int row) {
+    rows_.SetRecord(row, ::LoadRow(program_.Db(), RowAt(row)));
+}
+
+/// What another desk did to the row's card is shown at once, beside the message that says so.
+std::optional<QString> frmAbsensi::CheckStatus(int row, const QString& code) {
+    const std::optional<QString> listed = ListedStatus(program_.Db(), code);
+    if (!listed)
+        return listed;
+    const ShownDayRow shown = RowAt(row);
+    try {
+        AttendanceRecord saved = SaveStatusCell(program_.Db(), shown, *listed);
+        // The cell itself takes the code from the editor.
+        saved.status = shown.record ? shown.record->status : QString();
+        rows_.SetRecord(row, std::move(saved));
+    } catch (const ConflictError&) {
+        LoadRow(row);
+        throw;
+    }
+    ui_->lblDone->setText(u"%1, %2: status %3 tersimpan."_s.arg(shown.nip, ShownDay(shown.day), *listed));
+    return listed;
+}
+
+bool frmAbsensi::SaveRow(int row) {
+    const ShownDayRow shown = RowAt(row);
+    std::optional<AttendanceRecord> stored = SaveGridRow(program_.Db(), shown);
+    if (stored && stored->status != shown.record->status)
+        ui_->lblDone->setText(u"%1, %2: status sudah diganti dari komputer lain menjadi %3."_s.arg(
+            shown.nip, ShownDay(shown.day), stored->status));
+    rows_.SetRecord(row, std::move(stored));
+    return true;
+}
+
+void frmAbsensi::MSHFlexGrid1_DblClick(const QModelIndex& cell) {
+    if (cell.column() == AttendanceModel::SerialNumber)
+        LoadRow(cell.row());
+    else if (cell.column() == AttendanceModel::Status)
+        editor_->OpenOnCurrentCell();
+}
+
+void frmAbsensi::GridEnterKey(const QModelIndex& cell) {
+    const bool inStatus = cell.column() == AttendanceModel::Status;
+    const bool isEmpty = cell.siblingAtColumn(AttendanceModel::Status).data().toString().isEmpty();
+    GoTo(cell.row());
+    if (!isEmpty)
+        editor_->OpenOnCurrentCell();
+    else if (inStatus)
+        editor_->OpenPickList(); // the button stands there already
+    else
+        editor_->ShowPickButton();
+}
+
+void frmAbsensi::GridDeleteKey(const QModelIndex& cell) {
+    const int row = cell.row();
+    const ShownDayRow shown = RowAt(row);
+    if (!shown.record || !modGeneral::AskAdminPass(program_))
+        return;
+    try {
+        DeleteCardDays(program_.Db(), shown);
+        LoadRow(row);
+    } catch (const ConflictError&) {
+        LoadRow(row);
+        throw;
+    }
+    ui_->lblDone->setText(u"%1, %2: absensi dihapus."_s.arg(shown.nip, ShownDay(shown.day)));
+    ui_->MSHFlexGrid1->setFocus();
+}
+
+void frmAbsensi::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!std::exchange(activated_, true) && RefreshAttendance())
+        GoTo(0);
+}
+
+void frmAbsensi::keyPressEvent(QKeyEvent* event) {
+    const int row = ui_->MSHFlexGrid1->currentIndex().row();
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else if (event->key() == Qt::Key_F5 && row >= 0)
+        Trapped(program_, u"LoadRow"_s, [&] { LoadRow(row); });
+    else if (event->key() == Qt::Key_F4 && ui_->txtEmpl->hasFocus())
+        cmdEmpl_Click();
+    else if (!IsEnter(event->key()))
+        QDialog::keyPressEvent(event);
+    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
+        button->click();
+    else
+        cmdRefresh_Click();
+}
+
+void frmAbsensi::closeEvent(QCloseEvent* event) {
+    SavePlace(*this);
+    QDialog::closeEvent(event);
+}

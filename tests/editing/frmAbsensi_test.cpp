@@ -1,0 +1,281 @@
+#include "editing/frmAbsensi.h"
+
+#include "support/window_company.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Cards = u"select h.TCID, h.NIP, h.Status, d.Tanggal, d.TimeIN, d.TimeOUT from TimeCardHeader h "
+                      "left join TimeCardDetail d on h.TCID=d.TCID order by h.TCID"_s;
+const QString Supervisor = u"pelon~pelon~d"_s;
+
+/// The browser of a company of three, on the 3rd of a month; Agus (0014) comes first, Siti (0012) last.
+class Browser {
+public:
+    Browser() {
+        company.clock.now = Moment(u"2026-11-03 08:00:00");
+        company.AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"P"_s, u"A"_s);
+        company.AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"P"_s, u"B"_s);
+        company.AddEmployee(u"0014"_s, u"Agus"_s, u"x"_s, u"K"_s, u"A"_s);
+        company.AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
+        Run(u"INSERT INTO Departments (DeptCode,DeptName) VALUES ('P','Produksi'),('K','Kantor')"_s);
+        Run(u"INSERT INTO Division VALUES ('A','Satu'),('B','Dua')"_s);
+        Run(u"INSERT INTO [Employee Status] VALUES (1,'S','Sakit'),(2,'CT','Cuti')"_s);
+        Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611010013','0013','IN')"_s);
+        Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES "
+            "('T202611010013','2026-11-01','2026-11-01 07:45:12')"_s);
+    }
+
+    void Run(const QString& statement) { company.Db().ExecuteNative(statement); }
+    void Open() {
+        window = std::make_unique<frmAbsensi>(
+            company.program,
+            AttendanceBrowserNeeds{[this](const QString& report) { opened << report; },
+                                   [this](const QString& tcid, const QString& nip) {
+                                       opened << tcid + u' ' + nip;
+                                       Run(u"UPDATE TimeCardHeader SET Keterangan='dibetulkan'"_s);
+                                       return true;
+                                   }},
+            skin, nullptr);
+        window->show();
+        window->activateWindow();
+        EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return QApplication::activeWindow() == window.get(); }));
+    }
+    template<class Widget>
+    Widget& Part(const char* name) {
+        return WindowCompany::Part<Widget>(*window, name);
+    }
+    QTableView& Grid() { return Part<QTableView>("MSHFlexGrid1"); }
+    void Go(int row, int column = AttendanceModel::Status) {
+        Grid().setFocus();
+        Grid().setCurrentIndex(Grid().model()->index(row, column));
+    }
+    QString Row(int row) {
+        QStringList cells;
+        for (const int column : {AttendanceModel::Nip, AttendanceModel::Tanggal, AttendanceModel::TimeIn,
+                                 AttendanceModel::TimeOut, AttendanceModel::Status, AttendanceModel::Tcid})
+            cells << Grid().model()->index(row, column).data().toString();
+        return cells.join(u'|');
+    }
+    QString Status() { return Part<QLabel>("lblStatus").text(); }
+    /// Types a code over the current cell and enters it.
+    void Enter(const QString& code) {
+        KeyboardUser::Type(code);
+        KeyboardUser::Press(Qt::Key_Return);
+    }
+    bool Editing() { return Part<QLineEdit>("Text1").isVisible(); }
+    static bool ListIsOpen() {
+        return KeyboardUser::WaitUntil(
+            [] { return KeyboardUser::InFront() && KeyboardUser::InFront()->objectName() == u"PickList"_s; });
+    }
+
+    TestCompany company;
+    b_form_skin::Backgrounds skin;
+    QStringList opened;
+    std::unique_ptr<frmAbsensi> window;
+};
+
+} // namespace
+
+TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
+    Browser browser;
+    browser.Open();
+    EXPECT_EQ(browser.Status(), u"9 baris · Tanggal: 01-Nov-2026 s/d 03-Nov-2026"_s);
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||IN|T202611010013"_s);
+    EXPECT_TRUE(browser.Part<QLineEdit>("txtEmpl").hasFocus());
+    KeyboardUser::Type(u"0012"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Status(), u"3 baris · Tanggal: 01-Nov-2026 s/d 03-Nov-2026 · NIP: 0012"_s);
+    EXPECT_TRUE(browser.Grid().hasFocus());
+    EXPECT_EQ(browser.Grid().currentIndex().row(), 0);
+
+    browser.Part<QLineEdit>("txtEmpl").setFocus();
+    KeyboardUser::Press(Qt::Key_F4);
+    ASSERT_TRUE(Browser::ListIsOpen());
+    KeyboardUser::Type(u"agus"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Part<QLineEdit>("txtEmpl").text(), u"0014"_s);
+    browser.Part<QLineEdit>("txtEmpl").clear();
+
+    auto& dept = browser.Part<QComboBox>("txtDept");
+    EXPECT_EQ(dept.itemText(0), u"<ALL>"_s);
+    dept.setFocus();
+    KeyboardUser::Type(u"p"_s); // by its shown name
+    browser.Part<QComboBox>("txtDivisi").setFocus();
+    KeyboardUser::Type(u"s"_s);
+    KeyboardUser::Press(Qt::Key_Tab);
+    KeyboardUser::Press(Qt::Key_Space);
+    EXPECT_FALSE(browser.Part<QDateEdit>("txtDate1").isEnabled());
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Status(), u"1 baris · Tanggal: 03-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
+    EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
+
+    browser.Part<QLineEdit>("txtEmpl").setText(u"0'12"_s);
+    browser.Part<QLineEdit>("txtEmpl").setFocus();
+    KeyboardUser::Press(Qt::Key_Return); // refused: what was shown stays
+    EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
+}
+
+TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
+    Browser browser;
+    browser.Open();
+    browser.Go(0);
+    browser.Enter(u"s"_s);
+    EXPECT_EQ(browser.Row(0), u"0014|01-Nov-2026|||S|T202611010014"_s);
+    KeyboardUser::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Down);
+
+    browser.Enter(u"XX"_s); // not listed: the list opens, and nothing is written
+    ASSERT_TRUE(Browser::ListIsOpen());
+    EXPECT_EQ(browser.company.RowsOf(Cards).size(), 2);
+    KeyboardUser::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Row(2), u"0012|01-Nov-2026|||CT|T202611010012"_s);
+
+    browser.Go(3, AttendanceModel::Nip); // Enter leads to an empty status and to its list
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_TRUE(browser.Part<QWidget>("cmdLov").isVisible());
+    KeyboardUser::Press(Qt::Key_Return);
+    ASSERT_TRUE(Browser::ListIsOpen());
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026|||S|T202611020014"_s);
+
+    browser.Go(1, AttendanceModel::Nip); // and to the editor where there is a status
+    browser.Enter(u"z"_s);
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||IN|T202611010013"_s);
+    EXPECT_TRUE(browser.Editing());
+    KeyboardUser::Press(Qt::Key_Escape);
+    EXPECT_TRUE(browser.window->isVisible());
+    KeyboardUser::Press(Qt::Key_Escape);
+    EXPECT_FALSE(browser.window->isVisible());
+    EXPECT_EQ(
+        browser.company.RowsOf(Cards),
+        (QStringList{u"T202611010012|0012|CT|2026-11-01|-|-"_s,
+                     u"T202611010013|0013|IN|2026-11-01|2026-11-01 07:45:12|-"_s,
+                     u"T202611010014|0014|S|2026-11-01|-|-"_s, u"T202611020014|0014|S|2026-11-02|-|-"_s}));
+    EXPECT_EQ(browser.company.dialogs.texts + browser.company.dialogs.questions, QStringList());
+}
+
+TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
+    Browser browser;
+    browser.Open();
+    browser.Run(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
+    browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
+    const QString clockedOut = u"0013|01-Nov-2026|07:45|17:00|OUT|T202611010013"_s;
+    browser.Go(1);
+    browser.Enter(u"S"_s);
+    EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(browser.Row(1), clockedOut);
+    KeyboardUser::Press(Qt::Key_Return); // what was typed stands there still
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|S|T202611010013"_s);
+
+    browser.Run(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
+    KeyboardUser::Press(Qt::Key_Up); // no alarm when the row is left, but it is told
+    EXPECT_EQ(browser.Row(1), clockedOut);
+    EXPECT_TRUE(browser.Part<QLabel>("lblDone").text().contains(u"OUT"_s));
+    EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
+
+    browser.Run(u"UPDATE TimeCardHeader SET Status='CT'"_s);
+    browser.Go(1);
+    KeyboardUser::Press(Qt::Key_F5);
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|CT|T202611010013"_s);
+}
+
+TEST(frmAbsensi, DeletesTheCardsDayForASupervisorOnly) {
+    Browser browser;
+    browser.Open();
+    const QStringList before = browser.company.RowsOf(Cards);
+    browser.Go(0);
+    KeyboardUser::Press(Qt::Key_Delete); // no card: nothing, not even a question
+    browser.Go(1);
+    KeyboardUser::Press(Qt::Key_Delete);
+    EXPECT_EQ(browser.company.dialogs.texts.size(), 1); // not logged in
+    browser.company.login = Supervisor;
+    browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
+    KeyboardUser::Press(Qt::Key_Delete);
+    EXPECT_EQ(browser.company.dialogs.texts.size(), 2); // not what was shown
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|IN|T202611010013"_s);
+    EXPECT_EQ(browser.company.RowsOf(Cards).size(), before.size());
+    KeyboardUser::Press(Qt::Key_Delete);
+    EXPECT_EQ(browser.company.dialogs.texts.size(), 2);
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026||||"_s);
+    EXPECT_EQ(browser.company.RowsOf(Cards), QStringList{u"T202611010013|0013|IN|-|-|-"_s});
+}
+
+TEST(frmAbsensi, PrintsTheRowsThatAreShown) {
+    Browser browser;
+    browser.Open();
+    KeyboardUser::Type(u"0013"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    browser.Part<QLineEdit>("txtEmpl").setText(u"typed since"_s);
+    KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
+    ASSERT_TRUE(KeyboardUser::WaitUntil([&] { return !browser.company.shownReports.isEmpty(); }));
+    QFile file(browser.company.folder.filePath(u"PRINT.TXT"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString rule(104, u'-');
+    const QString empty =
+        u"|0013    |Budi                |P       |B       |       |       |       |"_s + QString(30, u' ');
+    EXPECT_EQ(QString::fromUtf8(file.readAll()),
+              (QStringList{u"ABSENSI KARYAWAN "_s,
+                           u"Tanggal: 01-Nov-2026 s/d 03-Nov-2026  NIP: 0013"_s,
+                           rule,
+                           u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status "
+                           "|Keterangan"_s,
+                           rule,
+                           u"|0013    |Budi                |P       |B       |07:45  |       |IN     |"_s
+                               + QString(30, u' '),
+                           empty,
+                           empty,
+                           rule,
+                           {}})
+                  .join(u"\r\n"_s));
+    EXPECT_EQ(browser.company.dialogs.texts, QStringList());
+}
+
+TEST(frmAbsensi, OpensReportsAndTheCardOfARow) {
+    Browser browser;
+    browser.Open();
+    for (const char* entry : {"mnHarian", "mnDetail", "mnSumDept", "mnSumKary"})
+        browser.Part<QWidget>("menubar").window()->findChild<QAction*>(QString::fromLatin1(entry))->trigger();
+    for (const int row : {1, 5}) {
+        browser.Go(row);
+        const qsizetype before = browser.opened.size();
+        KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return browser.opened.size() > before; }));
+        EXPECT_EQ(browser.Grid().currentIndex().row(), row);
+    }
+    EXPECT_EQ(browser.opened,
+              (QStringList{u"AbsensiHarian"_s, u"AbsensiDetailKaryawan"_s, u"AbsensiDivisi"_s,
+                           u"AbsensiSumKary"_s, u"T202611010013 0013"_s, u"T202611020012 0012"_s}));
+    EXPECT_EQ(browser.Grid().model()->index(1, AttendanceModel::Keterangan).data(), u"dibetulkan"_s);
+}
+
+TEST(frmAbsensi, ADoubleClickReadsTheRowOrOpensTheEditor) {
+    Browser browser;
+    browser.Open();
+    browser.Run(u"UPDATE TimeCardHeader SET Status='CT'"_s);
+    const auto doubleClick = [&](int column) {
+        const QPoint place = browser.Grid().visualRect(browser.Grid().model()->index(1, column)).center();
+        QTest::mouseClick(browser.Grid().viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(browser.Grid().viewport(), Qt::LeftButton, {}, place);
+    };
+    doubleClick(AttendanceModel::Nama);
+    EXPECT_FALSE(browser.Editing());
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||IN|T202611010013"_s);
+    doubleClick(AttendanceModel::SerialNumber);
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||CT|T202611010013"_s);
+    doubleClick(AttendanceModel::Status);
+    EXPECT_EQ(browser.Part<QLineEdit>("Text1").text(), u"CT"_s);
+}
