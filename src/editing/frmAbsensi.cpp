@@ -95,17 +95,17 @@ void frmAbsensi::SetUpGrid() {
     grid.PaintStatus(AttendanceModel::Status, AttendanceModel::StatusRole);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
     const QFontMetrics metrics = grid.fontMetrics();
-    const int padding = metrics.horizontalAdvance(u"MMM"_s);
+    const int padding = metrics.horizontalAdvance(u"MM"_s);
     const std::pair<int, QString> samples[] = {{AttendanceModel::SerialNumber, u"000000"_s},
-                                               {AttendanceModel::Nip, u"00000000"_s},
+                                               {AttendanceModel::Nip, u"0000000"_s},
                                                {AttendanceModel::Nama, u"Muhammad Ramadhan"_s},
-                                               {AttendanceModel::Dept, u"MMMMMM"_s},
-                                               {AttendanceModel::Divisi, u"MMMMMM"_s},
+                                               {AttendanceModel::Dept, u"MMMM"_s},
+                                               {AttendanceModel::Divisi, u"MMMM"_s},
                                                {AttendanceModel::Tanggal, u"00-MMM-0000"_s},
                                                {AttendanceModel::TimeIn, u"TimeOUT"_s},
                                                {AttendanceModel::TimeOut, u"TimeOUT"_s},
                                                {AttendanceModel::Status, u"MMMM"_s},
-                                               {AttendanceModel::Tcid, u"T00000000-W00000"_s}};
+                                               {AttendanceModel::Tcid, u"T00000000-00000"_s}};
     for (const auto& [column, sample] : samples)
         grid.setColumnWidth(column, metrics.horizontalAdvance(sample) + padding);
     grid.StretchColumn(AttendanceModel::Keterangan, metrics.horizontalAdvance(u"Keterangan"_s) + padding);
