@@ -56,6 +56,12 @@ QString Line(const QStringList& cells, const modGeneral::ColumnWidths& widths) {
     return line;
 }
 
+/// Below the first combining mark each letter is a character of its own: reports cut and pad such texts by
+/// the ten thousand.
+bool IsPlain(const QString& text) {
+    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c < u'\u0300'; });
+}
+
 } // namespace
 
 namespace modGeneral {
@@ -63,6 +69,8 @@ namespace modGeneral {
 QString PadText(const QString& text, int width) {
     if (width <= 0)
         return {};
+    if (IsPlain(text))
+        return text.leftJustified(width, u' ', true);
     const Extent extent = ExtentOf(text, width);
     return text.first(extent.length) + QString(width - extent.characters, u' ');
 }

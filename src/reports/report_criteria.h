@@ -1,0 +1,26 @@
+#pragma once
+
+#include "database/wall_time.h"
+
+#include <QString>
+
+/// The criterion that does not filter.
+inline constexpr QStringView AllChoice = u"<ALL>";
+
+/// A department or division as it was chosen: what rows hold, and what the user reads.
+struct ReportChoice {
+    QString code = AllChoice.toString();
+    QString shown = AllChoice.toString();
+
+    bool Filters() const { return code != AllChoice; }
+};
+
+/// What was asked for. Every report takes those criteria that concern it and passes over the others.
+struct ReportCriteria {
+    Day date1{}; ///< the only day of the daily report
+    Day date2{}; ///< before date1: a period without days
+    QString employee = AllChoice.toString();
+    ReportChoice department;
+    ReportChoice division;
+    QString sort; ///< columns of Employee, ready for ORDER BY
+};

@@ -1,0 +1,79 @@
+#include "reports/report_data.h"
+
+#include "database/statement.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// How many rows are read until the user is asked again whether to go on.
+constexpr int RowsBetweenQuestions = 1000;
+
+/// The conditions of a choice that filters, none of one that does not.
+QStringList ChosenConditions(const ReportCriteria& criteria, const QString& table) {
+    QStringList conditions;
+    if (criteria.department.Filters())
+        conditions << table + u"Dept="_s + Quoted(criteria.department.code);
+    if (criteria.division.Filters())
+        conditions << table + u"Divisi="_s + Quoted(criteria.division.code);
+    return conditions;
+}
+
+std::optional<WallTime> SetTime(const Rows& rows, int column) {
+    const std::optional<WallTime> time = rows.Time(column);
+    return time == EmptyTime ? std::nullopt : time;
+}
+
+} // namespace
+
+std::vector<ReportEmployee> ReadReportEmployees(Connection& connection, const QString& query) {
+    std::vector<ReportEmployee> employees;
+    Rows rows = connection.Query(query);
+    while (rows.Next())
+        employees.push_back({rows.Text(0), rows.Text(1), rows.Text(2), rows.Text(3)});
+    return employees;
+}
+
+std::vector<ReportEmployee> ReadEmployeesOf(Connection& connection, const ReportCriteria& criteria) {
+    const QStringList conditions = ChosenConditions(criteria, {});
+    QString query = u"SELECT NIP, Nama, Dept, Divisi FROM Employee "_s;
+    if (!conditions.isEmpty())
+        query += u" WHERE "_s + conditions.join(u" AND "_s);
+    return ReadReportEmployees(connection, query);
+}
+
+std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QString& query,
+                                              const Progress& progress) {
+    Rows rows = connection.Query(query + u" ORDER BY b.Tanggal, b.TCID"_s);
+    const int nip = rows.ColumnOf(u"NIP"_s);
+    const int tanggal = rows.ColumnOf(u"Tanggal"_s); // the report of a single day does not read it
+    const int timeIn = rows.ColumnOf(u"TimeIN"_s);
+    const int timeOut = rows.ColumnOf(u"TimeOUT"_s);
+    const int status = rows.ColumnOf(u"Status"_s);
+    const int keterangan = rows.ColumnOf(u"Keterangan"_s);
+    AttendanceByNip attendance;
+    for (int read = 0; rows.Next(); ++read) {
+        if (read % RowsBetweenQuestions == 0 && !progress(0, 0))
+            return std::nullopt;
+        AttendanceRow row{.timeIn = SetTime(rows, timeIn),
+                          .timeOut = SetTime(rows, timeOut),
+                          .status = rows.Text(status),
+                          .keterangan = rows.Text(keterangan)};
+        if (tanggal >= 0)
+            row.day = DayOf(rows.Time(tanggal).value_or(EmptyTime));
+        attendance[rows.Text(nip)].push_back(std::move(row));
+    }
+    return attendance;
+}
+
+QString InPeriod(const ReportCriteria& criteria) {
+    return u"WHERE b.Tanggal BETWEEN "_s + Quoted(StoredDay(criteria.date1)) + u" AND "_s
+           + Quoted(StoredDay(criteria.date2)) + u' ';
+}
+
+QString OfChosenEmployees(const ReportCriteria& criteria) {
+    QString all;
+    for (const QString& condition : ChosenConditions(criteria, u"c."_s))
+        all += u" AND "_s + condition;
+    return all;
+}
