@@ -20,7 +20,7 @@ struct ReportCriteria {
     Day date1{}; ///< the only day of the daily report
     Day date2{}; ///< before date1: a period without days
     QString employee = AllChoice.toString();
-    ReportChoice department;
-    ReportChoice division;
-    QString sort; ///< columns of Employee, ready for ORDER BY
+    ReportChoice department = {};
+    ReportChoice division = {};
+    QString sort = {}; ///< columns of Employee, ready for ORDER BY
 };
