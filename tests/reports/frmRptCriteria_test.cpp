@@ -1,0 +1,221 @@
+#include "reports/frmRptCriteria.h"
+
+#include "reports/report_file.h"
+#include "support/window_company.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template<class Widget>
+Widget& Part(QWidget& window, const char* name) {
+    return WindowCompany::Part<Widget>(window, name);
+}
+
+QString TextOf(QWidget& window, const char* label) {
+    return Part<QLabel>(window, label).text();
+}
+
+/// The window over a company of two employees and a card, worked at by keyboard while it is open.
+class Criteria {
+public:
+    Criteria() {
+        company.AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s, u"P1"_s, u"A"_s);
+        company.AddEmployee(u"0013"_s, u"Agus Salim"_s, u"x"_s, u"G1"_s, u"B"_s);
+        Run(u"INSERT INTO Departments (DeptCode, DeptName) VALUES ('P1','Produksi'),('G1','Gudang')"_s);
+        Run(u"INSERT INTO Division VALUES ('A','Satu'),('B','Dua')"_s);
+        Run(u"INSERT INTO [Employee Status] VALUES (1,'I','Izin')"_s);
+        Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012','I')"_s);
+        Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611220012','2026-11-22')"_s);
+    }
+
+    void Run(const QString& statement) { company.Db().Execute(statement); }
+
+    /// Opens the window for a report and does the work in it. What is left open is closed.
+    void Open(const QString& report, const std::function<void(QWidget&)>& work) {
+        frmRptCriteria window(company.program, report, skin, nullptr);
+        user.WhenIn(u"frmRptCriteria"_s, [&](QWidget& shown) {
+            work(shown);
+            if (shown.isVisible())
+                KeyboardUser::Press(Qt::Key_Escape);
+        });
+        window.exec();
+        EXPECT_TRUE(user.IsDone());
+    }
+
+    /// Presses OK and waits until the report is shown.
+    void PressOk() {
+        const qsizetype shown = company.shownReports.size() + company.dialogs.texts.size();
+        KeyboardUser::Press(Qt::Key_O, Qt::AltModifier);
+        EXPECT_TRUE(KeyboardUser::WaitUntil(
+            [&] { return company.shownReports.size() + company.dialogs.texts.size() > shown; }));
+    }
+
+    QStringList Printed() const {
+        QFile file(ReportFilePath(company.program.folder));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
+    }
+
+    TestCompany company;
+    b_form_skin::Backgrounds skin;
+    KeyboardUser user;
+};
+
+} // namespace
+
+TEST(frmRptCriteria, EnablesWhatTheReportTakesAndEnterWalksThroughIt) {
+    struct Case {
+        QString report;
+        QString firstDay;
+        QStringList walk;
+    };
+    const Case cases[] = {
+        {u"AbsensiHarian"_s, u"22-Nov-2026"_s, {u"txtDate1"_s, u"txtSort"_s}},
+        {u"AbsensiDetailKaryawan"_s, u"01-Nov-2026"_s, {u"txtDate1"_s, u"txtDate2"_s, u"txtEmpl"_s}},
+        {u"AbsensiDivisi"_s, u"01-Nov-2026"_s, {u"txtDate1"_s, u"txtDate2"_s, u"txtDept"_s, u"txtDivisi"_s}},
+        {u"AbsensiSumKary"_s, u"01-Nov-2026"_s, {u"txtDate1"_s, u"txtDate2"_s, u"txtDept"_s, u"txtDivisi"_s}},
+    };
+    for (const Case& c : cases) {
+        Criteria criteria;
+        criteria.Open(c.report, [&](QWidget& window) {
+            EXPECT_EQ(Part<QDateEdit>(window, "txtDate1").text(), c.firstDay);
+            EXPECT_EQ(Part<QDateEdit>(window, "txtDate2").text(), u"22-Nov-2026"_s);
+            QStringList walk;
+            while (window.focusWidget()->objectName() != u"cmdOk"_s && walk.size() < 9) {
+                walk << window.focusWidget()->objectName();
+                KeyboardUser::Press(Qt::Key_Return);
+            }
+            EXPECT_EQ(walk, c.walk);
+            EXPECT_TRUE(criteria.company.shownReports.isEmpty());
+            KeyboardUser::Press(Qt::Key_Return);
+            EXPECT_EQ(criteria.company.shownReports,
+                      QStringList{ReportFilePath(criteria.company.program.folder)});
+            EXPECT_TRUE(TextOf(window, "lblDone").contains(u" 2 "_s));
+        });
+    }
+}
+
+TEST(frmRptCriteria, MakesFurtherReportsWithChangedCriteria) {
+    Criteria criteria;
+    criteria.Open(u"AbsensiSumKary"_s, [&](QWidget& window) {
+        const auto& dept = Part<QComboBox>(window, "txtDept");
+        const auto& division = Part<QComboBox>(window, "txtDivisi");
+        EXPECT_EQ(dept.itemText(1) + dept.itemText(2), u"GudangProduksi"_s);
+        EXPECT_EQ(division.currentText(), u"<ALL>"_s);
+        criteria.PressOk();
+        EXPECT_EQ(criteria.Printed().filter(u"|0012"_s).size(), 1);
+        EXPECT_EQ(criteria.Printed().value(2), QString());
+        Part<QWidget>(window, "txtDept").setFocus();
+        KeyboardUser::Type(u"P"_s);
+        criteria.PressOk();
+        EXPECT_EQ(criteria.Printed().value(2), u"DEPT  : PRODUKSI"_s);
+        EXPECT_EQ(criteria.Printed().filter(u"|00"_s),
+                  QStringList{u"|1   |0012    |Siti Aminah         |1     |"_s});
+        Part<QWidget>(window, "txtDivisi").setFocus();
+        KeyboardUser::Type(u"D"_s);
+        criteria.PressOk();
+        EXPECT_EQ(criteria.Printed().value(3), u"DIVISI: DUA"_s);
+        EXPECT_EQ(criteria.Printed().filter(u"|00"_s), QStringList());
+        EXPECT_EQ(TextOf(window, "lblDone"), u"Tidak ada data untuk kriteria ini."_s);
+    });
+    EXPECT_EQ(criteria.company.shownReports.size(), 3);
+}
+
+TEST(frmRptCriteria, SortsTheDailyReportByTheChosenOrder) {
+    Criteria criteria;
+    criteria.Open(u"AbsensiHarian"_s, [&](QWidget& window) {
+        auto& sort = Part<QComboBox>(window, "txtSort");
+        EXPECT_EQ(sort.currentText(), u"Nama"_s);
+        for (const auto& [key, first] : {std::pair{u"Na"_s, u"0013"_s}, std::pair{u"NI"_s, u"0012"_s},
+                                         std::pair{u"De"_s, u"0013"_s}, std::pair{u"Di"_s, u"0012"_s}}) {
+            sort.setFocus();
+            sort.setCurrentIndex(sort.findText(key, Qt::MatchStartsWith));
+            criteria.PressOk();
+            EXPECT_EQ(criteria.Printed().value(6).mid(6, 4), first) << key.toStdString();
+        }
+    });
+}
+
+TEST(frmRptCriteria, TakesAnEmployeeFromTheListOrAsTyped) {
+    Criteria criteria;
+    criteria.Open(u"AbsensiDetailKaryawan"_s, [&](QWidget& window) {
+        auto& employee = Part<QLineEdit>(window, "txtEmpl");
+        EXPECT_EQ(employee.text(), u"<ALL>"_s);
+        employee.setFocus();
+        criteria.user.WhenIn(u"PickList"_s, [](QWidget&) {
+            KeyboardUser::Type(u"agus"_s);
+            KeyboardUser::Press(Qt::Key_Return);
+        });
+        KeyboardUser::Press(Qt::Key_F9);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return employee.text() == u"0013"_s; }));
+        EXPECT_EQ(TextOf(window, "lblEmplName"), u"Agus Salim"_s);
+        const std::tuple<QString, QString, QStringList> cases[] = {
+            {u" 0012 "_s, u"Siti Aminah"_s, {u"NIP : 0012"_s}},
+            {u"0099"_s, u"NIP ini tidak terdaftar."_s, {}},
+            {u" "_s, QString(), {u"NIP : 0012"_s, u"NIP : 0013"_s}},
+            {u"<all>"_s, QString(), {u"NIP : 0012"_s, u"NIP : 0013"_s}},
+        };
+        for (const auto& [typed, name, employees] : cases) {
+            employee.setFocus();
+            employee.selectAll();
+            KeyboardUser::Type(typed);
+            criteria.PressOk();
+            EXPECT_EQ(TextOf(window, "lblEmplName"), name);
+            EXPECT_EQ(criteria.Printed().filter(u"NIP : "_s), employees) << typed.toStdString();
+        }
+    });
+}
+
+TEST(frmRptCriteria, TypedDatesAreTakenAndAReversedPeriodIsHintedAt) {
+    Criteria criteria;
+    criteria.Open(u"AbsensiDivisi"_s, [&](QWidget& window) {
+        auto& first = Part<QDateEdit>(window, "txtDate1");
+        first.setSelectedSection(QDateEdit::DaySection);
+        KeyboardUser::Type(u"23"_s);
+        EXPECT_NE(TextOf(window, "lblDateHint"), QString());
+        criteria.PressOk();
+        EXPECT_EQ(criteria.Printed().value(1), u"TANGGAL: 23-Nov-2026 s/d 22-Nov-2026"_s);
+        first.setSelectedSection(QDateEdit::DaySection);
+        KeyboardUser::Type(u"22"_s);
+        EXPECT_EQ(TextOf(window, "lblDateHint"), QString());
+        criteria.PressOk();
+        EXPECT_EQ(criteria.Printed().filter(u"|22-Nov-2026|"_s).size(), 2);
+    });
+}
+
+TEST(frmRptCriteria, AFailureIsLoggedUnderItsRoutineAndLeavesTheFormerReport) {
+    Criteria criteria;
+    criteria.Open(u"AbsensiSumKary"_s, [&](QWidget& window) {
+        criteria.PressOk();
+        const QStringList before = criteria.Printed();
+        criteria.Run(u"DROP TABLE [Employee Status]"_s);
+        criteria.PressOk();
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(TextOf(window, "lblDone"), QString());
+        EXPECT_EQ(criteria.Printed(), before);
+    });
+    EXPECT_EQ(criteria.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(criteria.company.shownReports.size(), 1);
+    QFile log(criteria.company.folder.filePath(u"VELTLOG.TXT"_s));
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(log.readAll().contains("frmRptCriteria.PrintSummaryReport"));
+}
+
+TEST(frmRptCriteria, AnUnknownReportCanOnlyBeLeft) {
+    Criteria criteria;
+    criteria.Open(u""_s, [&](QWidget& window) {
+        EXPECT_FALSE(Part<QWidget>(window, "cmdOk").isEnabled());
+        EXPECT_FALSE(Part<QWidget>(window, "txtDate1").isEnabled());
+        EXPECT_TRUE(Part<QWidget>(window, "cmdCancel").hasFocus());
+        KeyboardUser::Press(Qt::Key_Return);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !window.isVisible(); }));
+    });
+    EXPECT_TRUE(criteria.company.shownReports.isEmpty());
+}
