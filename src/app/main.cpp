@@ -1,10 +1,5 @@
-#include "editing/frmEditAbsensiOne.h"
+#include "app/desk_windows.h"
 #include "shell/frmLogin.h"
-#include "shell/frmSetting.h"
-#include "shifts/frmShiftCode.h"
-#include "shifts/frmShiftEmployee.h"
-#include "timecard/frmMain.h"
-#include "ui/form_skin.h"
 #include "ui/message_dialogs.h"
 #include "ui/standard_texts.h"
 #include "ui/text_viewer.h"
@@ -31,18 +26,6 @@ QString HomeFolder(const QApplication& application) {
     return parser.value(home);
 }
 
-SettingNeeds NeedsOfSetting(Program& program, const b_form_skin::Backgrounds& skin, frmMain& desk) {
-    SettingNeeds needs;
-    needs.roster = [&program, &skin](QWidget* over) {
-        return std::make_unique<frmShiftEmployee>(program, skin, over);
-    };
-    needs.shiftCodes = [&program, &skin](QWidget* over) {
-        return std::make_unique<frmShiftCode>(program, skin, over);
-    };
-    needs.setAdminMode = [&desk](bool on) { desk.SetAdminMode(on); };
-    return needs;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -67,23 +50,9 @@ int main(int argc, char** argv) {
         [&](LoginHandOver& channel) { frmLogin(clock, channel, skin, QApplication::activeWindow()).exec(); },
         ShowTextFile};
 
-    frmMain* desk = nullptr;
-    frmSetting* setting = nullptr; // the desk's, made when it is first asked for
-    MainWindowNeeds needs;
-    needs.editCard = [&](const QString& tcid, const QString& nip) {
-        frmEditAbsensiOne editor(program, tcid, nip, skin, desk);
-        QObject::connect(&editor, &frmEditAbsensiOne::Saved, desk, &frmMain::RefreshSheetNow);
-        editor.exec();
-    };
-    needs.openSettings = [&] {
-        if (!setting)
-            setting = new frmSetting(NeedsOfSetting(program, skin, *desk), skin, desk);
-        setting->exec();
-    };
-    frmMain window(program, skin, std::move(needs));
-    desk = &window;
-    if (!window.Form_Load())
+    DeskWindows windows(program, skin);
+    if (!windows.Desk().Form_Load())
         return 1;
-    window.show();
+    windows.Desk().show();
     return QApplication::exec();
 }

@@ -14,9 +14,10 @@ struct Extent {
     int characters = 0;
 };
 
-/// Texts without accents or letters of other scripts, nearly all of a table, need no search for boundaries.
+/// Below the first combining mark each letter is a character of its own. Nearly all texts of a table are so
+/// and need no search for boundaries.
 bool IsPlain(const QString& text) {
-    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c < u'\x7F'; });
+    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c < u'\u0300'; });
 }
 
 Extent ExtentOf(const QString& text, int most) {
@@ -56,12 +57,6 @@ QString Line(const QStringList& cells, const modGeneral::ColumnWidths& widths) {
     return line;
 }
 
-/// Below the first combining mark each letter is a character of its own: reports cut and pad such texts by
-/// the ten thousand.
-bool IsPlain(const QString& text) {
-    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c < u'\u0300'; });
-}
-
 } // namespace
 
 namespace modGeneral {
@@ -69,8 +64,6 @@ namespace modGeneral {
 QString PadText(const QString& text, int width) {
     if (width <= 0)
         return {};
-    if (IsPlain(text))
-        return text.leftJustified(width, u' ', true);
     const Extent extent = ExtentOf(text, width);
     return text.first(extent.length) + QString(width - extent.characters, u' ');
 }

@@ -14,10 +14,6 @@ namespace {
 constexpr int CardElsewhereError = 3022;
 const QString Cards = u"kartu absen"_s;
 
-QString StatusQuery(const QString& code) {
-    return u"select Status, Description from [Employee Status] WHERE Status="_s + Quoted(code);
-}
-
 Recordset OpenHeader(Connection& connection, const QString& tcid) {
     return Recordset(connection, u"select * from TimeCardHeader Where TCID="_s + Quoted(tcid));
 }
@@ -94,15 +90,6 @@ QString MakeCard(Connection& connection, const ShownDayRow& row, const QString& 
 }
 
 } // namespace
-
-std::optional<QString> ListedStatus(Connection& connection, const QString& code) {
-    for (const QString& written : {code, code.toUpper()}) {
-        QString status;
-        if (modGeneral::QueryValues(connection, StatusQuery(written), status))
-            return status;
-    }
-    return std::nullopt;
-}
 
 AttendanceRecord SaveStatusCell(Connection& connection, const ShownDayRow& row, const QString& status) {
     Transaction transaction(connection);

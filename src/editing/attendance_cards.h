@@ -9,10 +9,6 @@ struct ShownDayRow {
     std::optional<AttendanceRecord> record; ///< nothing: no card is shown
 };
 
-/// The code as [Employee Status] writes it, whatever the letter case it was typed in; nothing when it is not
-/// listed. Throws DatabaseError.
-std::optional<QString> ListedStatus(Connection& connection, const QString& code);
-
 /// Gives a day a status that is listed, and its card first when it has none; returns what is stored then.
 /// Times are never touched. Throws ConflictError when another desk changed the status or made or removed the
 /// card since it was shown, ProgramError when the card belongs elsewhere, DatabaseError; nothing is written

@@ -3,6 +3,7 @@
 #include "core/supervisor_check.h"
 #include "database/database_error.h"
 #include "editing/attendance_print.h"
+#include "editing/employee_status.h"
 #include "reports/report_file.h"
 #include "timecard/sheet_identifier.h"
 #include "ui/cell_editor.h"
@@ -340,7 +341,7 @@ void frmAbsensi::keyPressEvent(QKeyEvent* event) {
         close();
     else if (event->key() == Qt::Key_F5 && row >= 0)
         Trapped(program_, u"LoadRow"_s, [&] { LoadRow(row); });
-    else if (event->key() == Qt::Key_F4 && ui_->txtEmpl->hasFocus())
+    else if (event->key() == Qt::Key_F9 && ui_->txtEmpl->hasFocus())
         cmdEmpl_Click();
     else if (!IsEnter(event->key()))
         QDialog::keyPressEvent(event);

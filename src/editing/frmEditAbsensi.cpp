@@ -3,6 +3,7 @@
 #include "compute/time_card_computation.h"
 #include "core/supervisor_check.h"
 #include "core/text_table.h"
+#include "editing/employee_status.h"
 #include "editing/grid_row.h"
 #include "editing/search_criteria.h"
 #include "editing/work_grid.h"

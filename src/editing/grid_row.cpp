@@ -138,12 +138,6 @@ void RequireEmployee(Connection& connection, const QString& nip) {
 
 } // namespace
 
-std::optional<QString> ListedStatus(Connection& connection, const QString& code) {
-    Rows rows =
-        connection.Query(u"select Status, Description from [Employee Status] WHERE Status="_s + Quoted(code));
-    return rows.Next() ? std::optional(rows.Text(0)) : std::nullopt;
-}
-
 bool LoadRowFromDb(Connection& connection, SearchRow& row) {
     SearchRow read;
     read.tcid = row.tcid;

@@ -3,10 +3,6 @@
 #include "database/connection.h"
 #include "editing/search_row.h"
 
-/// The code of an employee status as its table writes it; nothing when the table lacks it. Throws
-/// DatabaseError.
-std::optional<QString> ListedStatus(Connection& connection, const QString& code);
-
 /// Reads the card and the day of a row anew; the day that the row shows, else the card's first. False when
 /// the card is gone; the row stays as it is then. Throws DatabaseError.
 bool LoadRowFromDb(Connection& connection, SearchRow& row);

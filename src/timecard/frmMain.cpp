@@ -96,12 +96,10 @@ void frmMain::ConnectControls() {
     connect(cmdButtons, &QButtonGroup::idClicked, this, &frmMain::cmdButtons_Click);
     ui_->cmdButtons_2->setEnabled(bool(needs_.openSettings));
     ui_->mnAdmin->setEnabled(bool(needs_.openSettings));
-    ui_->mnEditAbsensi->setEnabled(false);
 
     connect(ui_->mnIN, &QAction::triggered, this, &frmMain::mnIN_Click);
     connect(ui_->mnOUT, &QAction::triggered, this, &frmMain::mnOUT_Click);
     connect(ui_->mnAdmin, &QAction::triggered, this, &frmMain::mnAdmin_Click);
-    connect(ui_->mnEditAbsensi, &QAction::triggered, this, &frmMain::mnEditAbsensi_Click);
     connect(ui_->mnTcidTutup, &QAction::triggered, this, &frmMain::mnTcidTutup_Click);
     connect(ui_->mnBukaTcid, &QAction::triggered, this, &frmMain::mnBukaTcid_Click);
     connect(ui_->mnAdminMode, &QAction::triggered, this, &frmMain::mnAdminMode_Click);
@@ -169,7 +167,6 @@ void frmMain::SetUpGrid() {
 void frmMain::SetAdminMode(bool on) {
     adminMode_ = on;
     ui_->mnAdminMode->setChecked(on);
-    ui_->mnEditAbsensi->setEnabled(on && needs_.searchCards);
     ui_->lblAdminMode->setVisible(on);
 }
 
@@ -331,11 +328,6 @@ void frmMain::mnAdmin_Click() {
     if (!needs_.openSettings || (!adminMode_ && !AskAdminPass(program_)))
         return;
     needs_.openSettings();
-    RefreshSheet(Cause::User);
-}
-
-void frmMain::mnEditAbsensi_Click() {
-    needs_.searchCards();
     RefreshSheet(Cause::User);
 }
 

@@ -22,8 +22,6 @@ class frmMain;
 struct MainWindowNeeds {
     /// Opens the editor of one card, filled with its header and day row.
     std::function<void(const QString& tcid, const QString& nip)> editCard = {};
-    /// Opens the search over all cards, for admin mode, and waits until it is closed.
-    std::function<void()> searchCards = {};
     /// Opens the administrator's window and waits until it is closed.
     std::function<void()> openSettings = {};
     std::function<QString()> userCountry = b_WinControlPanel::UserCountry;
@@ -65,7 +63,6 @@ private:
     void mnIN_Click();
     void mnOUT_Click();
     void mnAdmin_Click();
-    void mnEditAbsensi_Click();
     void mnTcidTutup_Click();
     void mnBukaTcid_Click();
     void mnAdminMode_Click();

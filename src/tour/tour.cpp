@@ -1,14 +1,11 @@
 #include "tour/tour.h"
 
-#include "editing/frmEditAbsensi.h"
-#include "editing/frmEditAbsensiOne.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
 #include "timecard/sheet_identifier.h"
 #include "ui/text_viewer.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
 #include <QTableView>
@@ -21,9 +18,8 @@ using namespace std::chrono_literals;
 namespace {
 
 const QString Employee = u"0007"_s;
-/// The entries of the menu, counted from its top, those that cannot be chosen left out: the search can be
-/// chosen in admin mode only, and stands in front of the others then.
-enum MenuEntry { CloseSheetEntry = 3, ReopenSheetEntry = 4, AdminModeEntry = 5, SearchEntry = 3 };
+/// The entries of the menu, counted from its top.
+enum MenuEntry { CloseSheetEntry = 4, ReopenSheetEntry = 5, AdminModeEntry = 6 };
 
 void Print(const QString& line) {
     QTextStream(stdout) << line << Qt::endl;
@@ -41,22 +37,12 @@ Tour::Tour(const QString& programFolder, const QString& pictureFolder)
                [this](LoginHandOver& channel) {
                    frmLogin(clock_, channel, skin_, QApplication::activeWindow()).exec();
                },
-               [](const QString& path) {
-                   auto* viewer = new TextViewer(path, QApplication::activeWindow());
-                   viewer->setAttribute(Qt::WA_DeleteOnClose);
-                   viewer->show();
-               }} {
+               OpenTextViewer},
+      windows_(program_, skin_, [] { return u"United States"_s; }), desk_(&windows_.Desk()) {
     clock_.now = At(*MakeDay(2026, 11, 23), 7h + 41min + 5s);
 }
 
 bool Tour::Run() {
-    MainWindowNeeds needs;
-    needs.userCountry = [] { return u"United States"_s; };
-    needs.editCard = [this](const QString& tcid, const QString& nip) {
-        frmEditAbsensiOne(program_, tcid, nip, skin_, desk_.get()).exec();
-    };
-    needs.searchCards = [this] { frmEditAbsensi(program_, skin_, desk_.get()).exec(); };
-    desk_ = std::make_unique<frmMain>(program_, skin_, std::move(needs));
     if (!desk_->Form_Load())
         return false;
     desk_->resize(1366, 768);
@@ -72,7 +58,7 @@ bool Tour::Run() {
     ReopenSheetAsSupervisor();
     TurnAdminModeOn();
     CorrectACard();
-    SearchCards();
+    VisitOffice();
     PrintRows();
 
     Expect(user_.IsDone(), u"a window that should have opened did not"_s);
@@ -215,30 +201,8 @@ void Tour::CorrectACard() {
     KeyboardUser::Press(Qt::Key_Return);
 }
 
-/// Finds the month's cards of the employee and types a remark onto the last one.
-void Tour::SearchCards() {
-    user_.WhenIn(u"frmEditAbsensi"_s, [this](QWidget& search) {
-        search.findChild<QLineEdit*>(u"txtNIK"_s)->setText(Employee);
-        KeyboardUser::Type(u"t2026"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        auto* grid = search.findChild<QTableView*>(u"MSHFlexGrid1"_s);
-        Expect(grid->model()->rowCount() > 0, u"the search finds no card"_s);
-        KeyboardUser::Press(Qt::Key_End, Qt::ControlModifier);
-        KeyboardUser::Press(Qt::Key_Home);
-        for (int column = 0; column < SearchRow::Keterangan; ++column)
-            KeyboardUser::Press(Qt::Key_Right);
-        KeyboardUser::Type(u"Surat dokter"_s);
-        Picture(search, u"search-typing"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Press(Qt::Key_Up);
-        Picture(search, u"search"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
-    });
-    ChooseFromMenu(SearchEntry, {});
-}
-
 void Tour::Picture(QWidget& window, const QString& name) {
-    if (&window == desk_.get())
+    if (&window == desk_)
         desk_->Timer1_Timer();
     QApplication::processEvents();
     const QString file = u"%1-%2.png"_s.arg(QString::number(++pictureCount_).rightJustified(2, u'0'), name);

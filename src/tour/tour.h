@@ -1,16 +1,16 @@
 #pragma once
 
+#include "app/desk_windows.h"
 #include "core/program.h"
-#include "timecard/frmMain.h"
 #include "tour/keyboard_user.h"
-#include "ui/form_skin.h"
 #include "ui/message_dialogs.h"
 
 #include <QDir>
 #include <QStringList>
 
 /// A walk through the real windows by real keystrokes: an employee clocks in and out, is refused a second
-/// time, and a supervisor closes and reopens the sheet. Every window on the way is kept as a picture.
+/// time, and a supervisor closes and reopens the sheet, corrects attendance, keeps shifts and prints a
+/// report. Every window on the way is kept as a picture.
 class Tour {
 public:
     /// The program folder holds a demo company whose attendance ends before the clock's day.
@@ -35,7 +35,16 @@ private:
     void ReopenSheetAsSupervisor();
     void TurnAdminModeOn();
     void CorrectACard();
-    void SearchCards();
+
+    // the windows behind ADMIN, in tour_office.cpp
+    void VisitOffice();
+    void PlanShiftCodes();
+    void PlanRoster();
+    void PlanSearch();
+    void PlanBrowser();
+    void PlanReport();
+    /// Presses a button of the administrator's window by its mnemonic, when that window is in front.
+    void PlanOffice(Qt::Key mnemonic, const QString& pictureName = {});
 
     void EnterNumberAndPassword(const QString& pictureName);
     void LogInAsSupervisor(const QString& pictureName);
@@ -54,7 +63,8 @@ private:
     b_form_skin::Backgrounds skin_;
     Program program_;
     KeyboardUser user_;
-    std::unique_ptr<frmMain> desk_;
+    DeskWindows windows_;
+    frmMain* desk_;
     int pictureCount_ = 0;
     QStringList failures_;
 };

@@ -38,7 +38,7 @@ QString TextOf(const QModelIndex& cell) {
 }
 
 bool OpensPickList(const QKeyEvent& event) {
-    return event.key() == Qt::Key_F4
+    return event.key() == Qt::Key_F9
            || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
 }
 
@@ -55,7 +55,7 @@ CellEditor::CellEditor(Program& program, MSHFlexGrid& grid, CellEditing editing)
     cmdLov_->setObjectName(u"cmdLov"_s);
     cmdLov_->setArrowType(Qt::DownArrow);
     cmdLov_->setFocusPolicy(Qt::NoFocus);
-    cmdLov_->setToolTip(u"Pilih dari daftar (F4)"_s);
+    cmdLov_->setToolTip(u"Pilih dari daftar (F9)"_s);
     cmdLov_->setAccessibleName(u"Pilih dari daftar"_s);
     cmdLov_->hide();
 

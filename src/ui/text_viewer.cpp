@@ -80,11 +80,14 @@ TextViewer::TextViewer(const QString& path, QWidget* parent) : QDialog(parent) {
     text->setFocus();
 }
 
-void ShowTextFile(const QString& path) {
-    if (StartSystemViewer(path))
-        return;
+void OpenTextViewer(const QString& path) {
     // A child of the window in front, so that a modal one leaves it usable.
     auto* viewer = new TextViewer(path, QApplication::activeWindow());
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->show();
+}
+
+void ShowTextFile(const QString& path) {
+    if (!StartSystemViewer(path))
+        OpenTextViewer(path);
 }

@@ -101,7 +101,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     EXPECT_EQ(browser.Grid().currentIndex().row(), 0);
 
     browser.Part<QLineEdit>("txtEmpl").setFocus();
-    KeyboardUser::Press(Qt::Key_F4);
+    KeyboardUser::Press(Qt::Key_F9);
     ASSERT_TRUE(Browser::ListIsOpen());
     KeyboardUser::Type(u"agus"_s);
     KeyboardUser::Press(Qt::Key_Return);

@@ -252,13 +252,3 @@ TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
     EXPECT_EQ(search.company.dialogs.icons.back(), Dialogs::Icon::Exclamation);
     EXPECT_EQ(search.company.shownReports, QStringList(3, path));
 }
-
-TEST(frmEditAbsensi, StandsInTheMenuInAdminModeOnly) {
-    int opened = 0;
-    WindowCompany desk({.searchCards = [&opened] { ++opened; }});
-    auto& entry = desk.Part<QAction>("mnEditAbsensi");
-    EXPECT_FALSE(entry.isEnabled());
-    desk.window->SetAdminMode(true);
-    desk.ChooseFromMenu(entry.text());
-    EXPECT_EQ(opened, 1);
-}

@@ -229,7 +229,7 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
         auto& status = WindowCompany::Part<QLabel>(window, "lblStatus");
         EXPECT_TRUE(WindowCompany::Part<QWidget>(window, "cmdLov").isVisible());
         roster.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"mal⏎"_s); });
-        KeyboardUser::Press(Qt::Key_F4);
+        KeyboardUser::Press(Qt::Key_F9);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return roster.user.IsDone(); }));
         Keys(u"⏎"_s);
         EXPECT_FALSE(WindowCompany::Part<QWidget>(window, "cmdLov").isVisible());

@@ -204,7 +204,7 @@ TEST(CellEditor, StoresOnlyListedCodes) {
 TEST(CellEditor, ShowsTheListOnItsColumnsOnlyAndShowsWhatWasPickedThere) {
     Host host;
     EXPECT_TRUE(host.CmdLov().isHidden());
-    Host::Press(Qt::Key_F4);
+    Host::Press(Qt::Key_F9);
     EXPECT_TRUE(host.pickedUnder.isEmpty());
     host.Go(0, Host::Picked);
     EXPECT_TRUE(host.CmdLov().isVisible());
