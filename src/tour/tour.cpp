@@ -18,8 +18,6 @@ using namespace std::chrono_literals;
 namespace {
 
 const QString Employee = u"0007"_s;
-/// The entries of the menu, counted from its top.
-enum MenuEntry { CloseSheetEntry = 4, ReopenSheetEntry = 5, AdminModeEntry = 6 };
 
 void Print(const QString& line) {
     QTextStream(stdout) << line << Qt::endl;
@@ -152,7 +150,7 @@ void Tour::LogInAsSupervisor(const QString& pictureName) {
     });
 }
 
-void Tour::ChooseFromMenu(int entry, const QString& pictureName) {
+void Tour::ChooseFromMenu(MenuEntry entry, const QString& pictureName) {
     KeyboardUser::Press(Qt::Key_F10);
     for (int i = 0; i < entry; ++i)
         KeyboardUser::Press(Qt::Key_Down);

@@ -26,6 +26,9 @@ private:
         WallTime now{};
     };
 
+    /// The entries of the desk's menu, counted from its top.
+    enum MenuEntry { OfficeEntry = 3, CloseSheetEntry, ReopenSheetEntry, AdminModeEntry };
+
     void ShowDesk();
     void ClockIn();
     void RefuseSecondClockIn();
@@ -48,7 +51,7 @@ private:
 
     void EnterNumberAndPassword(const QString& pictureName);
     void LogInAsSupervisor(const QString& pictureName);
-    void ChooseFromMenu(int entry, const QString& pictureName);
+    void ChooseFromMenu(MenuEntry entry, const QString& pictureName);
     void RecordColleagues();
     void Picture(QWidget& window, const QString& name);
     /// Notes a failure when the condition does not hold.

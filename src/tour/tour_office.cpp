@@ -1,3 +1,4 @@
+#include "editing/attendance_model.h"
 #include "editing/search_row.h"
 #include "shifts/roster_model.h"
 #include "tour/tour.h"
@@ -8,6 +9,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The windows are pictured as they are on an ordinary screen.
+constexpr QSize OfficeSize(1300, 700);
 
 QTableView& GridOf(QWidget& window) {
     return *window.findChild<QTableView*>(u"MSHFlexGrid1"_s);
@@ -32,7 +36,7 @@ void Tour::VisitOffice() {
     PlanBrowser();
     PlanReport();
     user_.WhenIn(u"frmSetting"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_Escape); });
-    KeyboardUser::Press(Qt::Key_F3);
+    ChooseFromMenu(OfficeEntry, {});
 }
 
 void Tour::PlanOffice(Qt::Key mnemonic, const QString& pictureName) {
@@ -53,13 +57,15 @@ void Tour::PlanShiftCodes() {
 /// Gives three employees their shift of the first day.
 void Tour::PlanRoster() {
     user_.WhenIn(u"frmShiftEmployee"_s, [this](QWidget& roster) {
-        for (const QString& code : {u"1"_s, u"2"_s, u"1"_s}) {
+        roster.resize(OfficeSize);
+        for (const QString& code : {u"PAGI"_s, u"SIANG"_s, u"P"_s}) {
             KeyboardUser::Type(code);
             KeyboardUser::Press(Qt::Key_Return);
             KeyboardUser::Press(Qt::Key_Down);
         }
         const QAbstractItemModel& cells = *GridOf(roster).model();
-        Expect(cells.index(1, RosterModel::FirstDay).data() == u"2"_s, u"the roster did not take a code"_s);
+        Expect(cells.index(1, RosterModel::FirstDay).data() == u"SIANG"_s,
+               u"the roster did not take a code"_s);
         Picture(roster, u"roster"_s);
         KeyboardUser::Press(Qt::Key_Escape);
     });
@@ -68,6 +74,7 @@ void Tour::PlanRoster() {
 /// Finds the month's cards of the employee and types a remark onto the last one.
 void Tour::PlanSearch() {
     user_.WhenIn(u"frmEditAbsensi"_s, [this](QWidget& search) {
+        search.resize(OfficeSize);
         search.findChild<QLineEdit*>(u"txtNIK"_s)->setText(u"0007"_s);
         KeyboardUser::Type(u"t2026"_s);
         KeyboardUser::Press(Qt::Key_Return);
@@ -84,15 +91,19 @@ void Tour::PlanSearch() {
     });
 }
 
-/// Gives a day without a card its status, then goes on to the reports by the menu.
+/// Begins to give a day its status, then goes on to the reports by the menu.
 void Tour::PlanBrowser() {
     user_.WhenIn(u"frmAbsensi"_s, [this](QWidget& browser) {
+        browser.resize(OfficeSize);
         GridOf(browser).setFocus();
         KeyboardUser::Press(Qt::Key_End, Qt::ControlModifier);
-        KeyboardUser::Type(u"x"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
+        KeyboardUser::Press(Qt::Key_Home);
+        Walk(Qt::Key_Right, AttendanceModel::Status);
+        KeyboardUser::Type(u"TL"_s);
         Picture(browser, u"browser"_s);
+        KeyboardUser::Press(Qt::Key_Escape);
         KeyboardUser::Press(Qt::Key_L, Qt::AltModifier);
+        KeyboardUser::Press(Qt::Key_Down);
         Picture(*KeyboardUser::InFront(), u"report-menu"_s);
         KeyboardUser::Press(Qt::Key_Return);
         KeyboardUser::Press(Qt::Key_Escape);
