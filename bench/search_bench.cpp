@@ -55,6 +55,18 @@ int PeakMemory() {
     return behind.first(behind.indexOf("kB")).trimmed().toInt();
 }
 
+/// All that the process does whose memory is measured; returns its exit code.
+int TellPeakMemory(const QString& file) {
+    try {
+        SearchDesk(file).ShowFirstScreen();
+        std::printf("%d\n", PeakMemory());
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 1;
+    }
+}
+
 /// The peak of a process that does nothing but show the first screen.
 int PeakMemoryOf(const QString& file) {
     QProcess process;
@@ -93,11 +105,8 @@ void FirstScreen(Rounds& rounds) {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    if (argc == 3 && std::strcmp(argv[1], MemoryOption) == 0) {
-        SearchDesk(QString::fromLocal8Bit(argv[2])).ShowFirstScreen();
-        std::printf("%d\n", PeakMemory());
-        return 0;
-    }
+    if (argc == 3 && std::strcmp(argv[1], MemoryOption) == 0)
+        return TellPeakMemory(QString::fromLocal8Bit(argv[2]));
     BenchProgram program(argc, argv);
     program.Add("search_first_screen", Measured::ProcessorTime, 100, FirstScreen);
     return program.Run();
