@@ -121,7 +121,7 @@ QString SearchCellText(const SearchRow& row, int column) {
 
 QStringList SearchRowElements(const SearchRow& row) {
     QStringList elements;
-    for (int column = SerialNo + 1; column < ColumnCount; ++column)
+    for (int column = SerialNo + 1; column < SearchRow::ColumnCount; ++column)
         elements << SearchCellText(row, column);
     return elements;
 }

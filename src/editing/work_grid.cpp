@@ -29,11 +29,11 @@ QString ShownMonth(Day day) {
     return ShownDay(day).sliced(3);
 }
 
-QStringList Joined(const std::vector<QStringList>& pages) {
-    QStringList lines;
-    for (const QStringList& page : pages)
-        lines << (lines.isEmpty() ? QStringList() : QStringList{QString()}) << page;
-    return lines;
+/// Adds a table behind the others, an empty line between them.
+void AppendPage(QStringList& lines, const QStringList& page) {
+    if (!lines.isEmpty())
+        lines << QString();
+    lines << page;
 }
 
 } // namespace
@@ -78,10 +78,10 @@ QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printe
             grid.PlaceInWorkGrid(row.nip, row.nama, DayOfMonth(*day), row.status);
         }
     }
-    std::vector<QStringList> pages;
+    QStringList lines;
     for (const auto& [sheet, grid] : sheets)
-        pages.push_back(grid.Lines({u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: "_s + sheet, printedAt}));
-    return Joined(pages);
+        AppendPage(lines, grid.Lines({u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: "_s + sheet, printedAt}));
+    return lines;
 }
 
 QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt) {
@@ -97,9 +97,9 @@ QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& pri
             page.grid.PlaceInWorkGrid(MonthPartOf(*day), ShownMonth(*day), DayOfMonth(*day), row.status);
         }
     }
-    std::vector<QStringList> pages;
+    QStringList lines;
     for (const auto& [nip, page] : employees)
-        pages.push_back(page.grid.Lines(
-            {u"DATA ABSENSI PER KARYAWAN"_s, u"NIK: %1  %2"_s.arg(nip, page.nama), printedAt}));
-    return Joined(pages);
+        AppendPage(lines, page.grid.Lines({u"DATA ABSENSI PER KARYAWAN"_s,
+                                           u"NIK: %1  %2"_s.arg(nip, page.nama), printedAt}));
+    return lines;
 }
