@@ -253,9 +253,8 @@ void frmEditAbsensi::ForgetTyping(int row) {
 bool frmEditAbsensi::SettleRows() {
     if (!editor_->MayLeave())
         return false;
-    for (const int row : model_.EditedRows())
-        ui_->MSHFlexGrid1->MarkUnsaved(model_.index(row, 0), false);
     model_.DropEdits();
+    ui_->MSHFlexGrid1->ForgetUnsaved();
     editor_->Forget();
     return true;
 }
