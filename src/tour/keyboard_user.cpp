@@ -8,6 +8,13 @@
 namespace {
 constexpr int LookEveryMilliseconds = 5;
 constexpr int PatienceMilliseconds = 10000;
+
+/// A modal window leaves those usable that were opened over it.
+bool IsOver(const QWidget* window, const QWidget* dialog) {
+    while (window && window != dialog)
+        window = window->parentWidget();
+    return window != nullptr;
+}
 } // namespace
 
 KeyboardUser::KeyboardUser() {
@@ -62,9 +69,10 @@ bool KeyboardUser::WaitUntil(const std::function<bool()>& condition) {
 QWidget* KeyboardUser::InFront() {
     if (QWidget* popup = QApplication::activePopupWidget())
         return popup;
+    QWidget* active = QApplication::activeWindow();
     if (QWidget* dialog = QApplication::activeModalWidget())
-        return dialog;
-    if (QWidget* active = QApplication::activeWindow())
+        return IsOver(active, dialog) ? active : dialog;
+    if (active)
         return active;
     // Where no window manager does it, the window that is left takes the focus when one before it is closed.
     for (QWidget* window : QApplication::topLevelWidgets()) {

@@ -103,7 +103,6 @@ void Tour::PlanBrowser() {
         Picture(browser, u"browser"_s);
         KeyboardUser::Press(Qt::Key_Escape);
         KeyboardUser::Press(Qt::Key_L, Qt::AltModifier);
-        KeyboardUser::Press(Qt::Key_Down);
         Picture(*KeyboardUser::InFront(), u"report-menu"_s);
         KeyboardUser::Press(Qt::Key_Return);
         KeyboardUser::Press(Qt::Key_Escape);

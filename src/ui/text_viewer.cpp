@@ -85,6 +85,7 @@ void OpenTextViewer(const QString& path) {
     auto* viewer = new TextViewer(path, QApplication::activeWindow());
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->show();
+    viewer->activateWindow();
 }
 
 void ShowTextFile(const QString& path) {
