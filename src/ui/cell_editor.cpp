@@ -156,6 +156,12 @@ void CellEditor::Open(const QString& text) {
     grid_.scrollTo(grid_.currentIndex());
     text1_->setAlignment(Qt::Alignment(grid_.currentIndex().data(Qt::TextAlignmentRole).toInt()));
     text1_->setText(text);
+    // In a narrow column it is written as narrow as the cells are, right up to the frame.
+    const bool narrow = grid_.SharesRoom(grid_.currentIndex().column());
+    QFont font = grid_.font();
+    font.setStretch(narrow ? QFont::ExtraCondensed : QFont::Unstretched);
+    text1_->setFont(font);
+    text1_->setTextMargins(narrow ? QMargins(-5, 0, -5, 0) : QMargins());
     Lay();
     text1_->show();
     text1_->setFocus();
@@ -207,7 +213,8 @@ void CellEditor::CommitCellEdit() {
     const QPersistentModelIndex cell = grid_.currentIndex();
     const QString text = text1_->text();
     Hide();
-    if (!cell.isValid() || text == TextOf(cell))
+    // A text that could not be saved can be entered again as it is.
+    if (!cell.isValid() || (text == TextOf(cell) && !grid_.IsMarkedUnsaved(cell)))
         return;
     grid_.model()->setData(cell, text, Qt::EditRole);
     if (editing_.saveCell) {
