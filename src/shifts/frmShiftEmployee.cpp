@@ -154,11 +154,14 @@ void frmShiftEmployee::SaveCell(const QModelIndex& cell) {
 
 /// An emptied cell is a day without a shift that the roster knows of.
 void frmShiftEmployee::GridDeleteKey(const QModelIndex& cell) {
-    if (!roster_.IsDay(cell) || cell.data().toString().isEmpty())
+    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    const bool nothingToEmpty = cell.data().toString().isEmpty() && !grid.IsMarkedUnsaved(cell);
+    if (nothingToEmpty || !roster_.setData(cell, QString()))
         return;
-    roster_.setData(cell, QString());
-    const bool saved = Trapped(program_, u"frmShiftEmployee.SaveCell"_s, [&] { SaveCell(cell); });
-    ui_->MSHFlexGrid1->MarkUnsaved(cell, !saved);
+    // What was refused on a day that the month lacks is only wiped away.
+    const bool saved = !roster_.DayOfCell(cell)
+                       || Trapped(program_, u"frmShiftEmployee.SaveCell"_s, [&] { SaveCell(cell); });
+    grid.MarkUnsaved(cell, !saved);
 }
 
 void frmShiftEmployee::StepMonth(int months) {

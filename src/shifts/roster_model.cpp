@@ -130,7 +130,7 @@ int RosterModel::NumberOf(const QString& code) {
 }
 
 void RosterModel::SaveCell(Connection& connection, const QModelIndex& cell) const {
-    const std::optional<Day> day = DayOfColumn(cell.column());
+    const std::optional<Day> day = DayOfCell(cell);
     if (!day)
         throw StatementError(u"Tanggal %1 tidak ada dalam bulan ini. Tidak ada yang disimpan."_s.arg(
             cell.column() - FirstDay + 1));
@@ -182,10 +182,10 @@ CellLook RosterModel::LookOf(int row, int column) const {
 }
 
 QString RosterModel::Told(const QModelIndex& cell) const {
-    if (!IsDay(cell))
+    if (cell.column() < FirstDay)
         return {};
     const RosterEmployee& employee = employees_[static_cast<size_t>(cell.row())];
-    const std::optional<Day> day = DayOfColumn(cell.column());
+    const std::optional<Day> day = DayOfCell(cell);
     QString told = u"%1 %2 · "_s.arg(employee.nip, employee.nama);
     if (!day)
         return told + u"tanggal %1 tidak ada dalam bulan ini"_s.arg(cell.column() - FirstDay + 1);
@@ -258,7 +258,7 @@ QVariant RosterModel::headerData(int section, Qt::Orientation orientation, int r
 }
 
 bool RosterModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (!IsDay(index) || role != Qt::EditRole)
+    if (index.column() < FirstDay || role != Qt::EditRole)
         return false;
     roster_[static_cast<size_t>(index.row())][static_cast<size_t>(index.column() - FirstDay)] =
         NumberOf(value.toString());

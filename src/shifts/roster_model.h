@@ -33,7 +33,8 @@ public:
 
     /// The month that is shown; nothing before one was read.
     std::optional<std::chrono::year_month> Month() const { return month_; }
-    bool IsDay(const QModelIndex& cell) const { return cell.isValid() && cell.column() >= FirstDay; }
+    /// The day of a cell; nothing where the month has none.
+    std::optional<Day> DayOfCell(const QModelIndex& cell) const { return DayOfColumn(cell.column()); }
 
     /// Writes the cell's code as the shift of its employee and day in the month that is shown, whatever
     /// another desk wrote there before. Throws StatementError when the month has no such day, DatabaseError

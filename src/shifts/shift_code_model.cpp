@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int BadValueNumber = 13;
+constexpr int NotReadNumber = 91;
 constexpr std::chrono::days OneDay{1};
 
 /// In the order of the columns.
@@ -76,6 +77,8 @@ int ShiftCodeModel::RowOf(const QString& code) const {
 }
 
 int ShiftCodeModel::AddRow() {
+    if (!rstShift_)
+        throw ProgramError(NotReadNumber, u"Kode shift belum terbaca. Tutup jendela ini, lalu buka lagi."_s);
     const int row = rowCount();
     beginInsertRows({}, row, row);
     rstShift_->AddNew();

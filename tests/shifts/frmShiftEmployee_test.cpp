@@ -1,9 +1,11 @@
 #include "shifts/frmShiftEmployee.h"
 
+#include "compute/time_card_computation.h"
 #include "database/sqlite_dialect.h"
 #include "support/failures.h"
 #include "support/keystrokes.h"
 #include "support/window_company.h"
+#include "timecard/clock_recording.h"
 #include "ui/frozen_columns.h"
 #include "ui/msh_flex_grid.h"
 
@@ -176,6 +178,8 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
             EXPECT_EQ(roster.company.RowsOf(u"select * from ShiftEmployee"_s), before) << c.what;
             EXPECT_EQ(cell.data().toString(), c.code) << c.what;
             EXPECT_TRUE(grid.IsMarkedUnsaved(cell)) << c.what;
+            Keys(u"⏎⏎"_s);
+            EXPECT_EQ(roster.company.dialogs.texts.size(), 2) << c.what << ", entered again";
             KeyboardUser::Press(Qt::Key_R, Qt::AltModifier);
             EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !grid.IsMarkedUnsaved(cell); })) << c.what;
             EXPECT_NE(cell.data().toString(), c.code) << c.what;
@@ -269,6 +273,33 @@ TEST(frmShiftEmployee, NamesStayInSightBesideTheirDays) {
         names->verticalScrollBar()->setValue(3);
         EXPECT_EQ(grid.verticalScrollBar()->value(), 3) << "the wheel over the names";
     });
+}
+
+TEST(frmShiftEmployee, ARefusedTextIsWipedAwayWithoutAnother) {
+    Roster roster;
+    roster.Open([&](QWidget& window) {
+        MSHFlexGrid& grid = Roster::Grid(window);
+        grid.setCurrentIndex(Roster::Cell(window, 0, 31));
+        Keys(u"P⏎⌦"_s);
+        EXPECT_EQ(grid.currentIndex().data().toString(), QString());
+        EXPECT_FALSE(grid.IsMarkedUnsaved(grid.currentIndex()));
+    });
+    EXPECT_EQ(roster.company.dialogs.texts.size(), 1);
+}
+
+TEST(frmShiftEmployee, TheComputationGoesByTheRoster) {
+    Roster roster;
+    roster.company.clock.now = Moment(u"2026-11-03 09:00:00");
+    roster.Open([](QWidget&) { Keys(u"→MALAM⏎"_s); });
+    const Day sheetDay = DayOf(Moment(u"2026-11-02"));
+    Connection& db = roster.company.Db();
+    RecordClockEntry(db, {u"T20261102"_s, sheetDay, u"IN"_s, Moment(u"2026-11-02 21:50:00")}, u"0012"_s);
+    RecordClockEntry(db, {u"T20261102"_s, sheetDay, u"N"_s, Moment(u"2026-11-03 06:05:00")}, u"0012"_s);
+    modAbsen::CalculateTimeCard(db, roster.company.dialogs, u"T202611020012"_s);
+    EXPECT_EQ(
+        roster.company.RowsOf(u"select h.NormalHours, d.TimeINOT, d.ShiftCode from TimeCardHeader h inner "
+                              "join TimeCardDetail d on d.TCID=h.TCID"_s),
+        QStringList{u"8.1|2026-11-03 06:00:00|MALAM"_s});
 }
 
 TEST(frmShiftEmployee, AMonthIsFoundByItsIndex) {
