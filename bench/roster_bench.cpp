@@ -50,14 +50,14 @@ public:
         model_.SaveCell(*connection_, cell);
     }
 
-    /// The same look-up and the same guarded write with the least work.
+    /// The same look-up and write with the least work. Always another code: what stands there already would
+    /// not be written at all.
     void SaveCellPlainly() {
-        const int row = NextCell().row();
-        const std::string key = " WHERE NIP='" + NipOf(row) + "' and Tgl='2026-11-12'";
+        const std::string key = " WHERE NIP='" + NipOf(NextCell().row()) + "' and Tgl='2026-11-12'";
         if (plain_.ReadAll("select * from ShiftEmployee" + key) != 1)
             throw std::runtime_error("no such shift");
-        PlainInsert update(plain_, "UPDATE ShiftEmployee SET ShiftCode=?" + key + " and ShiftCode IS NOT ?");
-        update.Run(std::string(changes_++ % 2 ? "O" : "SIANG"), std::string("-"));
+        plain_.Execute("UPDATE ShiftEmployee SET ShiftCode=CASE ShiftCode WHEN 'O' THEN 'SIANG' ELSE 'O' END"
+                       + key);
     }
 
 private:
