@@ -232,9 +232,13 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
     roster.Open([&](QWidget& window) {
         auto& status = WindowCompany::Part<QLabel>(window, "lblStatus");
         EXPECT_TRUE(WindowCompany::Part<QWidget>(window, "cmdLov").isVisible());
-        roster.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"mal⏎"_s); });
+        bool picked = false;
+        roster.user.WhenIn(u"PickList"_s, [&picked](QWidget&) {
+            Keys(u"mal⏎"_s);
+            picked = true;
+        });
         KeyboardUser::Press(Qt::Key_F9);
-        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return roster.user.IsDone(); }));
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return picked; }));
         Keys(u"⏎"_s);
         EXPECT_FALSE(WindowCompany::Part<QWidget>(window, "cmdLov").isVisible());
         EXPECT_TRUE(status.text().contains(u"22:00 - 06:00 (+1)"_s)) << status.text().toStdString();
