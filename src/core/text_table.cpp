@@ -62,10 +62,17 @@ QString Line(const QStringList& cells, const modGeneral::ColumnWidths& widths) {
 namespace modGeneral {
 
 QString PadText(const QString& text, int width) {
+    QString padded;
+    AppendPadded(padded, text, width);
+    return padded;
+}
+
+void AppendPadded(QString& line, const QString& text, int width) {
     if (width <= 0)
-        return {};
+        return;
     const Extent extent = ExtentOf(text, width);
-    return text.first(extent.length) + QString(width - extent.characters, u' ');
+    line.append(QStringView(text).first(extent.length));
+    line.resize(line.size() + width - extent.characters, u' ');
 }
 
 void TextGrid::SetHeaders(const QStringList& headers) {

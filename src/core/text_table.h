@@ -12,6 +12,8 @@ namespace modGeneral {
 
 /// Exactly `width` characters: the first of the text, then blanks. A character is what a reader sees as one.
 QString PadText(const QString& text, int width);
+/// Appends the same to a line in the making.
+void AppendPadded(QString& line, const QString& text, int width);
 
 /// A small table of texts: work grids of prints, the rows of a pick list.
 class TextGrid : public QAbstractTableModel {

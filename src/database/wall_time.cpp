@@ -172,14 +172,20 @@ QString ShownShortDay(Day day) {
 
 QString ShownTime(WallTime time) {
     QString text;
+    text.reserve(8);
     AppendTime(text, time, true);
     return text;
 }
 
 QString ShownMinute(WallTime time) {
     QString text;
-    AppendTime(text, time, false);
+    text.reserve(5);
+    AppendShownMinute(text, time);
     return text;
+}
+
+void AppendShownMinute(QString& line, WallTime time) {
+    AppendTime(line, time, false);
 }
 
 QDate ToQDate(Day day) {

@@ -21,7 +21,7 @@ MaybePrinted PrintDailyReport(Connection& connection, const ReportCriteria& crit
                        u"SELECT a.NIP, b.TimeIN, b.TimeOUT, a.Status, a.Keterangan FROM TimeCardHeader a "
                        "INNER JOIN TimeCardDetail b ON a.TCID=b.TCID WHERE b.Tanggal="_s
                            + Quoted(StoredDay(criteria.date1)),
-                       progress);
+                       RemarkWidth, progress);
     if (!attendance)
         return std::nullopt;
 
@@ -36,14 +36,14 @@ MaybePrinted PrintDailyReport(Connection& connection, const ReportCriteria& crit
     for (const ReportEmployee& employee : employees) {
         if (!progress(report.employees, std::ssize(employees)))
             return std::nullopt;
-        QString prefix = EmployeeCells(++report.employees, employee);
+        QString prefix = EmployeeCells(++report.employees, employee.nip, employee.nama);
         const auto rows = attendance->constFind(employee.nip);
         if (rows == attendance->cend()) {
             report.lines << prefix + absent;
             continue;
         }
         for (const AttendanceRow& row : *rows) {
-            report.lines << prefix + AttendanceCells(row, RemarkWidth);
+            report.lines << prefix + row.line;
             prefix = sameEmployee;
         }
     }

@@ -6,38 +6,33 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int RemarkWidth = 34;
-
-/// What is the same for every employee on one day of the period, made once.
-struct DayLines {
+/// The line of a day on which somebody has no card: the same for every employee, made once.
+struct AbsentDay {
     Day day;
-    QString prefix;
-    QString absent;
+    QString line;
 };
 
-std::vector<DayLines> DaysOf(const ReportCriteria& criteria) {
-    const QString absent = AbsentCells(RemarkWidth);
-    std::vector<DayLines> days;
-    for (Day day = criteria.date1; day <= criteria.date2; day += std::chrono::days{1}) {
-        const QString prefix = u'|' + ShownDay(day) + u'|';
-        days.push_back({day, prefix, prefix + absent});
-    }
+std::vector<AbsentDay> DaysOf(const ReportCriteria& criteria) {
+    const QString absent = AbsentCells(DayTableRemarkWidth);
+    std::vector<AbsentDay> days;
+    for (Day day = criteria.date1; day <= criteria.date2; day += std::chrono::days{1})
+        days.push_back({day, DayCell(day) + absent});
     return days;
 }
 
 /// The rows stand in the order of the days, so each day's are the next ones.
-void WriteDays(QStringList& lines, const std::vector<DayLines>& days,
+void WriteDays(QStringList& lines, const std::vector<AbsentDay>& days,
                const std::vector<AttendanceRow>& rows) {
     static const QString sameDay = u"|           |"_s;
     auto row = rows.cbegin();
-    for (const DayLines& day : days) {
+    for (const AbsentDay& day : days) {
         if (row == rows.cend() || row->day != day.day) {
-            lines << day.absent;
+            lines << day.line;
             continue;
         }
-        lines << day.prefix + AttendanceCells(*row, RemarkWidth);
+        lines << row->line;
         for (++row; row != rows.cend() && row->day == day.day; ++row)
-            lines << sameDay + AttendanceCells(*row, RemarkWidth);
+            lines << sameDay + row->line.sliced(sameDay.size());
     }
 }
 
@@ -48,7 +43,7 @@ MaybePrinted PrintDayTables(const QString& title, const ReportCriteria& criteria
                             const Progress& progress) {
     const QString titles = u"|Tanggal    |TimeIN |TimeOUT|Status |Keterangan                        |"_s;
     const QString rule = RuleLine(titles.size());
-    const std::vector<DayLines> days = DaysOf(criteria);
+    const std::vector<AbsentDay> days = DaysOf(criteria);
     const std::vector<AttendanceRow> none;
     PrintedReport report;
     report.lines << title << PeriodLine(criteria.date1, criteria.date2);

@@ -6,6 +6,9 @@
 
 #include <functional>
 
+/// How wide "Keterangan" is in them.
+inline constexpr int DayTableRemarkWidth = 34;
+
 /// What is read before the day tables of a report are written.
 struct DayTableData {
     std::vector<ReportEmployee> employees;

@@ -14,7 +14,7 @@ MaybePrinted PrintDepartmentReport(Connection& connection, const ReportCriteria&
                                      "FROM TimeCardHeader a INNER JOIN TimeCardDetail b ON a.TCID=b.TCID "
                                      "INNER JOIN Employee c ON a.NIP=c.NIP "_s
                                          + InPeriod(criteria) + OfChosenEmployees(criteria),
-                                     progress);
+                                     DayTableRemarkWidth, progress);
     if (!attendance)
         return std::nullopt;
     data.attendance = std::move(*attendance);

@@ -18,7 +18,7 @@ MaybePrinted PrintEmployeeDetailReport(Connection& connection, const ReportCrite
     }
     DayTableData data;
     data.employees = ReadReportEmployees(connection, employees);
-    auto attendance = ReadAttendance(connection, cards, progress);
+    auto attendance = ReadAttendance(connection, cards, DayTableRemarkWidth, progress);
     if (!attendance)
         return std::nullopt;
     data.attendance = std::move(*attendance);

@@ -9,15 +9,25 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int NumberWidth = 4;
+constexpr int NipWidth = 8;
+constexpr int NamaWidth = 20;
+constexpr int EmployeeCellsWidth = 36; ///< with all their "|"
 constexpr int StatusWidth = 7;
+constexpr int TimeCellWidth = 8; ///< with its "|"
 
 bool BreaksTheLine(QChar c) {
-    return c.category() == QChar::Other_Control || c == QChar::LineSeparator
+    return c < u' ' || (c >= u'\u007F' && c < u'\u00A0') || c == QChar::LineSeparator
            || c == QChar::ParagraphSeparator;
 }
 
-QString TimeCell(const std::optional<WallTime>& time) {
-    return time ? u' ' + ShownMinute(*time) + u" |"_s : u"       |"_s;
+void AppendTimeCell(QString& line, const std::optional<WallTime>& time) {
+    if (!time) {
+        line.append(u"       |"_s);
+        return;
+    }
+    line.append(u' ');
+    AppendShownMinute(line, *time);
+    line.append(u" |"_s);
 }
 
 } // namespace
@@ -31,22 +41,38 @@ QString OneLine(const QString& text) {
     return line;
 }
 
-QString Cell(const QString& text, int width) {
-    return modGeneral::PadText(OneLine(text), width) + u'|';
+void AppendCell(QString& line, const QString& text, int width) {
+    modGeneral::AppendPadded(line, OneLine(text), width);
+    line.append(u'|');
 }
 
-QString EmployeeCells(qsizetype number, const ReportEmployee& employee) {
-    const QString numberCell = QString::number(number).leftJustified(NumberWidth);
-    return u'|' + numberCell + u'|' + Cell(employee.nip, 8) + Cell(employee.nama, 20);
+QString EmployeeCells(qsizetype number, const QString& nip, const QString& nama) {
+    QString line(u'|');
+    line.reserve(EmployeeCellsWidth);
+    line.append(QString::number(number).leftJustified(NumberWidth)).append(u'|');
+    AppendCell(line, nip, NipWidth);
+    AppendCell(line, nama, NamaWidth);
+    return line;
 }
 
-QString AttendanceCells(const AttendanceRow& row, int remarkWidth) {
-    return TimeCell(row.timeIn) + TimeCell(row.timeOut) + Cell(row.status, StatusWidth)
-           + Cell(row.keterangan, remarkWidth);
+QString DayCell(Day day) {
+    return u'|' + ShownDay(day) + u'|';
+}
+
+void AppendAttendance(QString& line, const std::optional<WallTime>& timeIn,
+                      const std::optional<WallTime>& timeOut, const QString& status, const QString& remark,
+                      int remarkWidth) {
+    line.reserve(line.size() + 2 * TimeCellWidth + StatusWidth + 1 + remarkWidth + 1);
+    AppendTimeCell(line, timeIn);
+    AppendTimeCell(line, timeOut);
+    AppendCell(line, status, StatusWidth);
+    AppendCell(line, remark, remarkWidth);
 }
 
 QString AbsentCells(int remarkWidth) {
-    return AttendanceCells({.status = AbsentCode.toString()}, remarkWidth);
+    QString cells;
+    AppendAttendance(cells, {}, {}, AbsentCode.toString(), {}, remarkWidth);
+    return cells;
 }
 
 QString PeriodLine(Day first, Day last) {

@@ -1,6 +1,7 @@
 #include "reports/report_data.h"
 
 #include "database/statement.h"
+#include "reports/report_cells.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,7 +43,7 @@ std::vector<ReportEmployee> ReadEmployeesOf(Connection& connection, const Report
     return ReadReportEmployees(connection, query);
 }
 
-std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QString& query,
+std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QString& query, int remarkWidth,
                                               const Progress& progress) {
     Rows rows = connection.Query(query + u" ORDER BY b.Tanggal, b.TCID"_s);
     const int nip = rows.ColumnOf(u"NIP"_s);
@@ -52,15 +53,19 @@ std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QStr
     const int status = rows.ColumnOf(u"Status"_s);
     const int keterangan = rows.ColumnOf(u"Keterangan"_s);
     AttendanceByNip attendance;
+    QString dayText;
+    AttendanceRow started; // every row of a day starts alike
     for (int read = 0; rows.Next(); ++read) {
         if (read % RowsBetweenQuestions == 0 && !progress(0, 0))
             return std::nullopt;
-        AttendanceRow row{.timeIn = SetTime(rows, timeIn),
-                          .timeOut = SetTime(rows, timeOut),
-                          .status = rows.Text(status),
-                          .keterangan = rows.Text(keterangan)};
-        if (tanggal >= 0)
-            row.day = DayOf(rows.Time(tanggal).value_or(EmptyTime));
+        if (tanggal >= 0 && rows.Text(tanggal) != dayText) {
+            dayText = rows.Text(tanggal);
+            started.day = DayOf(rows.Time(tanggal).value_or(EmptyTime));
+            started.line = DayCell(started.day);
+        }
+        AttendanceRow row = started;
+        AppendAttendance(row.line, SetTime(rows, timeIn), SetTime(rows, timeOut), rows.Text(status),
+                         rows.Text(keterangan), remarkWidth);
         attendance[rows.Text(nip)].push_back(std::move(row));
     }
     return attendance;

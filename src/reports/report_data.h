@@ -10,9 +10,6 @@
 #include <optional>
 #include <vector>
 
-/// The status of a day without any attendance.
-inline constexpr QStringView AbsentCode = u"A";
-
 struct ReportEmployee {
     QString nip;
     QString nama;
@@ -26,21 +23,20 @@ std::vector<ReportEmployee> ReadReportEmployees(Connection& connection, const QS
 /// The employees of the chosen department and division, in the table's own order. Throws DatabaseError.
 std::vector<ReportEmployee> ReadEmployeesOf(Connection& connection, const ReportCriteria& criteria);
 
-/// What one time card says of one day. A time that was never set is absent.
+/// What one time card says of one day: the line as it is printed, from the cell of the day on, without that
+/// where the query does not read the day.
 struct AttendanceRow {
     Day day{};
-    std::optional<WallTime> timeIn = {};
-    std::optional<WallTime> timeOut = {};
-    QString status = {};
-    QString keterangan = {};
+    QString line;
 };
 
 /// Every employee's rows, ordered by day and, within a day, by card.
 using AttendanceByNip = QHash<QString, std::vector<AttendanceRow>>;
 
 /// Reads all attendance rows that a query over TimeCardHeader a and TimeCardDetail b finds; the query ends
-/// where its order would be named. Nothing when `progress` asks to stop. Throws DatabaseError.
-std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QString& query,
+/// where its order would be named. `remarkWidth` is that of the cell of "Keterangan". Nothing when `progress`
+/// asks to stop. Throws DatabaseError.
+std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QString& query, int remarkWidth,
                                               const Progress& progress);
 
 /// " WHERE b.Tanggal BETWEEN ..." for the days from date1 to date2.

@@ -77,14 +77,14 @@ QStringList Heading(const ReportCriteria& criteria) {
 QString TitleLine(const std::vector<Status>& statuses) {
     QString line = u"|No. |NIP     |Nama                |"_s;
     for (const Status& status : statuses)
-        line += Cell(status.code, CountWidth);
+        AppendCell(line, status.code, CountWidth);
     return line;
 }
 
 QString EmployeeLine(qsizetype number, const ReportEmployee& employee, const Counts& counts) {
-    QString line = EmployeeCells(number, employee);
+    QString line = EmployeeCells(number, employee.nip, employee.nama);
     for (const qint64 count : counts)
-        line += Cell(QString::number(count), CountWidth);
+        AppendCell(line, QString::number(count), CountWidth);
     return line;
 }
 
