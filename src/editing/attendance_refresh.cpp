@@ -154,21 +154,31 @@ RecordsRead ReadRecords(Connection& connection, const QString& query, Attendance
 } // namespace
 
 const AttendanceRecord* Attendance::Find(Day day, size_t employee) const {
-    const auto found = records_.constFind(Key(day, employee));
-    return found == records_.constEnd() ? nullptr : &*found;
+    const auto found = places_.constFind(Key(day, employee));
+    return found == places_.constEnd() ? nullptr : &records_[*found];
 }
 
 AttendanceRecord* Attendance::Find(Day day, size_t employee) {
-    const auto found = records_.find(Key(day, employee));
-    return found == records_.end() ? nullptr : &*found;
+    const auto found = places_.constFind(Key(day, employee));
+    return found == places_.constEnd() ? nullptr : &records_[*found];
+}
+
+AttendanceRecord& Attendance::At(Day day, size_t employee) {
+    const qsizetype before = places_.size();
+    size_t& place = places_[Key(day, employee)];
+    if (places_.size() > before) {
+        place = records_.size();
+        records_.emplace_back();
+    }
+    return records_[place];
 }
 
 void Attendance::Put(Day day, size_t employee, AttendanceRecord record) {
-    records_.insert(Key(day, employee), std::move(record));
+    At(day, employee) = std::move(record);
 }
 
 void Attendance::Offer(Day day, size_t employee, AttendanceRecord record) {
-    AttendanceRecord& present = records_[Key(day, employee)];
+    AttendanceRecord& present = At(day, employee);
     if (present.tcid.isNull() || record.tcid < present.tcid)
         present = std::move(record);
 }

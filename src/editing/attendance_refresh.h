@@ -57,17 +57,20 @@ public:
     const AttendanceRecord* Find(Day day, size_t employee) const;
     AttendanceRecord* Find(Day day, size_t employee);
     void Put(Day day, size_t employee, AttendanceRecord record);
-    void Remove(Day day, size_t employee) { records_.remove(Key(day, employee)); }
+    void Remove(Day day, size_t employee) { places_.remove(Key(day, employee)); }
     /// Puts it there unless a record of a card that comes first stands there already.
     void Offer(Day day, size_t employee, AttendanceRecord record);
 
 private:
+    /// An empty record where there was none.
+    AttendanceRecord& At(Day day, size_t employee);
     qint64 Key(Day day, size_t employee) const {
         return static_cast<qint64>(day.time_since_epoch().count()) * static_cast<qint64>(employees.size())
                + static_cast<qint64>(employee);
     }
 
-    QHash<qint64, AttendanceRecord> records_;
+    std::vector<AttendanceRecord> records_;
+    QHash<qint64, size_t> places_; ///< in records_
 };
 
 /// Reads the attendance of every employee that the criteria ask for, in two statements; nothing when the

@@ -165,7 +165,8 @@ bool frmAbsensi::RefreshAttendance() {
         }
         filter_ = FilterText(criteria, *ui_->txtDept, *ui_->txtDivisi);
         rows_.Show(*std::move(attendance));
-        ui_->lblDone->clear();
+        const bool reversed = criteria.interval && criteria.interval->Days() == 0;
+        ui_->lblDone->setText(reversed ? u"Tanggal mulai sesudah tanggal sampai."_s : QString());
         ShowState();
         shown = true;
     });
