@@ -2,6 +2,7 @@
 
 #include "core/text_table.h"
 #include "editing/attendance_model.h"
+#include "reports/report_cells.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +24,7 @@ constexpr PrintedColumn PrintedColumns[] = {{AttendanceModel::Nip, 8},    {Atten
 QString Line(const QAbstractItemModel& rows, int row) {
     QString line;
     for (const auto& [column, width] : PrintedColumns)
-        line += u'|' + modGeneral::PadText(rows.index(row, column).data().toString(), width);
+        line += u'|' + modGeneral::PadText(OneLine(rows.index(row, column).data().toString()), width);
     return line;
 }
 
@@ -33,7 +34,7 @@ QString PeriodLine(const DayRange& range, const QString& filter) {
     QString line = u"Tanggal: "_s + ShownDay(range.first);
     if (range.last != range.first)
         line += u" s/d "_s + ShownDay(range.last);
-    return filter.isEmpty() ? line : line + u"  "_s + filter;
+    return filter.isEmpty() ? line : line + u"  "_s + OneLine(filter);
 }
 
 std::optional<QStringList> PrintAttendance(const QAbstractItemModel& rows, const QString& periodLine,

@@ -136,7 +136,6 @@ void frmAbsensi::Form_Load() {
     const QDate today = ToQDate(program_.clock.Today());
     ui_->txtDate1->setDate(QDate(today.year(), today.month(), 1));
     ui_->txtDate2->setDate(today);
-    ui_->txtEmpl->setFocus();
 }
 
 AttendanceCriteria frmAbsensi::Criteria() const {
@@ -332,7 +331,12 @@ void frmAbsensi::GridDeleteKey(const QModelIndex& cell) {
 
 void frmAbsensi::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (!std::exchange(activated_, true) && RefreshAttendance())
+    // The window is kept while it is closed; the rows are those of the moment when it opens.
+    if (event->spontaneous())
+        return;
+    ui_->txtEmpl->setFocus();
+    ui_->txtEmpl->selectAll();
+    if (RefreshAttendance())
         GoTo(0);
 }
 

@@ -62,7 +62,6 @@ private:
     AttendanceBrowserNeeds needs_;
     AttendanceModel rows_;
     QString filter_; ///< who the rows that are shown were chosen by
-    bool activated_ = false;
     std::unique_ptr<Ui::frmAbsensi> ui_;
     CellEditor* editor_ = nullptr;
     PickList* lov_ = nullptr;

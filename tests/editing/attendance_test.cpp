@@ -283,12 +283,12 @@ TEST_F(AttendanceTest, LeavingARowAddsWhatIsMissingAndChangesNothingElse) {
 TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
     company.AddEmployee(u"123456789"_s, u"Abdurrahman Wahid Hasyim"_s, u"x"_s, u"PRODUKSI1"_s);
     AddCard(u"T20261120123456789"_s, u"123456789"_s, u"2026-11-20"_s, u"'2026-11-20 07:05:00',NULL"_s);
-    Run(u"UPDATE TimeCardHeader SET Keterangan='Lupa absen — é dan lagi sampai lebih dari tiga puluh'"_s);
+    Run(u"UPDATE TimeCardHeader SET Keterangan='Lupa absen —\né dan lagi sampai lebih dari tiga puluh'"_s);
     const DayRange range{On(u"2026-11-20"), On(u"2026-11-20")};
     Refresh({u"123456789"_s, {}, {}, range});
     const QString rule(104, u'-');
     EXPECT_EQ(
-        PrintAttendance(model, PeriodLine({range.first, On(u"2026-11-22")}, u"NIP: 123456789"_s), GoOn),
+        PrintAttendance(model, PeriodLine({range.first, On(u"2026-11-22")}, u"NIP:\n123456789"_s), GoOn),
         (QStringList{u"ABSENSI KARYAWAN "_s, u"Tanggal: 20-Nov-2026 s/d 22-Nov-2026  NIP: 123456789"_s, rule,
                      u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status "
                      "|Keterangan"_s,

@@ -126,6 +126,12 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     KeyboardUser::Press(Qt::Key_Return); // refused: what was shown stays
     EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
+
+    browser.Part<QLineEdit>("txtEmpl").clear(); // what another desk writes while it is closed
+    browser.window->close();
+    browser.Run(u"UPDATE TimeCardHeader SET NIP='0012'"_s);
+    browser.window->show();
+    EXPECT_EQ(browser.Row(0), u"0012|01-Nov-2026|07:45||IN|T202611010013"_s);
 }
 
 TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
