@@ -1,12 +1,16 @@
 #include "database/schema.h"
 #include "editing/attendance_model.h"
 #include "support/bench_company.h"
+#include "support/peak_memory.h"
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
 
 #include <QCoreApplication>
 
+#include <cstring>
 #include <stdexcept>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -45,20 +49,39 @@ private:
     PlainDatabase plain_;
 };
 
+constexpr CompanySize TwoMonths{1000, 62};
+constexpr int Month = 31;
+constexpr int EmptyDays = 3650;
+
+/// Shows the last month and as many days behind it on which nobody has a card yet.
+void ShowMonthAnd(int emptyDays) {
+    const auto connection = OpenDatabaseFile(CompanyFile(TwoMonths));
+    const DayRange range{LastSheetDay - std::chrono::days{Month - 1},
+                         LastSheetDay + std::chrono::days{emptyDays}};
+    AttendanceModel rows;
+    rows.Show(
+        *RefreshAttendance(*connection, {{}, {}, {}, range}, LastSheetDay, [](auto, auto) { return true; }));
+}
+
 void BrowserRefresh(Rounds& rounds) {
-    Desk desk({1000, 62}, 31);
+    Desk desk(TwoMonths, Month);
     while (rounds.Next()) {
         rounds.Time("refresh", [&] { desk.Refresh(); });
         rounds.Time("plain", [&] { desk.RefreshPlainly(); });
     }
     rounds.Compare("browser-refresh", "refresh", "plain", 3);
+    const int peak = PeakMemoryOf({u"0"_s});
+    const int emptyPeak = PeakMemoryOf({QString::number(EmptyDays)});
+    rounds.Tell("peak_kB", peak);
+    rounds.Tell("empty_days_peak_kB", emptyPeak);
+    rounds.AddRatio("browser-peak-memory-3681-over-31-days", static_cast<double>(emptyPeak) / peak, 1.1);
 }
 
 void BrowserRefreshGrowth(Rounds& rounds) {
-    Desk base({1000, 62}, 31);
-    Desk moreEmployees({2000, 62}, 31);
-    Desk moreDays({1000, 62}, 62);
-    Desk longHistory({1000, 124}, 31);
+    Desk base(TwoMonths, Month);
+    Desk moreEmployees({2000, 62}, Month);
+    Desk moreDays(TwoMonths, 2 * Month);
+    Desk longHistory({1000, 124}, Month);
     while (rounds.Next()) {
         rounds.Time("base", [&] { base.Refresh(); });
         rounds.Time("more_employees", [&] { moreEmployees.Refresh(); });
@@ -74,6 +97,8 @@ void BrowserRefreshGrowth(Rounds& rounds) {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
+    if (argc == 3 && std::strcmp(argv[1], MemoryOption) == 0)
+        return TellPeakMemory([&] { ShowMonthAnd(QByteArray(argv[2]).toInt()); });
     BenchProgram program(argc, argv);
     program.Add("browser_refresh", Measured::ProcessorTime, 50, BrowserRefresh);
     program.Add("browser_refresh_growth", Measured::ProcessorTime, 30, BrowserRefreshGrowth);

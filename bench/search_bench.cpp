@@ -1,14 +1,12 @@
 #include "database/schema.h"
 #include "editing/search_model.h"
 #include "support/bench_company.h"
+#include "support/peak_memory.h"
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QProcess>
 
-#include <cstdio>
 #include <cstring>
 #include <stdexcept>
 
@@ -21,7 +19,6 @@ constexpr CompanySize TenThousand{1000, 10};
 /// More rows than any screen shows.
 constexpr int Screen = 60;
 constexpr int FirstPage = 200;
-const char* const MemoryOption = "--memory-of";
 
 /// A desk that has just opened the search.
 class SearchDesk {
@@ -45,39 +42,6 @@ private:
     SearchModel model_;
 };
 
-/// What this process has used of the machine's memory at most, in kilobytes.
-int PeakMemory() {
-    QFile status(u"/proc/self/status"_s);
-    if (!status.open(QIODevice::ReadOnly))
-        throw std::runtime_error("this system does not tell how much memory is used");
-    const QByteArray text = status.readAll();
-    const QByteArray behind = text.sliced(text.indexOf("VmHWM:") + 6);
-    return behind.first(behind.indexOf("kB")).trimmed().toInt();
-}
-
-/// All that the process does whose memory is measured; returns its exit code.
-int TellPeakMemory(const QString& file) {
-    try {
-        SearchDesk(file).ShowFirstScreen();
-        std::printf("%d\n", PeakMemory());
-        return 0;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    }
-}
-
-/// The peak of a process that does nothing but show the first screen.
-int PeakMemoryOf(const QString& file) {
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(MemoryOption), file});
-    process.waitForFinished(-1);
-    const int peak = process.readAllStandardOutput().trimmed().toInt();
-    if (peak <= 0)
-        throw std::runtime_error("the peak of the memory was not told");
-    return peak;
-}
-
 void FirstScreen(Rounds& rounds) {
     const QString large = CompanyFile(Million);
     const QString small = CompanyFile(TenThousand);
@@ -94,8 +58,8 @@ void FirstScreen(Rounds& rounds) {
     }
     rounds.Compare("search-first-screen-1000000-over-10000-rows", "million", "ten_thousand", 2);
     rounds.Compare("search-first-screen", "million", "plain", 5);
-    const int peak = PeakMemoryOf(large);
-    const int smallPeak = PeakMemoryOf(small);
+    const int peak = PeakMemoryOf({large});
+    const int smallPeak = PeakMemoryOf({small});
     rounds.Tell("million_peak_kB", peak);
     rounds.Tell("ten_thousand_peak_kB", smallPeak);
     rounds.AddRatio("search-peak-memory-1000000-over-10000-rows", static_cast<double>(peak) / smallPeak, 1.2);
@@ -106,7 +70,7 @@ void FirstScreen(Rounds& rounds) {
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     if (argc == 3 && std::strcmp(argv[1], MemoryOption) == 0)
-        return TellPeakMemory(QString::fromLocal8Bit(argv[2]));
+        return TellPeakMemory([&] { SearchDesk(QString::fromLocal8Bit(argv[2])).ShowFirstScreen(); });
     BenchProgram program(argc, argv);
     program.Add("search_first_screen", Measured::ProcessorTime, 100, FirstScreen);
     return program.Run();
