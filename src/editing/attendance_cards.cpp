@@ -79,7 +79,7 @@ void WriteHeader(Connection& connection, const QString& tcid, const QString& nip
 
 /// Returns the new card's identifier.
 QString MakeCard(Connection& connection, const ShownDayRow& row, const QString& status) {
-    const QString tcid = CardIdentifier(SheetIdentifierOf(row.day), row.nip);
+    QString tcid = CardIdentifier(SheetIdentifierOf(row.day), row.nip);
     if (ReadAttendance(connection, row.nip, row.day))
         throw ConflictError(Cards); // another desk was quicker, perhaps on an extended sheet
     CheckHasNoDay(connection, tcid);

@@ -267,7 +267,7 @@ void frmAbsensi::LoadRow(int row) {
 
 /// What another desk did to the row's card is shown at once, beside the message that says so.
 std::optional<QString> frmAbsensi::CheckStatus(int row, const QString& code) {
-    const std::optional<QString> listed = ListedStatus(program_.Db(), code);
+    std::optional<QString> listed = ListedStatus(program_.Db(), code);
     if (!listed)
         return listed;
     const ShownDayRow shown = RowAt(row);
