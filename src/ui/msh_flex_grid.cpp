@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// How much narrower than usual a text can be written and still be read.
-constexpr qreal NarrowestText = 0.6;
+constexpr qreal NarrowestText = 0.55;
 /// What widths in whole pixels may lack.
 constexpr int Rounding = 2;
 
