@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTableView>
@@ -88,7 +89,7 @@ public:
                    [this](LoginHandOver& channel) {
                        frmLogin(clock_, channel, skin_, QApplication::activeWindow()).exec();
                    },
-                   [this](const QString&) { ++done_[u"reports shown"_s]; }},
+                   [this](const QString&) { ++reportsShown_; }},
           windows_(program_, skin_, [] { return u"United States"_s; }) {}
 
     bool Start() {
@@ -109,6 +110,7 @@ public:
             if (before == 0 && settled.hasExpired())
                 before = ResidentMemory();
         }
+        done_[u"reports shown"_s] = reportsShown_;
         Say(u"memory %1 %2"_s.arg(before).arg(ResidentMemory()));
         for (const auto& counts : {done_, dialogs_.shown}) {
             for (const auto& [what, count] : counts)
@@ -216,8 +218,10 @@ private:
             constexpr int keterangan = 4;
             GoTo(search, Below(10), keterangan);
             TypeIntoCell(u"catatan%1"_s.arg(Below(1000)), u"remarks typed"_s);
+            const auto* done = search.findChild<QLabel*>(u"lblDone"_s);
             KeyboardUser::Press(Qt::Key_H, Qt::AltModifier);
-            ++done_[u"sheets computed"_s];
+            if (KeyboardUser::WaitUntil([done] { return done->text().contains(u"dihitung"_s); }))
+                ++done_[u"sheets computed"_s];
         });
     }
 
@@ -229,19 +233,16 @@ private:
     }
 
     void PrintReport() {
-        user_->WhenIn(u"frmLogin"_s, [](QWidget&) {
-            KeyboardUser::Type(u"pelon"_s);
-            KeyboardUser::Press(Qt::Key_Return);
-            KeyboardUser::Type(u"pelon"_s);
-            KeyboardUser::Press(Qt::Key_Return);
-        });
+        LogIn();
         user_->WhenIn(u"frmSetting"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_E, Qt::AltModifier); });
         user_->WhenIn(u"frmAbsensi"_s, [](QWidget&) {
             KeyboardUser::Press(Qt::Key_L, Qt::AltModifier);
             KeyboardUser::Press(Qt::Key_Return);
         });
-        user_->WhenIn(u"frmRptCriteria"_s, [](QWidget&) {
+        user_->WhenIn(u"frmRptCriteria"_s, [this](QWidget&) {
+            const int before = reportsShown_;
             KeyboardUser::Press(Qt::Key_O, Qt::AltModifier);
+            KeyboardUser::WaitUntil([this, before] { return reportsShown_ > before; });
             KeyboardUser::Press(Qt::Key_Escape);
         });
         for (const auto& window : {u"frmAbsensi"_s, u"frmSetting"_s})
@@ -270,6 +271,7 @@ private:
     DeskWindows windows_;
     std::optional<KeyboardUser> user_;
     std::map<QString, int> done_;
+    int reportsShown_ = 0;
 };
 
 int WorkAsDesk(const QString& folder, int number, QDeadlineTimer until) {
