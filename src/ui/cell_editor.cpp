@@ -46,7 +46,8 @@ bool OpensPickList(const QKeyEvent& event) {
 
 CellEditor::CellEditor(Program& program, MSHFlexGrid& grid, CellEditing editing)
     : QObject(&grid), program_(program), grid_(grid), editing_(std::move(editing)),
-      text1_(new QLineEdit(grid.viewport())), cmdLov_(new QToolButton(grid.viewport())) {
+      viewport_(grid.viewport()), text1_(new QLineEdit(grid.viewport())),
+      cmdLov_(new QToolButton(grid.viewport())) {
     grid.EditCells(editing_.fixedColumns);
     text1_->setObjectName(u"Text1"_s);
     text1_->setProperty("look", u"cell"_s);
@@ -304,7 +305,7 @@ void CellEditor::Forget() {
 bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &grid_ && event->type() == QEvent::KeyPress)
         return GridKeyDown(static_cast<QKeyEvent&>(*event));
-    if (watched == grid_.viewport() && event->type() == QEvent::Resize) {
+    if (watched == viewport_ && event->type() == QEvent::Resize) {
         Lay();
         return false;
     }

@@ -82,6 +82,8 @@ private:
     Program& program_;
     MSHFlexGrid& grid_;
     const CellEditing editing_;
+    /// Known apart from the grid, which is no longer one when the last events come.
+    const QObject* viewport_;
     QLineEdit* text1_;
     QToolButton* cmdLov_;
     int lastRow_ = -1;
