@@ -98,6 +98,26 @@ TEST_F(Recordsets, AKeyThatAnotherDeskAddedFirstIsRefused) {
     EXPECT_EQ(Employees(), QStringList{u"0012|Ali|-|-"_s});
 }
 
+TEST_F(Recordsets, WhatIsTakenBackIsNeverWritten) {
+    for (const QString& nip : {u"0001"_s, u"0002"_s})
+        db.Execute(u"INSERT INTO Employee (NIP, Nama) VALUES (?,'Ali')"_s, {nip});
+    Recordset rows(db, u"select * from Employee order by NIP"_s);
+    rows.MoveTo(0);
+    rows.Set(u"Nama"_s, u"Siti"_s);
+    rows.CancelUpdate();
+    rows.Set(u"Dept"_s, u"QC"_s);
+    rows.Update();
+    rows.AddNew();
+    rows.CancelUpdate();
+    EXPECT_EQ(rows.RowCount(), 2);
+    rows.MoveTo(1);
+    company.OtherDesk()->Execute(u"UPDATE Employee SET Nama='Budi' WHERE NIP='0002'"_s);
+    EXPECT_THROW(rows.Delete(), ConflictError);
+    rows.MoveTo(0);
+    rows.Delete();
+    EXPECT_EQ(Employees(), QStringList{u"0002|Budi|-|-"_s});
+}
+
 TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
     const auto other = company.OtherDesk();
     const auto seenByOther = [&] {
