@@ -89,8 +89,6 @@ void Recordset::Insert(const Row& row) {
     QStringList marks;
     QVariantList values;
     for (size_t i = 0; i < row.values.size(); ++i) {
-        if (row.values[i].isNull())
-            continue;
         names << u'[' + columns_[static_cast<qsizetype>(i)] + u']';
         marks << u"?"_s;
         values << row.values[i];

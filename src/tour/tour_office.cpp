@@ -12,6 +12,7 @@ namespace {
 
 /// The windows are pictured as they are on an ordinary screen.
 constexpr QSize OfficeSize(1300, 700);
+constexpr QSize ReportSize(900, 560);
 
 QTableView& GridOf(QWidget& window) {
     return *window.findChild<QTableView*>(u"MSHFlexGrid1"_s);
@@ -117,6 +118,7 @@ void Tour::PlanReport() {
         KeyboardUser::Press(Qt::Key_Return);
     });
     user_.WhenIn(u"TextViewer"_s, [this](QWidget& report) {
+        report.resize(ReportSize);
         Picture(report, u"report"_s);
         KeyboardUser::Press(Qt::Key_Escape);
     });
