@@ -107,6 +107,7 @@ TEST_F(Recordsets, WhatIsTakenBackIsNeverWritten) {
     rows.CancelUpdate();
     rows.Set(u"Dept"_s, u"QC"_s);
     rows.Update();
+    EXPECT_EQ(Employees(), (QStringList{u"0001|Ali|QC|-"_s, u"0002|Ali|-|-"_s}));
     rows.AddNew();
     rows.CancelUpdate();
     EXPECT_EQ(rows.RowCount(), 2);
