@@ -184,7 +184,8 @@ bool CellEditor::Text1_KeyDown(const QKeyEvent& event) {
             CommitCellEdit();
         return true;
     }
-    if (event.key() == Qt::Key_Escape) {
+    // Only Enter enters a text; the keys stay in the grid whatever ends the editor.
+    if (event.key() == Qt::Key_Escape || event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
         Hide();
         return true;
     }
@@ -300,6 +301,14 @@ void CellEditor::Forget() {
     rowDirty_ = false;
     lastRow_ = -1;
     unsavedRows_.clear();
+}
+
+void CellEditor::ForgetRow(int row) {
+    Hide();
+    unsavedRows_.erase(row);
+    if (row == lastRow_)
+        rowDirty_ = false;
+    MarkRow(row, false);
 }
 
 bool CellEditor::eventFilter(QObject* watched, QEvent* event) {

@@ -60,6 +60,8 @@ public:
     bool MayLeave();
     /// The rows were read anew: nothing is left to save.
     void Forget();
+    /// The same of one row.
+    void ForgetRow(int row);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -156,6 +156,11 @@ TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
              EXPECT_TRUE(host.Text1().isVisible());
              Host::Press(Qt::Key_Return);
          }},
+        {"Tab",
+         [](Host& host) {
+             Host::Press(Qt::Key_Tab);
+             EXPECT_TRUE(host.grid->hasFocus());
+         }},
         {"scrolled", [](Host& host) { host.grid->verticalScrollBar()->setValue(5); }},
         {"focus lost", [](Host& host) { host.elsewhere->setFocus(); }},
     };
