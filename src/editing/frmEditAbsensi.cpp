@@ -17,6 +17,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 using enum SearchRow::Column;
@@ -60,7 +61,6 @@ frmEditAbsensi::frmEditAbsensi(Program& program, const b_form_skin::Backgrounds&
     ConnectControls();
     ShowState();
     RestorePlace(*this, FirstSize);
-    ui_->txtTCID->setFocus();
 }
 
 frmEditAbsensi::~frmEditAbsensi() = default;
@@ -137,19 +137,22 @@ void frmEditAbsensi::cmdRefresh_Click() {
         }
         fragments += criterion.fragment;
     }
-    if (!SettleRows())
-        return;
-    Trapped(program_, u"cmdRefresh_Click"_s, [&] {
+    if (SettleRows() && Search(WhereClause(fragments), Filter()) && model_.rowCount() > 0)
+        ui_->MSHFlexGrid1->setFocus();
+}
+
+bool frmEditAbsensi::Search(const QString& clause, const QString& filter) {
+    const bool read = Trapped(program_, u"cmdRefresh_Click"_s, [&] {
         const BusyPointer busy;
-        model_.Search(program_.Db(), WhereClause(fragments));
-        shownFilter_ = Filter();
+        model_.Search(program_.Db(), clause);
+        shownFilter_ = filter;
         ui_->MSHFlexGrid1->SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
-        if (model_.rowCount() > 0) {
+        if (model_.rowCount() > 0)
             ui_->MSHFlexGrid1->setCurrentIndex(model_.index(0, Status));
-            ui_->MSHFlexGrid1->setFocus();
-        }
     });
-    ShowState();
+    const bool showsOld = !read && model_.IsSearched();
+    ShowState(showsOld ? u"Pencarian gagal; data yang tampil tetap yang lama."_s : QString());
+    return read;
 }
 
 void frmEditAbsensi::cmdCalcHrs_Click() {
@@ -195,8 +198,12 @@ void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
     if (shown.tcid.isEmpty() || !shown.tanggal || !modGeneral::AskAdminPass(program_))
         return;
     const int row = cell.row();
+    // Also after a conflict, when the row was read anew, there is nothing left of what was typed into it.
+    const auto forget = qScopeGuard([&] {
+        if (!model_.IsEdited(row))
+            editor_->ForgetRow(row);
+    });
     model_.DeleteRow(row);
-    ForgetTyping(row);
     ui_->MSHFlexGrid1->setFocus();
     ShowState(u"Hari pada baris %1 dihapus."_s.arg(row + 1));
 }
@@ -239,15 +246,9 @@ void frmEditAbsensi::LoadRowFromDb(int row) {
     Trapped(program_, u"LoadRowFromDb"_s, [&] {
         if (!model_.LoadRow(row))
             return program_.dialogs.Inform(u"Please refresh."_s);
-        ForgetTyping(row);
+        editor_->ForgetRow(row);
         ShowState(u"Baris %1 dimuat ulang."_s.arg(row + 1));
     });
-}
-
-void frmEditAbsensi::ForgetTyping(int row) {
-    ui_->MSHFlexGrid1->MarkUnsaved(model_.index(row, 0), false);
-    if (model_.EditedRows().isEmpty())
-        editor_->Forget();
 }
 
 bool frmEditAbsensi::SettleRows() {
@@ -328,6 +329,17 @@ void frmEditAbsensi::ShowState(const QString& done) {
         button->setEnabled(model_.rowCount() > 0);
 }
 
+void frmEditAbsensi::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    ui_->txtTCID->setFocus();
+    ui_->txtTCID->selectAll();
+    // The window is kept while it is closed; the rows are those of the moment when it opens.
+    if (model_.IsSearched())
+        Search(model_.Clause(), shownFilter_);
+}
+
 void frmEditAbsensi::keyPressEvent(QKeyEvent* event) {
     const QModelIndex cell = ui_->MSHFlexGrid1->currentIndex();
     if (event->key() == Qt::Key_F5 && cell.isValid())
@@ -337,7 +349,7 @@ void frmEditAbsensi::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmEditAbsensi::reject() {
-    if (!editor_->MayLeave())
+    if (!SettleRows())
         return;
     SavePlace(*this);
     QDialog::reject();

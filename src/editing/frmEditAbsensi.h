@@ -29,6 +29,7 @@ public:
     void reject() override;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -49,6 +50,8 @@ private:
 
     /// Rebuilds the box's fragment when its text has changed; false when the text cannot be searched for.
     bool Validate(Criterion& criterion);
+    /// Shows what is found, the first cell being the current one; false when it cannot be read.
+    bool Search(const QString& clause, const QString& filter);
     void cmdRefresh_Click();
     void cmdCalcHrs_Click();
     void cmdPrintGrid_Click();
@@ -63,8 +66,6 @@ private:
     bool MayTypeInto(const QModelIndex& cell);
     bool SaveGridRow(int row);
     void LoadRowFromDb(int row);
-    /// Nothing of the row is left to save.
-    void ForgetTyping(int row);
     /// Asks what becomes of unsaved rows; after that there are none. False: everything stays.
     bool SettleRows();
     void Print(const QString& procedure, const LinesOfResult& lines);

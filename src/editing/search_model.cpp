@@ -112,13 +112,15 @@ void SearchModel::SaveRow(int row) {
 }
 
 void SearchModel::DeleteRow(int row) {
+    SearchRow& shown = rows_.at(static_cast<size_t>(row));
     try {
-        DeleteRowsDay(*connection_, rows_.at(static_cast<size_t>(row)));
+        DeleteRowsDay(*connection_, shown);
     } catch (const ConflictError&) {
         LoadRow(row);
         throw;
     }
-    LoadRow(row);
+    TakeDay(shown, [](SearchRow::Column) { return FieldValue(); });
+    ShowRowAnew(row);
 }
 
 void SearchModel::ShowRowAnew(int row) {

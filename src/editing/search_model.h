@@ -27,6 +27,8 @@ public:
     void Reread(const Progress& progress);
 
     bool IsSearched() const { return connection_ != nullptr; }
+    /// What the rows were searched for.
+    const QString& Clause() const { return clause_; }
     /// False while there are rows that were not fetched.
     bool IsWhole() const { return pages_.AtEnd(); }
     const std::vector<SearchRow>& FetchedRows() const { return rows_; }
@@ -46,7 +48,8 @@ public:
     /// Saves what was typed into a row, if anything. A row that another desk changed is read anew before the
     /// ConflictError goes on. Throws like SaveGridRow, and the row stays as typed otherwise.
     void SaveRow(int row);
-    /// Deletes the day of a row, which shows what is left then. Throws like DeleteRowsDay.
+    /// Deletes the day of a row, which shows the card without it then, also when the card has others. Throws
+    /// like DeleteRowsDay.
     void DeleteRow(int row);
 
     int rowCount(const QModelIndex& parent = {}) const override;

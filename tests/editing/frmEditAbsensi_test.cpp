@@ -142,6 +142,13 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     EXPECT_EQ(search.company.dialogs.questions.size(), 2);
     EXPECT_EQ(search.company.RowsOf(Cards)[1],
               u"T202611210013|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
+
+    search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='sementara ini'"_s);
+    search.window->show();
+    EXPECT_EQ(search.Cell(1, TimeIn), u"07:45:00"_s) << "what was thrown away does not come back";
+    EXPECT_EQ(search.Cell(3, Keterangan), u"sementara ini"_s);
+    SearchWindow::Press(Qt::Key_Escape);
+    EXPECT_EQ(search.company.dialogs.questions.size(), 2);
 }
 
 TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
@@ -206,6 +213,13 @@ TEST(frmEditAbsensi, OnlyASupervisorDeletes) {
     EXPECT_EQ(search.Cell(2, TimeIn), QString());
     EXPECT_EQ(search.Cell(2, Status), u"OUT"_s);
     EXPECT_TRUE(search.Grid().hasFocus());
+
+    search.Type(3, Keterangan, u"dari sini"_s);
+    search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
+    SearchWindow::Press(Qt::Key_Delete);
+    EXPECT_EQ(search.Cell(3, Keterangan), u"dari sana"_s);
+    SearchWindow::Press(Qt::Key_Escape);
+    EXPECT_TRUE(search.company.dialogs.questions.isEmpty()) << "the row was read anew";
 }
 
 TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
@@ -213,7 +227,8 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
     search.Part<QLineEdit>("txtNIK").setText(u"0012"_s);
     SearchWindow::Press(Qt::Key_Return);
     search.Go(1, NormalHours);
-    search.Do(Qt::Key_H);
+    search.Part<QPushButton>("cmdCalcHrs").setFocus();
+    SearchWindow::Press(Qt::Key_Return);
     EXPECT_EQ(search.Said("lblDone"), u"2 kartu dihitung."_s);
     EXPECT_EQ(search.Cell(0, NormalHours), u"9.15"_s);
     EXPECT_EQ(search.Grid().currentIndex().row(), 1);

@@ -305,6 +305,7 @@ TEST_F(Search, DeletingEmptiesTheRowWhichCanBeFilledAgain) {
     model.Search(company.Db(), u""_s);
     model.DeleteRow(1);
     EXPECT_EQ(company.RowsOf(u"select Tanggal from TimeCardDetail"_s), QStringList{u"2026-11-22"_s});
+    EXPECT_EQ(model.index(1, Tanggal).data().toString(), QString()) << "not the card's other day";
 }
 
 TEST_F(Search, ReloadsTheRowsOwnDayUnlessTheCardIsGone) {
