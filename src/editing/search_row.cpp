@@ -2,6 +2,10 @@
 
 #include "compute/money.h"
 
+#include <QLocale>
+
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using enum SearchRow::Column;
 
@@ -11,9 +15,14 @@ std::optional<double> NumberOf(const FieldValue& value) {
     return value.IsNull() ? std::nullopt : std::optional(value.Number());
 }
 
-/// In digits only: the text is read again when the row is saved.
+/// In digits only: the text is read again when the row is saved. A number that is too large for an amount has
+/// got into the database from elsewhere; it is shown so that it can be corrected.
 QString NumberCell(const std::optional<double>& number) {
-    return number ? Money::FromField(FieldValue(*number)).Text() : QString();
+    constexpr double TooLarge = 1e14;
+    if (!number)
+        return {};
+    return std::abs(*number) < TooLarge ? Money::FromField(FieldValue(*number)).Text()
+                                        : QString::number(*number, 'f', QLocale::FloatingPointShortest);
 }
 
 QString TimeCell(const std::optional<WallTime>& time, const std::optional<Day>& cardDay) {
