@@ -36,12 +36,13 @@ Extent ExtentOf(const QString& text, int most) {
     return extent;
 }
 
-int CharactersIn(const QString& text) {
-    return ExtentOf(text, std::numeric_limits<int>::max()).characters;
+bool BreaksTheLine(QChar c) {
+    return c < u' ' || (c >= u'\u007F' && c < u'\u00A0') || c == QChar::LineSeparator
+           || c == QChar::ParagraphSeparator;
 }
 
 QString CellText(const QAbstractItemModel& grid, int row, int column) {
-    return grid.index(row, column).data().toString();
+    return modGeneral::OneLine(grid.index(row, column).data().toString());
 }
 
 /// Asks whether to go on, now and then.
@@ -60,6 +61,19 @@ QString Line(const QStringList& cells, const modGeneral::ColumnWidths& widths) {
 } // namespace
 
 namespace modGeneral {
+
+QString OneLine(const QString& text) {
+    if (std::ranges::none_of(text, BreaksTheLine))
+        return text;
+    QString line = text;
+    line.replace(u"\r\n"_s, u" "_s);
+    std::ranges::replace_if(line, BreaksTheLine, QChar(u' '));
+    return line;
+}
+
+int CharactersIn(const QString& text) {
+    return ExtentOf(text, std::numeric_limits<int>::max()).characters;
+}
 
 QString PadText(const QString& text, int width) {
     QString padded;

@@ -10,6 +10,12 @@
 
 namespace modGeneral {
 
+/// Blanks for everything that would break a line or move the text behind it.
+QString OneLine(const QString& text);
+
+/// How many characters a reader sees.
+int CharactersIn(const QString& text);
+
 /// Exactly `width` characters: the first of the text, then blanks. A character is what a reader sees as one.
 QString PadText(const QString& text, int width);
 /// Appends the same to a line in the making.
@@ -48,8 +54,8 @@ void SetupGrid(TextGrid& grid, const QStringList& headers);
 using ColumnWidths = std::vector<int>;
 
 /// A grid as fixed-width lines: the page heading, a rule, the column titles, a rule, the rows, a rule. Each
-/// cell is cut or padded to its width and followed by "|"; a rule is as long as a row. No lines at all when
-/// it was stopped.
+/// cell is put on one line, cut or padded to its width and followed by "|"; a rule is as long as a row. No
+/// lines at all when it was stopped.
 QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& widths,
                             const QStringList& pageHeading, const Progress& progress = {});
 

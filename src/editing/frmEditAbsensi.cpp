@@ -266,13 +266,15 @@ void frmEditAbsensi::cmdPrintGrid_Click() {
 }
 
 void frmEditAbsensi::cmdPrintTCID_Click() {
-    Print(u"cmdPrintTCID_Click"_s,
-          [this](const Progress&) { return SheetPrint(model_.FetchedRows(), PrintedAt()); });
+    Print(u"cmdPrintTCID_Click"_s, [this](const Progress& progress) {
+        return SheetPrint(model_.FetchedRows(), PrintedAt(), progress);
+    });
 }
 
 void frmEditAbsensi::cmdPrintNIK_Click() {
-    Print(u"cmdPrintNIK_Click"_s,
-          [this](const Progress&) { return EmployeePrint(model_.FetchedRows(), PrintedAt()); });
+    Print(u"cmdPrintNIK_Click"_s, [this](const Progress& progress) {
+        return EmployeePrint(model_.FetchedRows(), PrintedAt(), progress);
+    });
 }
 
 QString frmEditAbsensi::PrintedAt() const {

@@ -29,11 +29,37 @@ QString ShownMonth(Day day) {
     return ShownDay(day).sliced(3);
 }
 
-/// Adds a table behind the others, an empty line between them.
-void AppendPage(QStringList& lines, const QStringList& page) {
-    if (!lines.isEmpty())
-        lines << QString();
-    lines << page;
+/// Hands out each card once, with its day, also when it has several rows: they stand together, and the status
+/// is the card's. False when it was stopped.
+template<class Take>
+bool ForEachCard(const std::vector<SearchRow>& rows, const Progress& progress, Take take) {
+    constexpr size_t AskEvery = 500;
+    for (size_t i = 0; i < rows.size(); ++i) {
+        if (progress && i % AskEvery == 0
+            && !progress(static_cast<qsizetype>(i), static_cast<qsizetype>(rows.size())))
+            return false;
+        if (i > 0 && rows[i].tcid == rows[i - 1].tcid)
+            continue;
+        if (const auto day = SheetDayOf(rows[i]))
+            take(rows[i], *day);
+    }
+    return true;
+}
+
+/// The tables one behind the other, an empty line between them; nothing when it was stopped.
+template<class Pages, class LinesOf>
+QStringList AllPages(const Pages& pages, const Progress& progress, LinesOf linesOf) {
+    const auto count = static_cast<qsizetype>(pages.size());
+    qsizetype done = 0;
+    QStringList lines;
+    for (const auto& [key, page] : pages) {
+        if (progress && !progress(done++, count))
+            return {};
+        if (!lines.isEmpty())
+            lines << QString();
+        lines << linesOf(key, page);
+    }
+    return lines;
 }
 
 } // namespace
@@ -56,50 +82,54 @@ void WorkGrid::PlaceInWorkGrid(const QString& key, const QString& name, int day,
     grdTemp.SetText(*row, column, present.isEmpty() ? value : present + u'/' + value);
 }
 
-/// No code is cut: a cut one might be taken for another.
+int WorkGrid::WidthOf(int column, int least) const {
+    int width = least;
+    for (int row = 0; row < grdTemp.rowCount(); ++row)
+        width = qMax(width, modGeneral::CharactersIn(grdTemp.Text(row, column)));
+    return width;
+}
+
+/// No code and no number is cut: a cut one might be taken for another.
 QStringList WorkGrid::Lines(const QStringList& pageHeading) const {
-    qsizetype dayWidth = LeastDayWidth;
-    for (int row = 0; row < grdTemp.rowCount(); ++row) {
-        for (int column = FirstDayColumn; column < grdTemp.columnCount(); ++column)
-            dayWidth = qMax(dayWidth, grdTemp.Text(row, column).size());
-    }
-    const auto serialNoWidth =
-        qMax(grdTemp.Headers().first().size(), QString::number(grdTemp.rowCount()).size());
-    modGeneral::ColumnWidths widths{static_cast<int>(serialNoWidth), KeyWidth, NameWidth};
-    widths.resize(static_cast<size_t>(grdTemp.columnCount()), static_cast<int>(dayWidth));
+    int dayWidth = LeastDayWidth;
+    for (int column = FirstDayColumn; column < grdTemp.columnCount(); ++column)
+        dayWidth = WidthOf(column, dayWidth);
+    const int serialNoWidth = modGeneral::CharactersIn(grdTemp.Headers().first());
+    modGeneral::ColumnWidths widths{WidthOf(0, serialNoWidth), WidthOf(1, KeyWidth), NameWidth};
+    widths.resize(static_cast<size_t>(grdTemp.columnCount()), dayWidth);
     return modGeneral::GridToTextTable(grdTemp, widths, pageHeading);
 }
 
-QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printedAt) {
+QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+                       const Progress& progress) {
     std::map<QString, WorkGrid> sheets;
-    for (const SearchRow& row : rows) {
-        if (const auto day = SheetDayOf(row)) {
-            WorkGrid& grid = sheets.try_emplace(MonthPartOf(*day), u"NIK"_s, u"Nama"_s).first->second;
-            grid.PlaceInWorkGrid(row.nip, row.nama, DayOfMonth(*day), row.status);
-        }
-    }
-    QStringList lines;
-    for (const auto& [sheet, grid] : sheets)
-        AppendPage(lines, grid.Lines({u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: "_s + sheet, printedAt}));
-    return lines;
+    const bool whole = ForEachCard(rows, progress, [&sheets](const SearchRow& row, Day day) {
+        WorkGrid& grid = sheets.try_emplace(MonthPartOf(day), u"NIK"_s, u"Nama"_s).first->second;
+        grid.PlaceInWorkGrid(row.nip, row.nama, DayOfMonth(day), row.status);
+    });
+    if (!whole)
+        return {};
+    return AllPages(sheets, progress, [&printedAt](const QString& sheet, const WorkGrid& grid) {
+        return grid.Lines({u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: "_s + sheet, printedAt});
+    });
 }
 
-QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt) {
+QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+                          const Progress& progress) {
     struct Page {
         QString nama;
         WorkGrid grid{u"Lembar"_s, u"Bulan"_s};
     };
     std::map<QString, Page> employees;
-    for (const SearchRow& row : rows) {
-        if (const auto day = SheetDayOf(row)) {
-            Page& page = employees[row.nip];
-            page.nama = row.nama;
-            page.grid.PlaceInWorkGrid(MonthPartOf(*day), ShownMonth(*day), DayOfMonth(*day), row.status);
-        }
-    }
-    QStringList lines;
-    for (const auto& [nip, page] : employees)
-        AppendPage(lines, page.grid.Lines({u"DATA ABSENSI PER KARYAWAN"_s,
-                                           u"NIK: %1  %2"_s.arg(nip, page.nama), printedAt}));
-    return lines;
+    const bool whole = ForEachCard(rows, progress, [&employees](const SearchRow& row, Day day) {
+        Page& page = employees[row.nip];
+        page.nama = row.nama;
+        page.grid.PlaceInWorkGrid(MonthPartOf(day), ShownMonth(day), DayOfMonth(day), row.status);
+    });
+    if (!whole)
+        return {};
+    return AllPages(employees, progress, [&printedAt](const QString& nip, const Page& page) {
+        const QString employee = u"NIK: %1  %2"_s.arg(nip, page.nama);
+        return page.grid.Lines({u"DATA ABSENSI PER KARYAWAN"_s, modGeneral::OneLine(employee), printedAt});
+    });
 }

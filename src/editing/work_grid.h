@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/progress.h"
 #include "core/text_table.h"
 #include "editing/search_row.h"
 
@@ -22,13 +23,18 @@ public:
     QStringList Lines(const QStringList& pageHeading) const;
 
 private:
+    /// How wide the column's longest text is, but never less than this.
+    int WidthOf(int column, int least) const;
+
     modGeneral::TextGrid grdTemp;
     QHash<QString, int> rowOfKey_;
 };
 
 /// The status codes of a search's result, a column per day: for each month of its sheets one table with a row
-/// per employee.
-QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printedAt);
+/// per employee. No lines at all when it was stopped.
+QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+                       const Progress& progress = {});
 
 /// The same by employee: for each employee one table with a row per month.
-QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt);
+QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+                          const Progress& progress = {});

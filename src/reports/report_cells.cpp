@@ -1,9 +1,5 @@
 #include "reports/report_cells.h"
 
-#include "core/text_table.h"
-
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -14,11 +10,6 @@ constexpr int NamaWidth = 20;
 constexpr int EmployeeCellsWidth = 36; ///< with all their "|"
 constexpr int StatusWidth = 7;
 constexpr int TimeCellWidth = 8; ///< with its "|"
-
-bool BreaksTheLine(QChar c) {
-    return c < u' ' || (c >= u'\u007F' && c < u'\u00A0') || c == QChar::LineSeparator
-           || c == QChar::ParagraphSeparator;
-}
 
 void AppendTimeCell(QString& line, const std::optional<WallTime>& time) {
     if (!time) {
@@ -31,15 +22,6 @@ void AppendTimeCell(QString& line, const std::optional<WallTime>& time) {
 }
 
 } // namespace
-
-QString OneLine(const QString& text) {
-    if (std::ranges::none_of(text, BreaksTheLine))
-        return text;
-    QString line = text;
-    line.replace(u"\r\n"_s, u" "_s);
-    std::ranges::replace_if(line, BreaksTheLine, QChar(u' '));
-    return line;
-}
 
 void AppendCell(QString& line, const QString& text, int width) {
     modGeneral::AppendPadded(line, OneLine(text), width);

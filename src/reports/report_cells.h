@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/text_table.h"
 #include "database/wall_time.h"
 
 #include <QString>
@@ -9,8 +10,7 @@
 /// The status of a day without any attendance.
 inline constexpr QStringView AbsentCode = u"A";
 
-/// Blanks for everything that would break a line or move the text behind it.
-QString OneLine(const QString& text);
+using modGeneral::OneLine;
 
 /// Appends the text, cut or padded to the width, and the "|" that closes its cell.
 void AppendCell(QString& line, const QString& text, int width);

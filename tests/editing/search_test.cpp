@@ -100,6 +100,9 @@ TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
     EXPECT_EQ(Shown(0),
               u"IN|0012|Siti|catatan|PROD|T202611220012|A|22-Nov-2026|22:00:05|23-Nov-2026 06:30:12|||"
               "True|9.15||150000|0.0001"_s);
+    Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15, OTAmount=-2.5e14"_s);
+    model.Search(company.Db(), cases[1].first);
+    EXPECT_TRUE(Shown(0).endsWith(u"|9.15||1000000000000000|-250000000000000"_s)) << "no amount, but shown";
     QStringList headers;
     for (int column = Status; column < model.columnCount(); ++column)
         headers << model.headerData(column, Qt::Horizontal).toString();
@@ -362,6 +365,23 @@ TEST(WorkGrid, PrintsMonthsOfSheetsAndOfEmployees) {
     EXPECT_TRUE(employees[6].startsWith(u"1    |T200603 |Mar-2006            |IN   |"_s));
     EXPECT_TRUE(employees[7].startsWith(u"2    |T200602 |Feb-2006            |"_s));
     EXPECT_EQ(employees.count(QString()), 1);
+}
+
+TEST(WorkGrid, CutsNoKeyCountsCharactersAndStopsWhenToldTo) {
+    SearchRow row;
+    row.tcid = u"T202603010123456789"_s;
+    row.nip = u"0123456789"_s;
+    row.nama = u"Siti\nAminah"_s;
+    row.status = u"e\u0301\u0302"_s;             // one character
+    const std::vector<SearchRow> days{row, row}; // two days of one card
+    const QStringList lines = SheetPrint(days, {}, [](qsizetype, qsizetype) { return true; });
+    EXPECT_TRUE(lines[4].startsWith(u"Sr.No|NIK       |Nama                |1  |"_s));
+    EXPECT_TRUE(lines[6].startsWith(u"1    |0123456789|Siti Aminah         |e\u0301\u0302  |   |"_s));
+    int asked = 0;
+    for (const auto& print : {SheetPrint, EmployeePrint}) {
+        EXPECT_TRUE(print(days, {}, [](qsizetype, qsizetype) { return false; }).isEmpty());
+        EXPECT_TRUE(print(days, {}, [&](qsizetype, qsizetype) { return ++asked % 2 != 0; }).isEmpty());
+    }
 }
 
 TEST(WorkGrid, FindsItsRowsByKeyAndKeepsTheColumnsOfTenThousand) {
