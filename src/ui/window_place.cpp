@@ -18,8 +18,12 @@ QSettings Settings() {
 } // namespace
 
 void RestorePlace(QWidget& window, QSize firstSize) {
-    if (!window.restoreGeometry(Settings().value(window.objectName()).toByteArray()))
-        window.resize(firstSize.boundedTo(window.screen()->availableSize() - FrameRoom));
+    if (window.restoreGeometry(Settings().value(window.objectName()).toByteArray()))
+        return;
+    // In the middle of the screen: over a smaller window's middle its title might not be reached.
+    const QRect room = window.screen()->availableGeometry();
+    window.resize(firstSize.boundedTo(room.size() - FrameRoom));
+    window.move(room.center() - QRect(QPoint(), window.size() + FrameRoom).center());
 }
 
 void SavePlace(const QWidget& window) {
