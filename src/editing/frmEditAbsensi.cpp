@@ -82,6 +82,8 @@ void frmEditAbsensi::ConnectControls() {
     connect(ui_->cmdPrintNIK, &QPushButton::clicked, this, &frmEditAbsensi::cmdPrintNIK_Click);
     connect(ui_->cmdTutup, &QPushButton::clicked, this, &frmEditAbsensi::reject);
     connect(lov_, &PickList::LOV_AfterListClose, this, &frmEditAbsensi::LOV_AfterListClose);
+    connect(ui_->MSHFlexGrid1->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &frmEditAbsensi::ShowCard);
     connect(&model_, &SearchModel::FetchFailed, this, &frmEditAbsensi::TellLater);
     connect(&model_, &QAbstractItemModel::rowsInserted, this, [this] { ShowState(); });
 }
@@ -329,6 +331,15 @@ void frmEditAbsensi::ShowState(const QString& done) {
     ui_->lblDone->setText(done);
     for (QPushButton* button : {ui_->cmdCalcHrs, ui_->cmdPrintGrid, ui_->cmdPrintTCID, ui_->cmdPrintNIK})
         button->setEnabled(model_.rowCount() > 0);
+    ShowCard();
+}
+
+/// Who the current row is of can be scrolled out of sight while its amounts are typed.
+void frmEditAbsensi::ShowCard() {
+    const QModelIndex cell = ui_->MSHFlexGrid1->currentIndex();
+    ui_->lblCard->setText(cell.isValid() ? u"%1 · %2"_s.arg(cell.siblingAtColumn(Tcid).data().toString(),
+                                                            cell.siblingAtColumn(Nama).data().toString())
+                                         : QString());
 }
 
 void frmEditAbsensi::showEvent(QShowEvent* event) {

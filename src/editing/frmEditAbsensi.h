@@ -73,6 +73,7 @@ private:
     void TellLater(const std::exception_ptr& failure);
     QString Filter() const;
     void ShowState(const QString& done = {});
+    void ShowCard();
 
     Program& program_;
     SearchModel model_;

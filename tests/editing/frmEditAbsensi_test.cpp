@@ -192,6 +192,7 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     EXPECT_EQ(search.Cell(0, Keterangan), QString());
     search.Run(u"DELETE FROM TimeCardHeader WHERE TCID='T202611210013'"_s);
     search.Go(1, TimeIn);
+    EXPECT_EQ(search.Said("lblCard"), u"T202611210013 · 李小龍"_s);
     SearchWindow::Press(Qt::Key_F5);
     EXPECT_EQ(search.company.dialogs.texts, QStringList{u"Please refresh."_s});
     EXPECT_EQ(search.company.dialogs.icons.back(), Dialogs::Icon::Information);
