@@ -4,6 +4,7 @@
 #include "reports/report_cells.h"
 #include "reports/report_data.h"
 
+#include <algorithm>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -29,27 +30,39 @@ std::vector<Status> ReadStatuses(Connection& connection) {
     return statuses;
 }
 
-/// The engine counts; what is none of the statuses is left out. Nothing when the work is to stop.
-std::optional<CountsByNip> ReadCounts(Connection& connection, const ReportCriteria& criteria,
-                                      const std::vector<Status>& statuses, const Progress& progress) {
-    QHash<QString, size_t> columns;
-    for (size_t column = 0; column < statuses.size(); ++column)
-        columns.insert(statuses[column].code, column);
-    CountsByNip all;
-    if (!progress(0, 0))
-        return std::nullopt;
+/// Adds what the engine counts in a period; what is none of the statuses is left out.
+void AddCounts(CountsByNip& all, Connection& connection, const ReportCriteria& period,
+               const QHash<QString, size_t>& columns) {
     Rows rows = connection.Query(u"SELECT a.NIP, a.Status, Count(*) FROM TimeCardHeader a "
                                  "INNER JOIN Employee c ON a.NIP=c.NIP "
                                  "INNER JOIN TimeCardDetail b ON a.TCID=b.TCID "_s
-                                 + InPeriod(criteria) + OfChosenEmployees(criteria)
+                                 + InPeriod(period) + OfChosenEmployees(period)
                                  + u" AND a.Status IS NOT NULL GROUP BY a.NIP, a.Status"_s);
     while (rows.Next()) {
         const auto column = columns.constFind(rows.Text(1));
         if (column == columns.cend())
             continue;
         Counts& counts = all[rows.Text(0)];
-        counts.resize(statuses.size());
-        counts[*column] = static_cast<qint64>(rows.Value(2).Number());
+        counts.resize(static_cast<size_t>(columns.size()));
+        counts[*column] += static_cast<qint64>(rows.Value(2).Number());
+    }
+}
+
+/// A month at a time: the engine tells nothing before it has counted all that it was asked for. Nothing when
+/// the work is to stop.
+std::optional<CountsByNip> ReadCounts(Connection& connection, const ReportCriteria& criteria,
+                                      const std::vector<Status>& statuses, const Progress& progress) {
+    constexpr std::chrono::days Month{31};
+    QHash<QString, size_t> columns;
+    for (size_t column = 0; column < statuses.size(); ++column)
+        columns.insert(statuses[column].code, column);
+    CountsByNip all;
+    ReportCriteria month = criteria;
+    for (; month.date1 <= criteria.date2; month.date1 += Month) {
+        if (!progress((month.date1 - criteria.date1).count(), (criteria.date2 - criteria.date1).count() + 1))
+            return std::nullopt;
+        month.date2 = std::min(criteria.date2, month.date1 + Month - std::chrono::days{1});
+        AddCounts(all, connection, month, columns);
     }
     return all;
 }

@@ -190,9 +190,10 @@ TEST(Reports, CountEveryCardOfAStatusOnceAndTheOtherDaysAsAbsent) {
     office.AddCard(u"T202611240012"_s, u"0012"_s, 24, u"I"_s, {}, {}, {});
     office.AddCard(u"T202611250012"_s, u"0012"_s, 25, u"A"_s, {}, {}, {});
     office.AddCard(u"T202612010012"_s, u"0012"_s, 30, {}, {}, {}, {});
+    office.AddCard(u"T202612310012"_s, u"0012"_s, 61, u"I"_s, {}, {}, {});
     EXPECT_TRUE(
-        office.Print(u"AbsensiSumKary", Between(1, 30))
-            .lines.contains(u"|1   |0012    |Siti Aminah         |26    |1     |0     |2     |1     |"_s));
+        office.Print(u"AbsensiSumKary", Between(1, 61))
+            .lines.contains(u"|1   |0012    |Siti Aminah         |56    |1     |0     |3     |1     |"_s));
 }
 
 TEST(Reports, EveryLineOfATableIsAsLongAsItsRules) {
