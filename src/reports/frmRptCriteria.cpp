@@ -150,6 +150,8 @@ void frmRptCriteria::cmdOK_Click() {
         return;
     ui_->lblDone->clear();
     // A mnemonic leaves the focus where it is: what is typed has not been read yet.
+    for (QDateEdit* date : {ui_->txtDate1, ui_->txtDate2})
+        date->interpretText();
     txtEmpl_LostFocus();
     Trapped(program_, Routine(report_->routine), [this] { PrintReport(); });
 }
