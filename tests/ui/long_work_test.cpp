@@ -27,13 +27,22 @@ TEST(WorkProgress, LetsTheUserStopLongWorkAndNothingElse) {
     EXPECT_TRUE(window.isEnabled());
 }
 
+namespace {
+
+/// Writes a file that anybody may run.
+void Write(const QString& path, const QByteArray& contents) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(contents);
+    file.setPermissions(file.permissions() | QFile::ExeOwner);
+}
+
+} // namespace
+
 TEST(TextViewer, ShowsTheFileAsItStands) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"PRINT.TXT"_s);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("|M\xC3\xBC      |\r\n|--------|\r\n");
-    file.close();
+    Write(path, "|M\xC3\xBC      |\r\n|--------|\r\n");
     TextViewer viewer(path, nullptr);
     viewer.show();
     const auto& text = WindowCompany::Part<QPlainTextEdit>(viewer, "text");
@@ -44,3 +53,31 @@ TEST(TextViewer, ShowsTheFileAsItStands) {
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return viewer.isHidden(); }));
     EXPECT_THROW(TextViewer(folder.filePath(u"gone.txt"_s), nullptr), std::runtime_error);
 }
+
+#ifdef Q_OS_UNIX
+TEST(TextViewer, ShowsWhatTheDesktopDoesNotAndStaysWhenTheWindowBelowIsLeft) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"PRINT.TXT"_s);
+    Write(path, "ABSENSI HARIAN\r\n");
+    const QByteArray programs = qgetenv("PATH");
+    qputenv("PATH", folder.path().toUtf8() + ':' + programs);
+    Write(folder.filePath(u"xdg-mime"_s), "#!/bin/sh\necho editor.desktop\n");
+    QWidget desk;
+    desk.show();
+    QDialog criteria(&desk);
+    criteria.setModal(true);
+    criteria.show();
+    for (const char* exitCode : {"0", "4"}) {
+        EXPECT_FALSE(criteria.findChild<TextViewer*>());
+        Write(folder.filePath(u"xdg-open"_s), QByteArray("#!/bin/sh\nexit ") + exitCode + '\n');
+        ShowTextFile(path);
+    }
+    qputenv("PATH", programs);
+    const auto* viewer = criteria.findChild<TextViewer*>();
+    ASSERT_TRUE(viewer);
+    EXPECT_TRUE(viewer->windowTitle().startsWith(u"ABSENSI HARIAN - "_s));
+    criteria.hide();
+    EXPECT_EQ(viewer->parentWidget(), &desk);
+    EXPECT_TRUE(viewer->isVisible());
+}
+#endif
