@@ -18,6 +18,8 @@ QString ReportFilePath(const ProgramFolder& folder) {
 
 void WriteReportFile(const ProgramFolder& folder, const QStringList& lines) {
     QSaveFile file(ReportFilePath(folder));
+    // A folder that takes no new files may still hold a report file that can be written.
+    file.setDirectWriteFallback(true);
     bool written = file.open(QIODevice::WriteOnly);
     for (const QString& line : lines) {
         if (!written)

@@ -9,5 +9,6 @@
 QString ReportFilePath(const ProgramFolder& folder);
 
 /// Replaces the report file by these lines: UTF-8, each line ended by CR LF. The former file stays whole
-/// until the new one is complete. Throws ProgramError when it cannot be written.
+/// until the new one is complete, unless the folder takes no new files. Throws ProgramError when it cannot be
+/// written.
 void WriteReportFile(const ProgramFolder& folder, const QStringList& lines);
