@@ -6,6 +6,7 @@
 #include "ui/busy_pointer.h"
 #include "ui_frmEditAbsensiOne.h"
 
+#include <QAbstractSpinBox>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -136,6 +137,9 @@ void frmEditAbsensiOne::ShowStatus(const QString& status) {
 }
 
 CardFields frmEditAbsensiOne::TypedFields() const {
+    // A mnemonic leaves the focus where it is, and a half typed date or time unread.
+    for (auto* box : findChildren<QAbstractSpinBox*>())
+        box->interpretText();
     const CardFields read = card_->Fields(program_.clock.Today());
     CardFields fields;
     fields.tanggal = FromQDate(ui_->txtTanggal->date());
