@@ -312,8 +312,13 @@ void CellEditor::ForgetRow(int row) {
 }
 
 bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == &grid_ && event->type() == QEvent::KeyPress)
-        return GridKeyDown(static_cast<QKeyEvent&>(*event));
+    if (watched == &grid_ && event->type() == QEvent::KeyPress) {
+        if (!text1_->hasFocus())
+            return GridKeyDown(static_cast<QKeyEvent&>(*event));
+        // A key that the text has no use for does not move the cursor from under it: on to the window.
+        event->ignore();
+        return true;
+    }
     if (watched == viewport_ && event->type() == QEvent::Resize) {
         Lay();
         return false;

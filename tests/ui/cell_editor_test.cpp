@@ -127,6 +127,8 @@ TEST(CellEditor, DoesNotOpenOnFixedAndLockedCellsNorOnCommands) {
 TEST(CellEditor, SavesARowOnceWhenTheCursorLeavesIt) {
     Host host;
     KeyboardUser::Type(u"new"_s);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Up})
+        Host::Press(key); // what is typed stays where it is
     Host::Press(Qt::Key_Return);
     EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"new"_s);
     EXPECT_TRUE(host.Text1().isHidden());
