@@ -117,9 +117,8 @@ bool frmShiftCode::MayDelete(const QString& code) {
     if (use.rosterDays > 0 || use.cards > 0)
         question =
             u"Kode shift %1 masih dipakai: %2 hari di jadwal shift dan %3 kartu absen. Baris-baris itu "
-            "tidak ikut diubah.\nHapus juga?"_s.arg(code)
-                .arg(use.rosterDays)
-                .arg(use.cards);
+            "tidak ikut diubah.\nHapus juga?"_s.arg(code, QString::number(use.rosterDays),
+                                                    QString::number(use.cards));
     return program_.dialogs.Ask(question) == Dialogs::Answer::Yes;
 }
 
