@@ -35,7 +35,8 @@ PeriodText ReadPeriod(const QString& period) {
             return read;
     }
     throw StatementError(
-        u"Periode \"%1\" ditolak: ketik tahun dan bulan dalam enam angka, misalnya 202611."_s.arg(period));
+        u"Periode \"%1\" ditolak: ketik tahun dan bulan (01 sampai 12) dalam enam angka, misalnya "
+        "202611."_s.arg(period));
 }
 
 } // namespace
