@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize FirstSize(1366, 740);
+const QString NotSaved = u"Belum disimpan: "_s;
 
 QString PeriodOf(std::chrono::year_month month) {
     return u"%1%2"_s.arg(static_cast<int>(month.year()), 4, 10, QChar(u'0'))
@@ -92,7 +93,7 @@ void frmShiftEmployee::MakeEditor() {
     std::iota(editing.pickListColumns.begin(), editing.pickListColumns.end(), int{RosterModel::FirstDay});
     editing.mayEdit = [this](const QModelIndex&) { return roster_.Month().has_value(); };
     editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
-    editing.saveCell = [this](const QModelIndex& cell) { SaveCell(cell); };
+    editing.saveCell = [this](const QModelIndex& cell) { return SaveCell(cell); };
     editing.gridEnterKey = [this](const QModelIndex&) { editor_->OpenOnCurrentCell(); };
     editing.gridDoubleClick = editing.gridEnterKey;
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
@@ -115,7 +116,7 @@ void frmShiftEmployee::LoadEmployees() {
     });
 }
 
-void frmShiftEmployee::LoadRoster() {
+bool frmShiftEmployee::LoadRoster() {
     bool loaded = false;
     Trapped(program_, u"frmShiftEmployee.LoadRoster"_s, [&] {
         WorkProgress progress(this, u"Membaca jadwal shift ..."_s);
@@ -126,6 +127,7 @@ void frmShiftEmployee::LoadRoster() {
         ui_->MSHFlexGrid1->ForgetUnsaved();
     }
     ShowMonth();
+    return loaded;
 }
 
 void frmShiftEmployee::cmdRefresh_Click() {
@@ -147,9 +149,11 @@ void frmShiftEmployee::LOV_AfterListClose(const QVariantMap& values) {
         editor_->TakePicked(values.value(u"Code"_s).toString());
 }
 
-void frmShiftEmployee::SaveCell(const QModelIndex& cell) {
-    roster_.SaveCell(program_.Db(), cell);
-    ui_->lblStatus->setText(u"Disimpan: "_s + roster_.Told(cell));
+bool frmShiftEmployee::SaveCell(const QModelIndex& cell) {
+    const bool saved =
+        Trapped(program_, u"frmShiftEmployee.SaveCell"_s, [&] { roster_.SaveCell(program_.Db(), cell); });
+    ui_->lblStatus->setText((saved ? u"Disimpan: "_s : NotSaved) + roster_.Told(cell));
+    return saved;
 }
 
 /// An emptied cell is a day without a shift that the roster knows of.
@@ -159,9 +163,7 @@ void frmShiftEmployee::GridDeleteKey(const QModelIndex& cell) {
     if (nothingToEmpty || !roster_.setData(cell, QString()))
         return;
     // What was refused on a day that the month lacks is only wiped away.
-    const bool saved = !roster_.DayOfCell(cell)
-                       || Trapped(program_, u"frmShiftEmployee.SaveCell"_s, [&] { SaveCell(cell); });
-    grid.MarkUnsaved(cell, !saved);
+    grid.MarkUnsaved(cell, roster_.DayOfCell(cell) && !SaveCell(cell));
 }
 
 void frmShiftEmployee::StepMonth(int months) {
@@ -181,7 +183,9 @@ void frmShiftEmployee::ShowMonth() {
 }
 
 void frmShiftEmployee::ShowCell() {
-    ui_->lblStatus->setText(roster_.Told(ui_->MSHFlexGrid1->currentIndex()));
+    const QModelIndex cell = ui_->MSHFlexGrid1->currentIndex();
+    const bool unsaved = ui_->MSHFlexGrid1->IsMarkedUnsaved(cell);
+    ui_->lblStatus->setText((unsaved ? NotSaved : QString()) + roster_.Told(cell));
 }
 
 void frmShiftEmployee::showEvent(QShowEvent* event) {
@@ -198,8 +202,10 @@ void frmShiftEmployee::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (inPeriod)
-            cmdRefresh_Click();
+        if (inPeriod && LoadRoster())
+            ui_->MSHFlexGrid1->setFocus();
+        else if (inPeriod)
+            ui_->txtPeriode->selectAll();
         else if (auto* button = qobject_cast<QAbstractButton*>(focusWidget()))
             button->click();
         break;

@@ -34,11 +34,13 @@ private:
     void InitGrid();
     void MakeEditor();
     void LoadEmployees();
-    void LoadRoster();
+    /// False when the month shown is still the one before.
+    bool LoadRoster();
     void cmdRefresh_Click();
     void cmdLov_Click(QLineEdit& anchor);
     void LOV_AfterListClose(const QVariantMap& values);
-    void SaveCell(const QModelIndex& cell);
+    /// False when the cell was not written.
+    bool SaveCell(const QModelIndex& cell);
     void GridDeleteKey(const QModelIndex& cell);
     void StepMonth(int months);
     void ShowMonth();

@@ -220,7 +220,8 @@ void CellEditor::CommitCellEdit() {
         return;
     grid_.model()->setData(cell, text, Qt::EditRole);
     if (editing_.saveCell) {
-        const bool saved = Trapped(program_, u"OnEnterText1"_s, [&] { editing_.saveCell(cell); });
+        bool saved = false;
+        Trapped(program_, u"OnEnterText1"_s, [&] { saved = editing_.saveCell(cell); });
         grid_.MarkUnsaved(cell, !saved);
         return;
     }

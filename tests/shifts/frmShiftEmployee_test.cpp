@@ -10,6 +10,7 @@
 #include "ui/msh_flex_grid.h"
 
 #include <QAbstractItemModelTester>
+#include <QFile>
 #include <QLabel>
 #include <QScrollBar>
 
@@ -75,7 +76,6 @@ public:
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return txtPeriode.hasFocus(); }));
         txtPeriode.selectAll();
         Keys(period + u'⏎');
-        Grid(window).setFocus();
     }
 
     TestCompany company;
@@ -178,6 +178,8 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
             EXPECT_EQ(roster.company.RowsOf(u"select * from ShiftEmployee"_s), before) << c.what;
             EXPECT_EQ(cell.data().toString(), c.code) << c.what;
             EXPECT_TRUE(grid.IsMarkedUnsaved(cell)) << c.what;
+            QFile log(roster.company.folder.filePath(u"VELTLOG.TXT"_s));
+            EXPECT_TRUE(log.open(QIODevice::ReadOnly) && log.readAll().contains("frmShiftEmployee.SaveCell"));
             Keys(u"⏎⏎"_s);
             EXPECT_EQ(roster.company.dialogs.texts.size(), 2) << c.what << ", entered again";
             KeyboardUser::Press(Qt::Key_R, Qt::AltModifier);
@@ -196,7 +198,7 @@ TEST(frmShiftEmployee, APeriodThatIsNoneKeepsTheMonthAndItsSaves) {
             EXPECT_EQ(roster.company.dialogs.texts.size(), 1) << period.toStdString();
             EXPECT_EQ(Roster::Codes(window, 0), u"1 P"_s);
             EXPECT_EQ(WindowCompany::Part<QLabel>(window, "lblMonth").text(), u"November 2026"_s);
-            Keys(u"MALAM⏎"_s);
+            Keys(u"↹↹MALAM⏎"_s);
             EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM"_s);
         });
     }
