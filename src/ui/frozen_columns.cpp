@@ -9,7 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int LineWidth = 1; // the theme's line between these columns and the others
-}
+/// No column can be drawn so wide that the others have no room left.
+constexpr int MostCharacters = 40;
+} // namespace
 
 FrozenColumns::FrozenColumns(MSHFlexGrid& grid, int count) : QTableView(&grid), grid_(grid) {
     setProperty("look", u"frozen"_s);
@@ -27,20 +29,18 @@ FrozenColumns::FrozenColumns(MSHFlexGrid& grid, int count) : QTableView(&grid), 
     verticalHeader()->setDefaultSectionSize(grid.verticalHeader()->defaultSectionSize());
     horizontalHeader()->setDefaultAlignment(grid.horizontalHeader()->defaultAlignment());
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMaximumSectionSize(MostCharacters * fontMetrics().averageCharWidth());
 
-    int width = LineWidth;
     for (int column = 0; column < model()->columnCount(); ++column) {
         setColumnHidden(column, column >= count);
         if (column >= count)
             continue;
         setColumnWidth(column, grid.columnWidth(column));
-        width += grid.columnWidth(column);
         grid.setColumnHidden(column, true);
     }
-    // The grid keeps the room of its row header free of its own columns: these stand there instead.
     grid.setCornerButtonEnabled(false);
-    grid.verticalHeader()->setFixedWidth(width);
     grid.verticalHeader()->show();
+    TakeRoom();
 
     connect(grid.verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, grid.verticalScrollBar(), &QScrollBar::setValue);
@@ -50,6 +50,11 @@ FrozenColumns::FrozenColumns(MSHFlexGrid& grid, int count) : QTableView(&grid), 
         grid.setFocus();
     });
     show();
+}
+
+/// The grid keeps the room of its row header free of its own columns: these stand there instead.
+void FrozenColumns::TakeRoom() {
+    grid_.verticalHeader()->setFixedWidth(horizontalHeader()->length() + LineWidth);
 }
 
 void FrozenColumns::Place() {

@@ -12,6 +12,8 @@ public:
     /// Takes the first columns over from the grid, which makes room for them on its left.
     FrozenColumns(MSHFlexGrid& grid, int count);
 
+    /// Makes room for these columns at their widths.
+    void TakeRoom();
     /// Follows the grid's size.
     void Place();
 

@@ -168,6 +168,11 @@ void MSHFlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& 
 void MSHFlexGrid::FreezeColumns(int count) {
     frozen_ = new FrozenColumns(*this, count);
     updateGeometries();
+    connect(frozen_->horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
+        frozen_->TakeRoom();
+        updateGeometries();
+        FitColumns();
+    });
 }
 
 void MSHFlexGrid::updateGeometries() {

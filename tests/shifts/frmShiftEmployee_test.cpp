@@ -264,6 +264,7 @@ TEST(frmShiftEmployee, NamesStayInSightBesideTheirDays) {
         auto* names = grid.findChild<FrozenColumns*>();
         ASSERT_TRUE(names);
         for (const auto& [row, day] : {std::pair{0, 1}, std::pair{61, 31}, std::pair{30, 2}}) {
+            names->setColumnWidth(RosterModel::Nama, 150 + row); // as the mouse draws it
             grid.setCurrentIndex(Roster::Cell(window, row, day));
             QCoreApplication::processEvents();
             const QRect code = grid.visualRect(grid.currentIndex());
