@@ -119,16 +119,19 @@ TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
         {u"⎀X⏎08:00⏎pagi⏎"_s, u"X|08:00|pagi"_s},
         {u"⎀X⏎8:00+1⏎9:00⏎"_s, u"X|8:00+1|09:00"_s},
         {u"⎀P⏎08:00⏎09:00⏎"_s, u"P|08:00|09:00"_s},
+        {u"⎀LAIN⏎08:00⏎09:00⏎"_s, u"LAIN|08:00|09:00"_s}, // another desk's, not read yet
         {u"⎀⎋→08:00⏎09:00⏎"_s, u"|08:00|09:00"_s},
         {u"⎀A'B⏎08:00⏎09:00⏎"_s, u"A'B|08:00|09:00"_s},
         {u"⎀X⏎08.00⏎↑"_s, u"X|08.00|"_s},
     };
     for (const auto& c : cases) {
         ShiftCodes codes;
+        const auto other = codes.company.OtherDesk();
         codes.Open([&](QWidget& window) {
+            other->Execute(u"INSERT INTO Shift (Code) VALUES ('LAIN')"_s);
             Keys(c.keys);
             EXPECT_EQ(codes.company.dialogs.texts.size(), 1) << c.row.toStdString();
-            EXPECT_EQ(codes.Rows(), (QStringList{Night, Daily}));
+            EXPECT_EQ(codes.Rows(), (QStringList{u"LAIN|-|-"_s, Night, Daily}));
             EXPECT_EQ(ShiftCodes::Shown(window).value(2), c.row);
             EXPECT_EQ(ShiftCodes::Grid(window).currentIndex().row(), 2);
             Keys(u"⎋"_s);
