@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +18,10 @@ class WholeProgram {
 public:
     WholeProgram() {
         company.window->hide();
+        TestCompany& staff = company.company;
+        for (int i = 15; i < 22; ++i)
+            staff.AddEmployee(u"00%1"_s.arg(i), u"Karyawan %1"_s.arg(i), u"x"_s);
+        staff.Db().Execute(u"UPDATE [User] SET Password='x' WHERE UserID<>'pelon'"_s);
         windows.Desk().Form_Load();
         windows.Desk().show();
         BringToFront(windows.Desk());
@@ -31,6 +36,48 @@ public:
         company.user.WhenIn(window, [work](QWidget&) { work(); });
     }
     static void Mnemonic(Qt::Key key) { KeyboardUser::Press(key, Qt::AltModifier); }
+    void RecordAll(Qt::Key key, const QString& moment) {
+        company.company.clock.now = Moment(moment);
+        for (const QString& nip : company.company.RowsOf(u"select NIP from Employee"_s))
+            company.Record(key, nip, u"x"_s);
+    }
+    /// The report's lines of two employees, one that works by night on the 22nd and one that is off.
+    QStringList Printed() const {
+        QFile report(ReportFilePath(company.company.program.folder));
+        EXPECT_TRUE(report.open(QIODevice::ReadOnly));
+        return QString::fromUtf8(report.readAll())
+            .split(u"\r\n"_s)
+            .filter(QRegularExpression(u"\\|001[23] *\\|"_s));
+    }
+    /// In admin mode Enter on a row opens the card; it is computed there.
+    void ComputeLastCard() {
+        In(u"frmEditAbsensiOne"_s, [this] {
+            Mnemonic(Qt::Key_H);
+            EXPECT_TRUE(KeyboardUser::WaitUntil([this] {
+                return !company.company.RowsOf(u"select 1 from TimeCardHeader where NormalHours>0"_s)
+                            .isEmpty();
+            }));
+            Keys(u"⎋"_s);
+        });
+        BringToFront(windows.Desk());
+        auto& sheet = WindowCompany::Part<QTableView>(windows.Desk(), "MSHFlexGrid1");
+        sheet.setFocus();
+        sheet.selectRow(sheet.model()->rowCount() - 1);
+        Keys(u"⏎"_s);
+    }
+    QStringList ComputeAndPrintAll() {
+        Keys(u"t20261122⏎"_s);
+        Mnemonic(Qt::Key_H);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([this] {
+            return company.company.RowsOf(u"select 1 from TimeCardHeader where NormalHours is null"_s)
+                .isEmpty();
+        }));
+        Mnemonic(Qt::Key_G);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return !company.company.shownReports.isEmpty(); }));
+        const QStringList printed = Printed();
+        Keys(u"⎋"_s);
+        return printed;
+    }
     void Administer() {
         BringToFront(windows.Desk());
         company.ChooseFromMenu(u"Edit data master dan laporan"_s);
@@ -41,46 +88,53 @@ public:
     DeskWindows windows{company.company.program, company.skin, [] { return u"United States"_s; }};
 };
 
+/// Types a month, everybody's shifts in turn, and adds what must then be stored.
+void TypeRoster(QStringList& typed) {
+    const QStringList shifts{u"P"_s, u"MALAM"_s, u"O"_s};
+    for (int employee = 12; employee < 22; ++employee) {
+        for (int day = 1; day <= 30; ++day) {
+            const QString& shift = shifts.at((employee + day) % 3);
+            Keys(shift + u"⏎→"_s);
+            typed << u"00%1|2026-11-%2|%3"_s.arg(employee).arg(day, 2, 10, QChar(u'0')).arg(shift);
+        }
+        Keys(u"⇱↓"_s);
+    }
+    Keys(u"⎋"_s);
+}
+
 } // namespace
 
-TEST(WholeProgram, ANightGoesFromTheRosterThroughTheClockAndTheComputationIntoTheReport) {
+TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTheReport) {
     WholeProgram program;
     TestCompany& company = program.company.company;
     company.Db().Execute(u"UPDATE Employee SET EmpType='HRN', GP=150000, TMakan=12500"_s);
 
-    // The supervisor makes the shift, gives it to Siti for the 22nd and leaves the desk in admin mode.
+    // The supervisor makes the shifts, types the month's roster and leaves the desk in admin mode.
+    QStringList typed;
     program.company.WillLogIn(u"pelon"_s, u"pelon"_s);
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_C); });
-    program.In(u"frmShiftCode"_s, [] { Keys(u"⎀MALAM⏎22:00⏎06:00⏎⎋"_s); });
+    program.In(u"frmShiftCode"_s, [] { Keys(u"⎀MALAM⏎22:00⏎06:00⏎⎀P⏎08:00⏎17:00⏎⎋"_s); });
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_S); });
-    program.In(u"frmShiftEmployee"_s, [] { Keys(QString(21, u'→') + u"MALAM⏎⎋"_s); });
+    program.In(u"frmShiftEmployee"_s, [&typed] { TypeRoster(typed); });
     program.In(u"frmSetting"_s, [] { Keys(u"↹↹↹↹ ⎋"_s); });
     program.Administer();
     ASSERT_TRUE(program.windows.Desk().AdminMode());
+    EXPECT_EQ(company.RowsOf(u"select NIP, Tgl, ShiftCode from ShiftEmployee"_s), typed);
 
-    company.clock.now = Moment(u"2026-11-22 21:50:00");
-    program.company.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
-    company.clock.now = Moment(u"2026-11-23 06:05:00");
-    program.company.Record(Qt::Key_F8, u"0012"_s, u"rahasia"_s);
+    program.RecordAll(Qt::Key_F2, u"2026-11-22 21:50:00"_s);
+    program.RecordAll(Qt::Key_F8, u"2026-11-23 06:05:00"_s);
 
-    // In admin mode Enter on her row opens the card; it is computed there.
-    program.In(u"frmEditAbsensiOne"_s, [&company] {
-        WholeProgram::Mnemonic(Qt::Key_H);
-        EXPECT_TRUE(KeyboardUser::WaitUntil([&] {
-            return company.RowsOf(u"select NormalHours from TimeCardHeader"_s) != QStringList{u"-"_s};
-        }));
-        Keys(u"⎋"_s);
-    });
-    WholeProgram::BringToFront(program.windows.Desk());
-    auto& sheet = WindowCompany::Part<QTableView>(program.windows.Desk(), "MSHFlexGrid1");
-    sheet.setFocus();
-    sheet.selectRow(sheet.model()->rowCount() - 1); // by name she is the last
-    Keys(u"⏎"_s);
+    program.ComputeLastCard(); // by name it is Siti's
     EXPECT_EQ(
-        company.RowsOf(u"select h.TCID, h.NormalHours, h.NormalAmount, h.TotalUangMakan, d.TimeINOT, "
-                       "d.ShiftCode from TimeCardHeader h inner join TimeCardDetail d on d.TCID=h.TCID"_s),
+        company.RowsOf(
+            u"select h.TCID, h.NormalHours, h.NormalAmount, h.TotalUangMakan, d.TimeINOT, "
+            "d.ShiftCode from TimeCardHeader h inner join TimeCardDetail d on d.TCID=h.TCID where h.NIP='0012'"_s),
         QStringList{u"T202611220012|8.1|150000|12500|2026-11-23 06:00:00|MALAM"_s});
 
+    // All cards are computed and printed from the search, the day from the browser.
+    QStringList printed;
+    program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_D); });
+    program.In(u"frmEditAbsensi"_s, [&] { printed = program.ComputeAndPrintAll(); });
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_E); });
     program.In(u"frmAbsensi"_s, [] {
         WholeProgram::Mnemonic(Qt::Key_L);
@@ -90,11 +144,18 @@ TEST(WholeProgram, ANightGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
     program.In(u"frmAbsensi"_s, [] { Keys(u"⎋"_s); });
     program.In(u"frmSetting"_s, [] { Keys(u"⎋"_s); });
     program.Administer();
-    ASSERT_EQ(company.shownReports.size(), 1);
-    QFile report(ReportFilePath(company.program.folder));
-    ASSERT_TRUE(report.open(QIODevice::ReadOnly));
-    const QString printed = QString::fromUtf8(report.readAll());
-    EXPECT_TRUE(printed.contains(u"|0012    |Siti Aminah         | 21:50 | 06:05 |OUT    |"_s))
-        << printed.toStdString();
-    EXPECT_TRUE(company.dialogs.texts.isEmpty());
+    ASSERT_EQ(company.shownReports.size(), 2);
+    printed << program.Printed();
+    EXPECT_EQ(
+        printed,
+        (QStringList{
+            u"1    |OUT   |0012|Siti Aminah |          |PROD|T202611220012|A     |22-Nov-2026|21:50:00|"
+            "23-Nov-2026 06:05:00|23-Nov-2026 06:00:00|23-Nov-2026 06:05:00|"
+            "True         |8.1        |0      |150000      |0       |"_s,
+            u"2    |OUT   |0013|Budi Santoso|          |PROD|T202611220013|B     |22-Nov-2026|21:50:00|"
+            "23-Nov-2026 06:05:00|                    |                    |"
+            "True         |0          |0      |150000      |0       |"_s,
+            u"|2   |0013    |Budi Santoso        | 21:50 | 06:05 |OUT    |                              |"_s,
+            u"|10  |0012    |Siti Aminah         | 21:50 | 06:05 |OUT    |                              |"_s}));
+    EXPECT_EQ(company.dialogs.texts.size(), 1) << "the print's own notice";
 }
