@@ -26,25 +26,21 @@ FieldValue OrNull(const std::optional<WallTime>& time) {
     return time ? FieldValue(*time) : FieldValue();
 }
 
-/// Steps to the card's row of that day, or behind the last.
-void FindDay(Recordset& days, Day day) {
-    while (!days.AtEnd() && days.Field(u"Tanggal"_s).Text() != StoredDay(day))
-        days.MoveNext();
-}
-
-/// The card's row of that day as it is stored; nothing when header or day is missing.
-std::optional<AttendanceRecord> StoredRecord(Connection& connection, const QString& tcid, Day day) {
+/// The card's row of the employee's day as it is stored; nothing when header or day is missing, or when the
+/// card is another employee's now.
+std::optional<AttendanceRecord> StoredRecord(Connection& connection, const QString& tcid,
+                                             const ShownDayRow& row) {
     Rows days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(tcid));
     bool found = false;
     AttendanceRecord record;
     record.tcid = tcid;
     while (!found && days.Next()) {
-        found = days.Text(0) == StoredDay(day);
+        found = days.Text(0) == StoredDay(row.day);
         record.timeIn = SetTime(days.Time(1));
         record.timeOut = SetTime(days.Time(2));
     }
     Rows header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(tcid));
-    if (!found || !header.Next())
+    if (!found || !header.Next() || header.Text(header.ColumnOf(u"NIP"_s)) != row.nip)
         return std::nullopt;
     record.status = header.Text(header.ColumnOf(u"Status"_s));
     record.keterangan = header.Text(header.ColumnOf(u"Keterangan"_s));
@@ -62,7 +58,8 @@ void CheckHasNoDay(Connection& connection, const QString& tcid) {
                            tcid, ShownDay(DayOf(used))));
 }
 
-/// A header without a day is what a deleted card left: it is taken up again.
+/// A header without a day is what a deleted card left: it is taken up again, but not what was computed for
+/// the day that is gone.
 void WriteHeader(Connection& connection, const QString& tcid, const QString& nip, const QString& status) {
     Recordset header = OpenHeader(connection, tcid);
     const QString owner = header.AtEnd() ? QString() : header.Field(u"NIP"_s).Text();
@@ -74,7 +71,20 @@ void WriteHeader(Connection& connection, const QString& tcid, const QString& nip
     header.Set(u"TCID"_s, tcid);
     header.Set(u"NIP"_s, nip);
     header.Set(u"Status"_s, status);
+    for (const QString& computed :
+         {u"NormalHours"_s, u"OTHours"_s, u"NormalAmount"_s, u"OTAmount"_s, u"TotalUangMakan"_s})
+        header.Set(computed, {});
     header.Update();
+}
+
+QString Span(QStringView what, const Recordset& days, const QString& from, const QString& to) {
+    const auto shown = [&days](const QString& field) {
+        const std::optional<WallTime> time = SetTime(days.Field(field).Time());
+        return time ? ShownMinute(*time) : QString();
+    };
+    if (shown(from).isEmpty() && shown(to).isEmpty())
+        return {};
+    return u" %1 %2-%3"_s.arg(what, shown(from), shown(to));
 }
 
 /// Returns the new card's identifier.
@@ -95,12 +105,12 @@ AttendanceRecord SaveStatusCell(Connection& connection, const ShownDayRow& row, 
     Transaction transaction(connection);
     const QString tcid = row.record ? row.record->tcid : MakeCard(connection, row, status);
     if (row.record) {
-        const std::optional<AttendanceRecord> stored = StoredRecord(connection, tcid, row.day);
+        const std::optional<AttendanceRecord> stored = StoredRecord(connection, tcid, row);
         if (!stored || (stored->status != row.record->status && stored->status != status))
             throw ConflictError(Cards);
     }
     connection.Execute(u"UPDATE [TimeCardHeader] SET Status=? WHERE TCID=?"_s, {status, tcid});
-    const std::optional<AttendanceRecord> saved = StoredRecord(connection, tcid, row.day);
+    const std::optional<AttendanceRecord> saved = StoredRecord(connection, tcid, row);
     transaction.Commit();
     return saved.value();
 }
@@ -120,8 +130,8 @@ std::optional<AttendanceRecord> SaveGridRow(Connection& connection, const ShownD
         header.Update();
     }
     Recordset days = b_stored_procedure::OpenTimeCardDetail(connection, shown.tcid);
-    FindDay(days, row.day);
-    if (days.AtEnd()) {
+    // A card that was moved to another day or employee is not missing.
+    if (days.AtEnd() && header.Field(u"NIP"_s).Text() == row.nip) {
         days.AddNew();
         days.Set(u"TCID"_s, shown.tcid);
         days.Set(u"Tanggal"_s, row.day);
@@ -130,14 +140,31 @@ std::optional<AttendanceRecord> SaveGridRow(Connection& connection, const ShownD
         days.Update();
     }
     transaction.Commit();
-    return StoredRecord(connection, shown.tcid, row.day);
+    return LoadRow(connection, row);
 }
 
-void DeleteCardDays(Connection& connection, const ShownDayRow& row) {
+QStringList HiddenOnCard(Connection& connection, const ShownDayRow& row) {
+    QStringList hidden;
+    if (!row.record)
+        return hidden;
+    for (Recordset days = b_stored_procedure::OpenTimeCardDetail(connection, row.record->tcid); !days.AtEnd();
+         days.MoveNext()) {
+        const Day day = DayOf(days.Field(u"Tanggal"_s).Time().value_or(EmptyTime));
+        const QString overtime = Span(u"lembur", days, u"TimeINOT"_s, u"TimeOutOT"_s);
+        if (day != row.day)
+            hidden << ShownDay(day) + Span(u"jam", days, u"TimeIN"_s, u"TimeOUT"_s) + overtime;
+        else if (!overtime.isEmpty())
+            hidden << ShownDay(day) + overtime;
+    }
+    return hidden;
+}
+
+void DeleteCardDays(Connection& connection, const ShownDayRow& row, const QStringList& told) {
     if (!row.record)
         return;
     Transaction transaction(connection);
-    if (StoredRecord(connection, row.record->tcid, row.day) != row.record)
+    if (StoredRecord(connection, row.record->tcid, row) != row.record
+        || HiddenOnCard(connection, row) != told)
         throw ConflictError(Cards);
     connection.Execute(u"Delete from [TimeCardDetail] where TCID="_s + Quoted(row.record->tcid));
     transaction.Commit();
@@ -145,7 +172,7 @@ void DeleteCardDays(Connection& connection, const ShownDayRow& row) {
 
 std::optional<AttendanceRecord> LoadRow(Connection& connection, const ShownDayRow& row) {
     if (row.record) {
-        if (auto stored = StoredRecord(connection, row.record->tcid, row.day))
+        if (auto stored = StoredRecord(connection, row.record->tcid, row))
             return stored;
     }
     return ReadAttendance(connection, row.nip, row.day);

@@ -16,13 +16,18 @@ struct ShownDayRow {
 AttendanceRecord SaveStatusCell(Connection& connection, const ShownDayRow& row, const QString& status);
 
 /// Sees that a row whose status was saved stands in the database still, adding header and day as they are
-/// shown where they are missing. What another desk wrote meanwhile stays. Returns what is stored; nothing
-/// when no card is shown. Throws DatabaseError.
+/// shown where they are missing. What another desk wrote meanwhile stays, also on another day or employee.
+/// Returns what is stored; nothing when no card is shown, or none is left. Throws DatabaseError.
 std::optional<AttendanceRecord> SaveGridRow(Connection& connection, const ShownDayRow& row);
 
+/// What goes with the card when its days are deleted and cannot be seen in its row, a line for each day: its
+/// overtime, and the days that it has beside the one shown. Throws DatabaseError.
+QStringList HiddenOnCard(Connection& connection, const ShownDayRow& row);
+
 /// Deletes the days of the row's card and leaves its header; nothing when no card is shown. Throws
-/// ConflictError when the card is no longer as it is shown, DatabaseError; nothing is deleted then.
-void DeleteCardDays(Connection& connection, const ShownDayRow& row);
+/// ConflictError when the card is no longer as it is shown, or hides other things than were told,
+/// DatabaseError; nothing is deleted then.
+void DeleteCardDays(Connection& connection, const ShownDayRow& row, const QStringList& told);
 
 /// What the database holds now for the row; nothing when the day has no card. Throws DatabaseError.
 std::optional<AttendanceRecord> LoadRow(Connection& connection, const ShownDayRow& row);

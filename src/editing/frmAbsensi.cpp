@@ -287,9 +287,12 @@ std::optional<QString> frmAbsensi::CheckStatus(int row, const QString& code) {
 bool frmAbsensi::SaveRow(int row) {
     const ShownDayRow shown = RowAt(row);
     std::optional<AttendanceRecord> stored = SaveGridRow(program_.Db(), shown);
-    if (stored && stored->status != shown.record->status)
-        ui_->lblDone->setText(u"%1, %2: status sudah diganti dari komputer lain menjadi %3."_s.arg(
-            shown.nip, ShownDay(shown.day), stored->status));
+    const QString which = shown.nip + u", "_s + ShownDay(shown.day);
+    if (shown.record && !stored)
+        ui_->lblDone->setText(u"%1: kartunya sudah dipindah dari komputer lain."_s.arg(which));
+    else if (stored && stored->status != shown.record->status)
+        ui_->lblDone->setText(
+            u"%1: status sudah diganti dari komputer lain menjadi %2."_s.arg(which, stored->status));
     rows_.SetRecord(row, std::move(stored));
     return true;
 }
@@ -318,8 +321,15 @@ void frmAbsensi::GridDeleteKey(const QModelIndex& cell) {
     const ShownDayRow shown = RowAt(row);
     if (!shown.record || !modGeneral::AskAdminPass(program_))
         return;
+    const QStringList hidden = HiddenOnCard(program_.Db(), shown);
+    if (!hidden.isEmpty()
+        && program_.dialogs.Ask(
+               u"Kartu %1 memuat juga yang tidak tampil di baris ini:\n%2\n\nHapus semuanya?"_s.arg(
+                   shown.record->tcid, hidden.join(u'\n')))
+               != Dialogs::Answer::Yes)
+        return;
     try {
-        DeleteCardDays(program_.Db(), shown);
+        DeleteCardDays(program_.Db(), shown, hidden);
         LoadRow(row);
     } catch (const ConflictError&) {
         LoadRow(row);

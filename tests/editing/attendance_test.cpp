@@ -173,9 +173,12 @@ TEST_F(AttendanceTest, AStatusMakesTheCardOfADayThatHasNone) {
     EXPECT_EQ(company.RowsOf(Cards),
               (QStringList{u"T200603050012|0012|S|2006-03-05|-|-"_s, u"T20060305K1|k1|S|2006-03-05|-|-"_s}));
     // A deleted card leaves its header, which is taken up again.
-    DeleteCardDays(company.Db(), RowOf(u"0012"_s, day));
+    DeleteCardDays(company.Db(), RowOf(u"0012"_s, day), {});
     EXPECT_EQ(RowOf(u"0012"_s, day).record, std::nullopt);
+    Run(u"UPDATE TimeCardHeader SET OTHours=2, OTAmount=30000, Keterangan='surat dokter'"_s);
     SaveStatusCell(company.Db(), RowOf(u"0012"_s, day), u"CT"_s);
+    EXPECT_EQ(company.RowsOf(u"select OTHours, OTAmount, Keterangan from TimeCardHeader order by TCID"_s)[0],
+              u"-|-|surat dokter"_s);
     EXPECT_EQ(company.RowsOf(Cards).value(0), u"T200603050012|0012|CT|2006-03-05|-|-"_s);
 }
 
@@ -222,6 +225,12 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
          false},
         {"a time recorded", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
          u"UPDATE TimeCardDetail SET TimeOUT='2026-11-20 16:00:00'"_s, true, false},
+        {"overtime recorded", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
+         u"UPDATE TimeCardDetail SET TimeINOT='2026-11-20 17:00:00'"_s, true, false},
+        {"a day added to the card", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
+         u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611200012','2026-11-21')"_s, true, false},
+        {"given to another employee", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
+         u"UPDATE TimeCardHeader SET NIP='0013'"_s, false, false},
         {"the same status", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
          u"UPDATE TimeCardHeader SET Status='S'"_s, true, false},
         {"nothing", u"0012"_s, card(u"T202611200012"_s, u"0012"_s), {}, true, true},
@@ -236,12 +245,13 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
             run(u"DELETE FROM TimeCardHeader;DELETE FROM TimeCardDetail"_s);
             run(c.before);
             const ShownDayRow row = RowOf(c.nip, day);
+            const QStringList told = HiddenOnCard(company.Db(), row);
             run(c.meanwhile);
             const QStringList before = company.RowsOf(Cards);
             QString failure;
             try {
                 if (deleting)
-                    DeleteCardDays(company.Db(), row);
+                    DeleteCardDays(company.Db(), row, told);
                 else
                     SaveStatusCell(company.Db(), row, u"S"_s);
             } catch (const ProgramError& error) {
@@ -269,6 +279,10 @@ TEST_F(AttendanceTest, LeavingARowAddsWhatIsMissingAndChangesNothingElse) {
         {{u"UPDATE TimeCardHeader SET Status='OUT'"_s,
           u"UPDATE TimeCardDetail SET TimeOUT='2026-11-20 17:00:00'"_s},
          clockedOut},
+        {{u"UPDATE TimeCardDetail SET Tanggal='2026-11-19'"_s},
+         QString(clockedOut).replace(u"|2026-11-20|"_s, u"|2026-11-19|"_s)},
+        {{u"DELETE FROM TimeCardDetail"_s, u"UPDATE TimeCardHeader SET NIP='0013'"_s},
+         u"T202611200012|0013|OUT|-|-|-"_s},
     };
     for (const auto& [meanwhile, stored] : cases) {
         for (const QString& statement : meanwhile)

@@ -214,6 +214,12 @@ TEST(frmAbsensi, DeletesTheCardsDayForASupervisorOnly) {
     EXPECT_EQ(browser.company.dialogs.texts.size(), 2); // not what was shown
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|IN|T202611010013"_s);
     EXPECT_EQ(browser.company.RowsOf(Cards).size(), before.size());
+    browser.Run(
+        u"UPDATE TimeCardDetail SET TimeINOT='2026-11-01 17:00:00',TimeOutOT='2026-11-01 20:00:00'"_s);
+    browser.company.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
+    KeyboardUser::Press(Qt::Key_Delete); // overtime, which the row does not show
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|IN|T202611010013"_s);
+    EXPECT_TRUE(browser.company.dialogs.questions.value(0).contains(u"01-Nov-2026 lembur 17:00-20:00"_s));
     KeyboardUser::Press(Qt::Key_Delete);
     EXPECT_EQ(browser.company.dialogs.texts.size(), 2);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026||||"_s);
