@@ -14,6 +14,7 @@
 #include "ui_frmAbsensi.h"
 
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
@@ -103,13 +104,15 @@ void frmAbsensi::SetUpGrid() {
                                                {AttendanceModel::Dept, u"MMMM"_s},
                                                {AttendanceModel::Divisi, u"MMMM"_s},
                                                {AttendanceModel::Tanggal, u"00-MMM-0000"_s},
-                                               {AttendanceModel::TimeIn, u"TimeOUT"_s},
-                                               {AttendanceModel::TimeOut, u"TimeOUT"_s},
+                                               {AttendanceModel::TimeIn, u"00:00"_s},
+                                               {AttendanceModel::TimeOut, u"00:00"_s},
                                                {AttendanceModel::Status, u"MMMM"_s},
                                                {AttendanceModel::Tcid, u"T00000000-00000"_s}};
     for (const auto& [column, sample] : samples)
-        grid.setColumnWidth(column, metrics.horizontalAdvance(sample) + padding);
-    grid.StretchColumn(AttendanceModel::Keterangan, metrics.horizontalAdvance(u"Keterangan"_s) + padding);
+        grid.setColumnWidth(column, qMax(metrics.horizontalAdvance(sample) + padding,
+                                         grid.horizontalHeader()->sectionSizeHint(column)));
+    grid.StretchColumn(AttendanceModel::Keterangan,
+                       grid.horizontalHeader()->sectionSizeHint(AttendanceModel::Keterangan));
 
     CellEditing editing;
     editing.pickListColumns = {AttendanceModel::Status};
