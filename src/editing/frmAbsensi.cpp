@@ -223,10 +223,13 @@ void frmAbsensi::cmdOpenCard_Click() {
     if (row < 0 || !needs_.editCard)
         return;
     const AttendanceModel::RowKey key = rows_.KeyOf(row);
-    const auto record = rows_.RecordAt(row);
-    const QString tcid = record ? record->tcid : CardIdentifier(SheetIdentifierOf(key.day), key.nip);
     bool written = false;
-    Trapped(program_, u"cmdOpenCard_Click"_s, [&] { written = needs_.editCard(tcid, key.nip); });
+    Trapped(program_, u"cmdOpenCard_Click"_s, [&] {
+        LoadRow(row); // another desk may have made a card since, perhaps on an extended sheet
+        const auto record = rows_.RecordAt(row);
+        const QString tcid = record ? record->tcid : CardIdentifier(SheetIdentifierOf(key.day), key.nip);
+        written = needs_.editCard(tcid, key.nip);
+    });
     if (written && RefreshAttendance())
         GoTo(qMax(0, rows_.RowOf(key)));
     ui_->MSHFlexGrid1->setFocus();
