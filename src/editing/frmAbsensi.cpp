@@ -23,19 +23,25 @@ namespace {
 
 constexpr QSize FirstSize(1280, 700);
 const QString All = u"<ALL>"_s;
+/// How many letters of a department or division are seen at once.
+constexpr int WidestName = 28;
 
 std::optional<QString> ChosenCode(const QComboBox& list) {
     return list.currentIndex() > 0 ? std::optional(list.currentData().toString()) : std::nullopt;
 }
 
+/// What was chosen stays chosen.
 void FillList(Connection& connection, QComboBox& list, const QString& query) {
+    const std::optional<QString> chosen = ChosenCode(list);
+    Rows rows = connection.Query(query);
     list.clear();
     list.addItem(All);
-    Rows rows = connection.Query(query);
     while (rows.Next()) {
         const QString code = rows.Text(0);
         const QString name = rows.Text(1);
         list.addItem(name.isEmpty() ? code : name, code);
+        if (code == chosen)
+            list.setCurrentIndex(list.count() - 1);
     }
 }
 
@@ -65,7 +71,9 @@ frmAbsensi::frmAbsensi(Program& program, AttendanceBrowserNeeds needs, const b_f
     b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
     SetUpGrid();
     ConnectControls();
-    Form_Load();
+    ui_->txtEmpl->setFixedWidth(Theme::FieldWidth(*ui_->txtEmpl, u"0000000000"_s));
+    for (QComboBox* list : {ui_->txtDept, ui_->txtDivisi})
+        list->setMaximumWidth(Theme::FieldWidth(*list, QString(WidestName, u'n')));
     RestorePlace(*this, FirstSize);
 }
 
@@ -129,14 +137,16 @@ void frmAbsensi::SetUpGrid() {
     editor_ = new CellEditor(program_, grid, std::move(editing));
 }
 
+/// The window is kept while it is closed: what it offers is that of the moment when it opens.
 void frmAbsensi::Form_Load() {
-    ui_->txtEmpl->setFixedWidth(Theme::FieldWidth(*ui_->txtEmpl, u"0000000000"_s));
     Trapped(program_, u"Form_Load"_s, [this] {
         FillList(program_.Db(), *ui_->txtDivisi, u"SELECT DivKode, DivName FROM Division ORDER BY DivName"_s);
         FillList(program_.Db(), *ui_->txtDept,
                  u"SELECT DeptCode, DeptName FROM Departments ORDER BY DeptName"_s);
     });
     const QDate today = ToQDate(program_.clock.Today());
+    if (std::exchange(openedOn_, today) == today)
+        return;
     ui_->txtDate1->setDate(QDate(today.year(), today.month(), 1));
     ui_->txtDate2->setDate(today);
 }
@@ -347,9 +357,9 @@ void frmAbsensi::GridDeleteKey(const QModelIndex& cell) {
 
 void frmAbsensi::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    // The window is kept while it is closed; the rows are those of the moment when it opens.
     if (event->spontaneous())
         return;
+    Form_Load();
     ui_->txtEmpl->setFocus();
     ui_->txtEmpl->selectAll();
     if (RefreshAttendance())
@@ -362,7 +372,7 @@ void frmAbsensi::keyPressEvent(QKeyEvent* event) {
         close();
     else if (event->key() == Qt::Key_F5 && row >= 0)
         Trapped(program_, u"LoadRow"_s, [&] { LoadRow(row); });
-    else if (event->key() == Qt::Key_F9 && ui_->txtEmpl->hasFocus())
+    else if (event->key() == Qt::Key_F9)
         cmdEmpl_Click();
     else if (!IsEnter(event->key()))
         QDialog::keyPressEvent(event);

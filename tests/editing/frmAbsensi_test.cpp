@@ -130,8 +130,16 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.Part<QLineEdit>("txtEmpl").clear(); // what another desk writes while it is closed
     browser.window->close();
     browser.Run(u"UPDATE TimeCardHeader SET NIP='0012'"_s);
+    browser.Run(u"INSERT INTO Departments (DeptCode,DeptName) VALUES ('B','Bengkel')"_s);
     browser.window->show();
     EXPECT_EQ(browser.Row(0), u"0012|01-Nov-2026|07:45||IN|T202611010013"_s);
+    EXPECT_EQ(dept.currentText(), u"Produksi"_s);
+    EXPECT_EQ(dept.itemText(1), u"Bengkel"_s);
+    browser.window->close();
+    browser.company.clock.now = Moment(u"2026-12-02 08:00:00");
+    browser.window->show();
+    EXPECT_EQ(browser.Part<QDateEdit>("txtDate1").date(), QDate(2026, 12, 1));
+    EXPECT_EQ(browser.Part<QDateEdit>("txtDate2").date(), QDate(2026, 12, 2));
 }
 
 TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
