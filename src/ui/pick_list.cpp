@@ -95,18 +95,16 @@ void PickList::Place(double left, double top) {
     int width = grid_->verticalScrollBar()->sizeHint().width() + 3 * Theme::GroupGap;
     for (int column = 0; column < filtered_->columnCount(); ++column)
         width += grid_->columnWidth(column);
-    setFixedWidth(qMax(width, hint_->sizeHint().width() + 3 * Theme::GroupGap));
+    const QScreen* screen = anchor_ ? anchor_->screen() : QWidget::screen();
+    const QRect room = screen->availableGeometry();
+    setFixedWidth(qMin(qMax(width, hint_->sizeHint().width() + 3 * Theme::GroupGap), room.width()));
     adjustSize();
 
     QPoint place = anchor_ ? anchor_->mapToGlobal(QPoint(0, anchor_->height() + 2)) : QPoint(0, 0);
     if (left >= 0 && top >= 0)
         place = QPoint(qRound(left), qRound(top));
-    if (const QScreen* screen = anchor_ ? anchor_->screen() : nullptr) {
-        const QRect room = screen->availableGeometry();
-        place.setX(qMax(room.left(), qMin(place.x(), room.right() - width)));
-        if (place.y() + height() > room.bottom())
-            place.setY(qMax(room.top(), room.bottom() - this->height()));
-    }
+    place.setX(qMax(room.left(), qMin(place.x(), room.right() + 1 - this->width())));
+    place.setY(qMax(room.top(), qMin(place.y(), room.bottom() + 1 - this->height())));
     move(place);
 }
 

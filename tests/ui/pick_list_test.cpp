@@ -3,6 +3,7 @@
 #include "support/window_company.h"
 
 #include <QLineEdit>
+#include <QScreen>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -94,4 +95,18 @@ TEST(PickList, AFailingQueryOrAnotherConnectionSelectsNothing) {
     open.Show();
     EXPECT_EQ(open.closed, 2);
     EXPECT_EQ(open.company.dialogs.texts.size(), 2);
+}
+
+TEST(PickList, StaysOnTheScreenBesideItsEdgeAndWithLongTexts) {
+    OpenList open;
+    // This platform moves every window in by a frame of its own.
+    const QRect room = open.window.screen()->availableGeometry().adjusted(0, 0, 2, 2);
+    for (const QString& name : {u"Siti"_s, QString(1000, u'W')}) {
+        open.company.Db().Execute(u"update Employee set Nama=?"_s, {name});
+        open.window.move(room.bottomRight());
+        open.Show();
+        EXPECT_TRUE(room.contains(open.list->geometry())) << name.size();
+        KeyboardUser::Press(Qt::Key_Escape);
+        open.closed = 0;
+    }
 }
