@@ -73,14 +73,16 @@ private:
         const bool narrow = grid_->SharesRoom(index.column());
         const int padding = narrow ? qMin(Theme::CellPadding, cell.rect.width() / 12) : Theme::CellPadding;
         QRect room = cell.rect.adjusted(padding, 0, -padding, 0);
-        const int wanted = metrics.horizontalAdvance(cell.text);
+        // A text of several lines has one line here.
+        QString text = QString(cell.text).replace(QChar::LineSeparator, u' ');
+        const int wanted = metrics.horizontalAdvance(text);
         if (narrow && wanted > room.width()) {
             const qreal scale = qMax(NarrowestText, static_cast<qreal>(room.width()) / wanted);
             painter.translate(room.left(), 0);
             painter.scale(scale, 1);
             room = QRect(0, room.top(), qCeil(room.width() / scale) + Rounding, room.height());
         }
-        const QString text = metrics.elidedText(cell.text, Qt::ElideRight, room.width());
+        text = metrics.elidedText(text, Qt::ElideRight, room.width());
         painter.drawText(room, static_cast<int>(cell.displayAlignment), text);
     }
 
