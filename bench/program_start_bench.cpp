@@ -21,7 +21,7 @@ namespace {
 class NoDialogs : public Dialogs {
 public:
     void Show(Icon, const QString& text) override { throw std::runtime_error(text.toStdString()); }
-    Answer Ask(const QString& question) override { throw std::runtime_error(question.toStdString()); }
+    Answer Ask(const QString& question, Answer) override { throw std::runtime_error(question.toStdString()); }
 };
 
 /// What a start does before the first window can show the sheet, without the windows.

@@ -69,7 +69,7 @@ long ResidentMemory() {
 class CountingDialogs : public Dialogs {
 public:
     void Show(Icon, const QString& text) override { ++shown[text.simplified()]; }
-    Answer Ask(const QString& question) override {
+    Answer Ask(const QString& question, Answer) override {
         ++shown[question.simplified()];
         return Answer::Yes;
     }

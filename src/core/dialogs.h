@@ -13,8 +13,10 @@ public:
     /// Shows a message with an OK button and waits until it is closed.
     virtual void Show(Icon icon, const QString& text) = 0;
 
-    /// Asks a question with "Ya", "Tidak" and "Batal"; leaving it without an answer is Cancel.
-    virtual Answer Ask(const QString& question) = 0;
+    /// Asks a question with "Ya", "Tidak" and "Batal", of which Enter gives the suggested one; leaving it
+    /// without an answer is Cancel.
+    virtual Answer Ask(const QString& question, Answer suggested) = 0;
+    Answer Ask(const QString& question) { return Ask(question, Answer::Yes); }
 
     void Plain(const QString& text) { Show(Icon::None, text); }
     void Inform(const QString& text) { Show(Icon::Information, text); }

@@ -119,7 +119,7 @@ bool frmShiftCode::MayDelete(const QString& code) {
             u"Kode shift %1 masih dipakai: %2 hari di jadwal shift dan %3 kartu absen. Baris-baris itu "
             "tidak ikut diubah.\nHapus juga?"_s.arg(code, QString::number(use.rosterDays),
                                                     QString::number(use.cards));
-    return program_.dialogs.Ask(question) == Dialogs::Answer::Yes;
+    return program_.dialogs.Ask(question, Dialogs::Answer::No) == Dialogs::Answer::Yes;
 }
 
 /// Not from within the grid's own move: it would go on to the cell that it was on its way to.

@@ -42,14 +42,16 @@ void MessageDialogs::Show(Icon icon, const QString& text) {
     box.exec();
 }
 
-Dialogs::Answer MessageDialogs::Ask(const QString& question) {
+Dialogs::Answer MessageDialogs::Ask(const QString& question, Answer suggested) {
     QMessageBox box(QMessageBox::Question, ProgramTitle, question,
                     QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QApplication::activeWindow());
     SetUp(box);
     box.button(QMessageBox::Yes)->setText(u"&Ya"_s);
     box.button(QMessageBox::No)->setText(u"&Tidak"_s);
     box.button(QMessageBox::Cancel)->setText(u"&Batal"_s);
-    box.setDefaultButton(QMessageBox::Yes);
+    box.setDefaultButton(suggested == Answer::Yes  ? QMessageBox::Yes
+                         : suggested == Answer::No ? QMessageBox::No
+                                                   : QMessageBox::Cancel);
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Answer::Yes;

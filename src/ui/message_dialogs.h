@@ -6,5 +6,6 @@
 class MessageDialogs : public Dialogs {
 public:
     void Show(Icon icon, const QString& text) override;
-    Answer Ask(const QString& question) override;
+    using Dialogs::Ask;
+    Answer Ask(const QString& question, Answer suggested) override;
 };

@@ -31,7 +31,8 @@ public:
         texts << text;
         icons.push_back(icon);
     }
-    Answer Ask(const QString& question) override {
+    using Dialogs::Ask;
+    Answer Ask(const QString& question, Answer) override {
         questions << question;
         return answers.isEmpty() ? Answer::Cancel : answers.takeFirst();
     }
