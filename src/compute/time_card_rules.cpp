@@ -6,14 +6,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool IsSet(const std::optional<WallTime>& time) {
-    return time && *time != EmptyTime;
-}
-
 bool HasHours(const CardData& card) {
     static const QStringList clockedOut{u"OUT"_s, u"OU"_s, u"PC"_s};
-    return card.shiftCode != DayOff && clockedOut.contains(card.status) && IsSet(card.timeIn)
-           && IsSet(card.timeOut);
+    return card.shiftCode != DayOff && clockedOut.contains(card.status) && SetTime(card.timeIn)
+           && SetTime(card.timeOut);
 }
 
 int DayOfMonth(WallTime time) {

@@ -18,6 +18,10 @@ using Seconds = std::chrono::seconds;
 inline constexpr Day DayZero = Day{std::chrono::year{1899} / std::chrono::December / 30};
 /// A time that was never set.
 inline constexpr WallTime EmptyTime = DayZero;
+/// The time, or nothing when it was never set.
+inline std::optional<WallTime> SetTime(std::optional<WallTime> time) {
+    return time == EmptyTime ? std::nullopt : time;
+}
 
 Day DayOf(WallTime time);
 Seconds TimeOfDay(WallTime time);

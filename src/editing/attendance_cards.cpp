@@ -18,10 +18,6 @@ Recordset OpenHeader(Connection& connection, const QString& tcid) {
     return Recordset(connection, u"select * from TimeCardHeader Where TCID="_s + Quoted(tcid));
 }
 
-std::optional<WallTime> SetTime(const std::optional<WallTime>& time) {
-    return time == EmptyTime ? std::nullopt : time;
-}
-
 FieldValue OrNull(const std::optional<WallTime>& time) {
     return time ? FieldValue(*time) : FieldValue();
 }

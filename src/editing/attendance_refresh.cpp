@@ -75,11 +75,6 @@ void CheckRows(const Attendance& attendance) {
                            .arg(attendance.range.Days()));
 }
 
-std::optional<WallTime> SetTime(const Rows& rows, int column) {
-    const std::optional<WallTime> time = rows.Time(column);
-    return time == EmptyTime ? std::nullopt : time;
-}
-
 /// Thousands of records share a few codes, and so each code's text.
 class SharedTexts {
 public:
@@ -90,8 +85,8 @@ private:
 };
 
 AttendanceRecord RecordIn(const Rows& rows, SharedTexts& texts) {
-    return {rows.Text(Tcid), SetTime(rows, TimeIn), SetTime(rows, TimeOut), texts.Of(rows.Text(Status)),
-            texts.Of(rows.Text(Keterangan))};
+    return {rows.Text(Tcid), SetTime(rows.Time(TimeIn)), SetTime(rows.Time(TimeOut)),
+            texts.Of(rows.Text(Status)), texts.Of(rows.Text(Keterangan))};
 }
 
 /// The rows come day by day as a rule: a day's text is read once.

@@ -11,11 +11,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A time that was never set is no time.
-std::optional<WallTime> SetTime(const Recordset& day, const QString& field) {
-    const std::optional<WallTime> time = day.Field(field).Time();
-    return time == EmptyTime ? std::nullopt : time;
-}
-
 /// An empty text leaves a null as it is.
 void SetText(Recordset& row, const QString& field, const QString& text) {
     if (!text.isEmpty() || !row.Field(field).IsNull())
@@ -43,10 +38,10 @@ CardFields EditedCard::Fields(Day today) const {
     if (!day_->AtEnd()) {
         if (const auto tanggal = day_->Field(u"Tanggal"_s).Time())
             fields.tanggal = DayOf(*tanggal);
-        fields.timeIn = SetTime(*day_, u"TimeIN"_s);
-        fields.timeOut = SetTime(*day_, u"TimeOUT"_s);
-        fields.overtimeIn = SetTime(*day_, u"TimeINOT"_s);
-        fields.overtimeOut = SetTime(*day_, u"TimeOutOT"_s);
+        fields.timeIn = SetTime(day_->Field(u"TimeIN"_s).Time());
+        fields.timeOut = SetTime(day_->Field(u"TimeOUT"_s).Time());
+        fields.overtimeIn = SetTime(day_->Field(u"TimeINOT"_s).Time());
+        fields.overtimeOut = SetTime(day_->Field(u"TimeOutOT"_s).Time());
         fields.mealAllowance = day_->Field(u"BeriUangMakan"_s).Flag();
     }
     fields.normalGiven = fields.timeIn && fields.timeOut;

@@ -20,11 +20,6 @@ QStringList ChosenConditions(const ReportCriteria& criteria, const QString& tabl
     return conditions;
 }
 
-std::optional<WallTime> SetTime(const Rows& rows, int column) {
-    const std::optional<WallTime> time = rows.Time(column);
-    return time == EmptyTime ? std::nullopt : time;
-}
-
 } // namespace
 
 std::vector<ReportEmployee> ReadReportEmployees(Connection& connection, const QString& query) {
@@ -64,7 +59,7 @@ std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QStr
             started.line = DayCell(started.day);
         }
         AttendanceRow row = started;
-        AppendAttendance(row.line, SetTime(rows, timeIn), SetTime(rows, timeOut), rows.Text(status),
+        AppendAttendance(row.line, SetTime(rows.Time(timeIn)), SetTime(rows.Time(timeOut)), rows.Text(status),
                          rows.Text(keterangan), remarkWidth);
         attendance[rows.Text(nip)].push_back(std::move(row));
     }

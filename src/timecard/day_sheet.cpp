@@ -8,15 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-std::optional<WallTime> SetTime(const Rows& rows, int column) {
-    const std::optional<WallTime> time = rows.Time(column);
-    return time == EmptyTime ? std::nullopt : time;
-}
-
-} // namespace
-
 QString HoursText(const SheetEntry& entry, WallTime now) {
     const bool stillIn = entry.status == QStringView(u"IN");
     const std::optional<WallTime> end = stillIn ? std::optional(now) : entry.timeOut;
@@ -63,7 +54,8 @@ std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& she
         const QString found = rows.Text(1);
         const QString& status = *statuses.insert(found.isEmpty() ? AbsentStatus.toString() : found);
         cards.push_back({std::move(tcid),
-                         {status, SetTime(rows, 2), SetTime(rows, 3), SetTime(rows, 4), SetTime(rows, 5)}});
+                         {status, SetTime(rows.Time(2)), SetTime(rows.Time(3)), SetTime(rows.Time(4)),
+                          SetTime(rows.Time(5))}});
     }
     return cards;
 }

@@ -81,11 +81,6 @@ bool IsCardOf(const QString& tcid, const QString& nip) {
 }
 
 /// A time that was recorded: neither null nor the empty time.
-std::optional<WallTime> SetTime(const Rows& rows, int column) {
-    const std::optional<WallTime> time = rows.Time(column);
-    return time == EmptyTime ? std::nullopt : time;
-}
-
 constexpr qint64 RowsPerProgress = 10000;
 
 class DataCheck {
@@ -249,8 +244,8 @@ private:
               "order by d.TCID, d.Tanggal"_s,
               {Text, Date, Date, Date, Date, Date, Text, Flag}},
              [&](const Rows& rows, const Tell& tell) {
-                 const std::optional<WallTime> timeIn = SetTime(rows, TimeIn);
-                 const std::optional<WallTime> timeOut = SetTime(rows, TimeOut);
+                 const std::optional<WallTime> timeIn = SetTime(rows.Time(TimeIn));
+                 const std::optional<WallTime> timeOut = SetTime(rows.Time(TimeOut));
                  if (rows.Value(Header).IsNull())
                      tell(u"no header"_s);
                  if (rows.Text(Status) == QStringView(u"OUT") && !timeOut)
