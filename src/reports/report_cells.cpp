@@ -9,7 +9,7 @@ constexpr int NipWidth = 8;
 constexpr int NamaWidth = 20;
 constexpr int EmployeeCellsWidth = 36; ///< with all their "|"
 constexpr int StatusWidth = 7;
-constexpr int TimeCellWidth = 8; ///< with its "|"
+constexpr int AttendanceWidth = 25; ///< all cells but the remark, with every "|"
 
 void AppendTimeCell(QString& line, const std::optional<WallTime>& time) {
     if (!time) {
@@ -44,7 +44,7 @@ QString DayCell(Day day) {
 void AppendAttendance(QString& line, const std::optional<WallTime>& timeIn,
                       const std::optional<WallTime>& timeOut, const QString& status, const QString& remark,
                       int remarkWidth) {
-    line.reserve(line.size() + 2 * TimeCellWidth + StatusWidth + 1 + remarkWidth + 1);
+    line.reserve(line.size() + AttendanceWidth + remarkWidth);
     AppendTimeCell(line, timeIn);
     AppendTimeCell(line, timeOut);
     AppendCell(line, status, StatusWidth);
