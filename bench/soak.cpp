@@ -93,6 +93,8 @@ public:
           windows_(program_, skin_, [] { return u"United States"_s; }) {}
 
     bool Start() {
+        QObject::connect(&watchdog_, &QTimer::timeout, &watchdog_, [this] { LeaveStuckWindow(); });
+        watchdog_.start(std::chrono::seconds{5});
         if (!windows_.Desk().Form_Load())
             return false;
         windows_.Desk().show();
@@ -104,6 +106,7 @@ public:
         long before = 0;
         while (!until.hasExpired()) {
             user_.emplace();
+            began_.start();
             DoSomething(Below(20));
             if (!user_->IsDone())
                 ++done_[u"windows that did not open"_s];
@@ -119,6 +122,18 @@ public:
     }
 
 private:
+    /// A key that came before its window was ready leaves the worker waiting in the wrong one.
+    void LeaveStuckWindow() {
+        constexpr int patience = 30000;
+        const QWidget* front = KeyboardUser::InFront();
+        if (!front || began_.elapsed() < patience)
+            return;
+        ++done_[u"stuck in "_s + front->objectName()];
+        began_.start();
+        user_->Forget();
+        KeyboardUser::Press(Qt::Key_Escape);
+    }
+
     void DoSomething(int what) {
         switch (what) {
         case 0:
@@ -270,6 +285,8 @@ private:
     Program program_;
     DeskWindows windows_;
     std::optional<KeyboardUser> user_;
+    QTimer watchdog_;
+    QElapsedTimer began_;
     std::map<QString, int> done_;
     int reportsShown_ = 0;
 };

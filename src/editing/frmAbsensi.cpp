@@ -341,7 +341,8 @@ void frmAbsensi::GridDeleteKey(const QModelIndex& cell) {
     if (!hidden.isEmpty()
         && program_.dialogs.Ask(
                u"Kartu %1 memuat juga yang tidak tampil di baris ini:\n%2\n\nHapus semuanya?"_s.arg(
-                   shown.record->tcid, hidden.join(u'\n')))
+                   shown.record->tcid, hidden.join(u'\n')),
+               Dialogs::Answer::No)
                != Dialogs::Answer::Yes)
         return;
     try {

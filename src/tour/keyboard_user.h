@@ -20,6 +20,9 @@ public:
     /// order.
     void WhenIn(const QString& window, Action action);
 
+    /// Waits for no window any more.
+    void Forget() { plans_.clear(); }
+
     /// True when every window that was waited for has come.
     bool IsDone() const { return plans_.empty(); }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -146,6 +147,10 @@ void Theme::Apply(QApplication& application) {
     const auto scaled = [&font](qreal size) {
         return QString::number(size * font.pointSizeF() / BaseFontSize, 'f', 1);
     };
+    // Under a style sheet the style draws its arrows anew each time and keeps them all: a desk that runs for
+    // weeks needs no more of them than this.
+    constexpr int kibibytes = 1024;
+    QPixmapCache::setCacheLimit(kibibytes);
     application.setStyleSheet(BaseSheet.arg(scaled(13), scaled(40)) + StatusRules());
 }
 
