@@ -28,9 +28,9 @@ PeriodText ReadPeriod(const QString& period) {
     const bool sixDigits =
         period.size() == 6 && std::ranges::all_of(period, [](QChar c) { return c >= u'0' && c <= u'9'; });
     if (sixDigits) {
-        const PeriodText read{period.first(4), period.last(2),
-                              std::chrono::year{period.first(4).toInt()}
-                                  / std::chrono::month{period.last(2).toUInt()}};
+        PeriodText read{period.first(4), period.last(2),
+                        std::chrono::year{period.first(4).toInt()}
+                            / std::chrono::month{period.last(2).toUInt()}};
         if (read.value.ok())
             return read;
     }

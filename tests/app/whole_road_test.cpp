@@ -74,7 +74,7 @@ public:
         }));
         Mnemonic(Qt::Key_G);
         EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return !company.company.shownReports.isEmpty(); }));
-        const QStringList printed = Printed();
+        QStringList printed = Printed();
         Keys(u"⎋"_s);
         return printed;
     }

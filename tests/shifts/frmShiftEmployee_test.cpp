@@ -146,9 +146,9 @@ TEST(frmShiftEmployee, AnUnchangedTextIsNotWrittenAndAChangedOneOverwrites) {
          {std::pair{u"P⏎"_s, u"01 LAIN"_s}, std::pair{u"MALAM⏎"_s, u"01 MALAM"_s}}) {
         Roster roster;
         const auto other = roster.company.OtherDesk();
-        roster.Open([&](QWidget&) {
+        roster.Open([&, typed = keys](QWidget&) {
             other->Execute(u"UPDATE ShiftEmployee SET ShiftCode='LAIN' WHERE NIP='0012'"_s);
-            Keys(keys);
+            Keys(typed);
         });
         EXPECT_EQ(roster.Stored(u"0012"_s), stored);
         EXPECT_TRUE(roster.company.dialogs.texts.isEmpty());
