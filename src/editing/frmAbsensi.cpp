@@ -246,30 +246,15 @@ void frmAbsensi::cmdOpenCard_Click() {
 }
 
 void frmAbsensi::cmdEmpl_Click() {
-    ShowList(*ui_->txtEmpl, u"select NIP, Nama from Employee ORDER BY NIP"_s);
+    OpenPickList(
+        program_, *ui_->txtEmpl, u"select NIP, Nama from Employee ORDER BY NIP"_s,
+        [this](const QVariantMap& values) { ui_->txtEmpl->setText(values.value(u"NIP"_s).toString()); });
 }
 
 void frmAbsensi::cmdLov_Click(QLineEdit& anchor) {
-    ShowList(anchor, u"select [ID], [Status], [Description] from [Employee Status] ORDER BY ID"_s);
-}
-
-void frmAbsensi::ShowList(QLineEdit& anchor, const QString& query) {
-    if (lov_)
-        lov_->deleteLater();
-    lov_ = new PickList(program_, this);
-    connect(lov_, &PickList::LOV_AfterListClose, this, &frmAbsensi::LOV_AfterListClose);
-    lov_->ConnectionString = program_.Db().ConnectionString();
-    lov_->SqlText = query;
-    lov_->ShowList(&anchor, -1.0, -1.0);
-}
-
-void frmAbsensi::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
-    if (!control || !lov_->ItemSelected())
-        return;
-    if (control == ui_->txtEmpl)
-        ui_->txtEmpl->setText(values.value(u"NIP"_s).toString());
-    else
-        editor_->TakePicked(values.value(u"Status"_s).toString());
+    OpenPickList(
+        program_, anchor, u"select [ID], [Status], [Description] from [Employee Status] ORDER BY ID"_s,
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); });
 }
 
 ShownDayRow frmAbsensi::RowAt(int row) const {

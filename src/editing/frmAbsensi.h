@@ -10,7 +10,6 @@
 #include <memory>
 
 class CellEditor;
-class PickList;
 class QLineEdit;
 namespace Ui {
 class frmAbsensi;
@@ -39,7 +38,6 @@ private:
     void Form_Load();
     void cmdEmpl_Click();
     void cmdLov_Click(QLineEdit& anchor);
-    void LOV_AfterListClose(QWidget* control, const QVariantMap& values);
     void cmdRefresh_Click();
     void cmdPrintGrid_Click();
     void cmdOpenCard_Click();
@@ -48,7 +46,6 @@ private:
     void GridDeleteKey(const QModelIndex& cell);
     void ConnectControls();
     void SetUpGrid();
-    void ShowList(QLineEdit& anchor, const QString& query);
     AttendanceCriteria Criteria() const;
     bool RefreshAttendance(); ///< false: it failed or was stopped, and what was shown stays
     void ShowState();
@@ -65,5 +62,4 @@ private:
     QDate openedOn_;
     std::unique_ptr<Ui::frmAbsensi> ui_;
     CellEditor* editor_ = nullptr;
-    PickList* lov_ = nullptr;
 };

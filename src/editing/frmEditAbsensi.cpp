@@ -56,7 +56,6 @@ frmEditAbsensi::frmEditAbsensi(Program& program, const b_form_skin::Backgrounds&
                   {ui_->txtDivisi, u"Divisi"_s, EqualFragment},
                   {ui_->txtNIK, u"NIP"_s, EqualFragment},
                   {ui_->txtTCID, u"TCID"_s, PrefixFragment}}};
-    lov_ = new PickList(program_, this);
     SetUpGrid();
     ConnectControls();
     ShowState();
@@ -81,7 +80,6 @@ void frmEditAbsensi::ConnectControls() {
     connect(ui_->cmdPrintTCID, &QPushButton::clicked, this, &frmEditAbsensi::cmdPrintTCID_Click);
     connect(ui_->cmdPrintNIK, &QPushButton::clicked, this, &frmEditAbsensi::cmdPrintNIK_Click);
     connect(ui_->cmdTutup, &QPushButton::clicked, this, &frmEditAbsensi::reject);
-    connect(lov_, &PickList::LOV_AfterListClose, this, &frmEditAbsensi::LOV_AfterListClose);
     connect(ui_->MSHFlexGrid1->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmEditAbsensi::ShowCard);
     connect(&model_, &SearchModel::FetchFailed, this, &frmEditAbsensi::TellLater);
@@ -211,14 +209,9 @@ void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
 }
 
 void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor) {
-    lov_->ConnectionString = program_.Db().ConnectionString();
-    lov_->SqlText = u"select Status, Description from [Employee Status] ORDER BY ID"_s;
-    lov_->ShowList(&anchor, -1, -1);
-}
-
-void frmEditAbsensi::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
-    if (control && control->objectName() == u"Text1"_s && !values.isEmpty())
-        editor_->TakePicked(values.value(u"Status"_s).toString());
+    OpenPickList(
+        program_, anchor, u"select Status, Description from [Employee Status] ORDER BY ID"_s,
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); });
 }
 
 /// Says why where it is not allowed.

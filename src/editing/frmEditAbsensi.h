@@ -10,7 +10,6 @@
 #include <memory>
 
 class CellEditor;
-class PickList;
 class QLineEdit;
 struct CellEditing;
 
@@ -61,7 +60,6 @@ private:
     void GridEnterKey(const QModelIndex& cell);
     void GridDeleteKey(const QModelIndex& cell);
     void cmdLov_Click(QLineEdit& anchor);
-    void LOV_AfterListClose(QWidget* control, const QVariantMap& values);
 
     bool MayTypeInto(const QModelIndex& cell);
     bool SaveGridRow(int row);
@@ -82,5 +80,4 @@ private:
     /// What the shown rows were searched for, in the user's words.
     QString shownFilter_;
     CellEditor* editor_ = nullptr;
-    PickList* lov_ = nullptr;
 };

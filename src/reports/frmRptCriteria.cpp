@@ -119,19 +119,11 @@ void frmRptCriteria::ShowEmployeeName() {
 }
 
 void frmRptCriteria::cmdLov_Click() {
-    Trapped(program_, Routine(u"cmdLov_Click"), [this] {
-        delete pickList_;
-        pickList_ = new PickList(program_, this);
-        connect(pickList_, &PickList::LOV_AfterListClose, this, &frmRptCriteria::LOV_AfterListClose);
-        pickList_->ConnectionString = program_.Db().ConnectionString();
-        pickList_->SqlText = u"select [NIP], [Nama] from [Employee] ORDER BY [NIP]"_s;
-        pickList_->ShowList(ui_->txtEmpl, -1.0, -1.0);
-    });
+    OpenPickList(program_, *ui_->txtEmpl, u"select [NIP], [Nama] from [Employee] ORDER BY [NIP]"_s,
+                 [this](const QVariantMap& values) { LOV_AfterListClose(values); });
 }
 
-void frmRptCriteria::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
-    if (!pickList_->ItemSelected() || control != ui_->txtEmpl)
-        return;
+void frmRptCriteria::LOV_AfterListClose(const QVariantMap& values) {
     ui_->txtEmpl->setText(values.value(u"NIP"_s).toString());
     txtEmpl_LostFocus();
 }

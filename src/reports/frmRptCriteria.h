@@ -8,8 +8,6 @@
 
 #include <memory>
 
-class PickList;
-
 namespace Ui {
 class frmRptCriteria;
 }
@@ -33,7 +31,7 @@ private:
     void cmdLov_Click();
     void txtEmpl_LostFocus();
     void txtDate_Change();
-    void LOV_AfterListClose(QWidget* control, const QVariantMap& values);
+    void LOV_AfterListClose(const QVariantMap& values);
 
     void FillLists();
     void EnableCriteria();
@@ -44,5 +42,4 @@ private:
     Program& program_;
     const Report* report_; ///< null when it is not known
     std::unique_ptr<Ui::frmRptCriteria> ui_;
-    PickList* pickList_ = nullptr;
 };

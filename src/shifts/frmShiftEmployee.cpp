@@ -135,18 +135,10 @@ void frmShiftEmployee::cmdRefresh_Click() {
 }
 
 void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor) {
-    lov_ = std::make_unique<PickList>(program_, this);
-    connect(lov_.get(), &PickList::LOV_AfterListClose, this,
-            [this](QWidget*, const QVariantMap& values) { LOV_AfterListClose(values); });
-    lov_->ConnectionString = program_.Db().ConnectionString();
-    lov_->SqlText = u"select Code, Mid(TimeIn,12,5) as TimeIn, Mid(TimeOut,12,5) as TimeOut from Shift "
-                    "ORDER BY Code"_s;
-    lov_->ShowList(&anchor, -1.0, -1.0);
-}
-
-void frmShiftEmployee::LOV_AfterListClose(const QVariantMap& values) {
-    if (lov_->ItemSelected())
-        editor_->TakePicked(values.value(u"Code"_s).toString());
+    OpenPickList(
+        program_, anchor,
+        u"select Code, Mid(TimeIn,12,5) as TimeIn, Mid(TimeOut,12,5) as TimeOut from Shift ORDER BY Code"_s,
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Code"_s).toString()); });
 }
 
 bool frmShiftEmployee::SaveCell(const QModelIndex& cell) {

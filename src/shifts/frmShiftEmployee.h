@@ -9,7 +9,6 @@
 #include <memory>
 
 class CellEditor;
-class PickList;
 class QLineEdit;
 
 namespace Ui {
@@ -38,7 +37,6 @@ private:
     bool LoadRoster();
     void cmdRefresh_Click();
     void cmdLov_Click(QLineEdit& anchor);
-    void LOV_AfterListClose(const QVariantMap& values);
     /// False when the cell was not written.
     bool SaveCell(const QModelIndex& cell);
     void GridDeleteKey(const QModelIndex& cell);
@@ -50,5 +48,4 @@ private:
     RosterModel roster_;
     std::unique_ptr<Ui::frmShiftEmployee> ui_;
     CellEditor* editor_ = nullptr;
-    std::unique_ptr<PickList> lov_;
 };

@@ -177,21 +177,12 @@ void frmAED_Absen::cmdButtons_Click(int index) {
 }
 
 void frmAED_Absen::ShowEmployeeList() {
-    if (recorded_)
-        return;
-    Trapped(program_, u"ShowEmployeeList"_s, [this] {
-        delete pickList_;
-        pickList_ = new PickList(program_, this);
-        connect(pickList_, &PickList::LOV_AfterListClose, this, &frmAED_Absen::LOV_AfterListClose);
-        pickList_->ConnectionString = program_.Db().ConnectionString();
-        pickList_->SqlText = u"select Nama,NIP from Employee"_s;
-        pickList_->ShowList(ui_->txtNIK, -1.0, -1.0);
-    });
+    if (!recorded_)
+        OpenPickList(program_, *ui_->txtNIK, u"select Nama,NIP from Employee"_s,
+                     [this](const QVariantMap& values) { LOV_AfterListClose(values); });
 }
 
-void frmAED_Absen::LOV_AfterListClose(QWidget* control, const QVariantMap& values) {
-    if (!pickList_->ItemSelected() || control != ui_->txtNIK)
-        return;
+void frmAED_Absen::LOV_AfterListClose(const QVariantMap& values) {
     ui_->txtNIK->setText(values.value(u"NIP"_s).toString());
     if (txtNIK_Validate())
         ui_->txtPassword->setFocus();

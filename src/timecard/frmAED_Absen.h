@@ -9,8 +9,6 @@
 
 #include <memory>
 
-class PickList;
-
 namespace Ui {
 class frmAED_Absen;
 }
@@ -39,7 +37,7 @@ private:
     void txtPassword_Enter();
     void cmdButtons_Click(int index);
     void ShowEmployeeList();
-    void LOV_AfterListClose(QWidget* control, const QVariantMap& values);
+    void LOV_AfterListClose(const QVariantMap& values);
 
     bool LoadPassword();
     bool Record();
@@ -54,6 +52,5 @@ private:
     bool activated_ = false;
     bool recorded_ = false;
     std::unique_ptr<Ui::frmAED_Absen> ui_;
-    PickList* pickList_ = nullptr;
     QTimer Timer1;
 };

@@ -163,3 +163,19 @@ void PickList::hideEvent(QHideEvent* event) {
         return;
     Q_EMIT LOV_AfterListClose(anchor_, values_);
 }
+
+void OpenPickList(Program& program, QWidget& field, const QString& query,
+                  std::function<void(const QVariantMap& chosen)> choose) {
+    Trapped(program, u"OpenPickList"_s, [&] {
+        auto* list = new PickList(program, field.window());
+        QObject::connect(list, &PickList::LOV_AfterListClose, list,
+                         [list, choose = std::move(choose)](QWidget*, const QVariantMap& values) {
+                             list->deleteLater();
+                             if (list->ItemSelected())
+                                 choose(values);
+                         });
+        list->ConnectionString = program.Db().ConnectionString();
+        list->SqlText = query;
+        list->ShowList(&field, -1.0, -1.0);
+    });
+}

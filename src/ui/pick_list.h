@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QVariantMap>
 
+#include <functional>
+
 class MSHFlexGrid;
 class QLabel;
 class QLineEdit;
@@ -60,3 +62,8 @@ private:
     bool itemSelected_ = false;
     bool closeTold_ = true;
 };
+
+/// Lists the rows of a query under a field and hands over the one that the user chooses, by column name. The
+/// list is gone when it was closed.
+void OpenPickList(Program& program, QWidget& field, const QString& query,
+                  std::function<void(const QVariantMap& chosen)> choose);

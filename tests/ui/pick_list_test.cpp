@@ -97,6 +97,22 @@ TEST(PickList, AFailingQueryOrAnotherConnectionSelectsNothing) {
     EXPECT_EQ(open.company.dialogs.texts.size(), 2);
 }
 
+TEST(PickList, OpenedForAFieldItHandsOverAChosenRowOnlyAndGoes) {
+    OpenList open;
+    delete open.list;
+    for (const int key : {Qt::Key_Escape, Qt::Key_Return}) {
+        OpenPickList(open.company.program, *open.field, u"select NIP from Employee ORDER BY NIP"_s,
+                     [&open](const QVariantMap& chosen) {
+                         ++open.closed;
+                         open.picked = chosen;
+                     });
+        KeyboardUser::Press(static_cast<Qt::Key>(key));
+        EXPECT_EQ(open.closed, key == Qt::Key_Return ? 1 : 0);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&open] { return !open.window.findChild<PickList*>(); }));
+    }
+    EXPECT_EQ(open.picked.value(u"NIP"_s).toString(), u"101"_s);
+}
+
 TEST(PickList, StaysOnTheScreenBesideItsEdgeAndWithLongTexts) {
     OpenList open;
     // This platform moves every window in by a frame of its own.
