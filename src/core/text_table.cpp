@@ -45,12 +45,6 @@ QString CellText(const QAbstractItemModel& grid, int row, int column) {
     return modGeneral::OneLine(grid.index(row, column).data().toString());
 }
 
-/// Asks whether to go on, now and then.
-bool GoesOn(const Progress& progress, int row, int rows) {
-    constexpr int AskEvery = 500;
-    return !progress || row % AskEvery != 0 || progress(row, rows);
-}
-
 QString Line(const QStringList& cells, const modGeneral::ColumnWidths& widths) {
     QString line;
     for (qsizetype column = 0; column < cells.size(); ++column)

@@ -9,7 +9,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int RuleLength = 104;
-constexpr int RowsBetweenReports = 512;
 
 struct PrintedColumn {
     int column;
@@ -46,7 +45,7 @@ std::optional<QStringList> PrintAttendance(const QAbstractItemModel& rows, const
     const int count = rows.rowCount();
     lines.reserve(lines.size() + count + 1);
     for (int row = 0; row < count; ++row) {
-        if (row % RowsBetweenReports == 0 && !progress(row, count))
+        if (!GoesOn(progress, row, count))
             return std::nullopt;
         lines << Line(rows, row);
     }

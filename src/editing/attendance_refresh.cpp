@@ -11,7 +11,6 @@ namespace {
 
 /// The number of the error "overflow".
 constexpr int TooManyRowsError = 6;
-constexpr int RecordsBetweenReports = 2048;
 
 enum Field { Tcid, Nip, Dept, Divisi, Tanggal, TimeIn, TimeOut, Status, Keterangan };
 
@@ -131,7 +130,7 @@ RecordsRead ReadRecords(Connection& connection, const QString& query, Attendance
     DayReader days;
     Rows rows = connection.Query(query);
     for (qsizetype done = 0; rows.Next(); ++done) {
-        if (done % RecordsBetweenReports == 0 && !progress(done, 0))
+        if (!GoesOn(progress, done, 0))
             return {read.days, true};
         const std::optional<Day> day = days.Read(rows.Text(Tanggal));
         const auto employee = rowsByNip.constFind(rows.Text(Nip));

@@ -33,10 +33,8 @@ QString ShownMonth(Day day) {
 /// is the card's. False when it was stopped.
 template<class Take>
 bool ForEachCard(const std::vector<SearchRow>& rows, const Progress& progress, Take take) {
-    constexpr size_t AskEvery = 500;
     for (size_t i = 0; i < rows.size(); ++i) {
-        if (progress && i % AskEvery == 0
-            && !progress(static_cast<qsizetype>(i), static_cast<qsizetype>(rows.size())))
+        if (!GoesOn(progress, static_cast<qsizetype>(i), std::ssize(rows)))
             return false;
         if (i > 0 && rows[i].tcid == rows[i - 1].tcid)
             continue;

@@ -7,9 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// How many rows are read until the user is asked again whether to go on.
-constexpr int RowsBetweenQuestions = 1000;
-
 /// The conditions of a choice that filters, none of one that does not.
 QStringList ChosenConditions(const ReportCriteria& criteria, const QString& table) {
     QStringList conditions;
@@ -50,8 +47,8 @@ std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QStr
     AttendanceByNip attendance;
     QString dayText;
     AttendanceRow started; // every row of a day starts alike
-    for (int read = 0; rows.Next(); ++read) {
-        if (read % RowsBetweenQuestions == 0 && !progress(0, 0))
+    for (qsizetype read = 0; rows.Next(); ++read) {
+        if (!GoesOn(progress, read, 0))
             return std::nullopt;
         if (tanggal >= 0 && rows.Text(tanggal) != dayText) {
             dayText = rows.Text(tanggal);

@@ -10,13 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Often enough that the user can stop the work, seldom enough that asking costs nothing.
-constexpr qsizetype RowsBetweenReports = 1000;
-
-bool GoesOn(const Progress& progress, qsizetype done, qsizetype total) {
-    return !progress || done % RowsBetweenReports != 0 || progress(done, total);
-}
-
 /// A period's year and month as they are typed: they go into a statement as they stand.
 struct PeriodText {
     QString year;
