@@ -42,7 +42,6 @@ QPalette CalmPalette() {
     palette.setColor(QPalette::HighlightedText, text);
     palette.setColor(QPalette::ToolTipBase, Qt::white);
     palette.setColor(QPalette::ToolTipText, text);
-    palette.setColor(QPalette::Link, Theme::Accent());
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, disabled);
     return palette;
@@ -56,7 +55,7 @@ QLabel[look="admin"] { font-weight: 600; color: #0B5CAD; }
 QLabel[look="caps"] { color: #5C4300; }
 QLabel[look="done"] { background: #BFEBCB; color: #0B4A26; font-size: %1pt; font-weight: 600;
     padding: 8px 12px; border-radius: 4px; }
-QLabel[look="notice"], QFrame[look="notice"] { background: #FFF1C2; color: #5C4300; font-weight: 600;
+QFrame[look="notice"] { background: #FFF1C2; color: #5C4300; font-weight: 600;
     border: 1px solid #E8CF80; border-radius: 4px; }
 QFrame[look="notice"] QLabel { background: transparent; color: #5C4300; font-weight: 600; border: none; }
 QLabel[look="photo"] { background: white; border: 1px solid #E1E6EC; border-radius: 4px; }
@@ -113,7 +112,6 @@ QTabBar::tab:selected { background: #0B5CAD; border-color: #0B5CAD; color: white
 QTabBar::tab:selected:focus { border: 2px solid #06325F; }
 QTabBar[look="unmarked"]::tab:selected { background: white; border-color: #D3DBE3; color: #1B2430; font-weight: 400; }
 QTabBar[look="unmarked"]::tab:selected:focus { border: 2px solid #0B5CAD; }
-QTabBar::tab:disabled { color: #8A95A3; }
 
 QMenuBar { background: transparent; padding-left: 4px; }
 QMenuBar::item { padding: 4px 8px; border-radius: 3px; background: transparent; }
@@ -188,10 +186,6 @@ int Theme::FieldWidth(const QWidget& field, const QString& sample) {
 
 QColor Theme::QuietText() {
     return QColor(u"#566273"_s);
-}
-
-QColor Theme::Accent() {
-    return QColor(u"#0B5CAD"_s);
 }
 
 QColor Theme::HeaderFill() {

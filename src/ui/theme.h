@@ -11,8 +11,8 @@ class QApplication;
 class QWidget;
 
 /// The one look of all windows: colours, fonts and spacing stand here and nowhere else. Widgets say what they
-/// are by the dynamic property "look" ("heading", "clock", "quiet", "notice", "desk", "done"), legend labels
-/// by the property "status".
+/// are by the dynamic property "look" ("heading", "quiet", "notice"; theme.cpp has them all), legend labels
+/// by the properties "status" and "cell".
 namespace Theme {
 
 /// Sets style, palette, font and style sheet. Sizes follow the system's font.
@@ -34,7 +34,6 @@ std::optional<Colours> LookColours(CellLook look);
 int FieldWidth(const QWidget& field, const QString& sample);
 
 QColor QuietText();
-QColor Accent();
 QColor HeaderFill();
 /// The cell that is being edited, and the editor itself.
 QColor EditedCell();
