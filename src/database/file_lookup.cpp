@@ -1,5 +1,6 @@
 #include "database/file_lookup.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace {

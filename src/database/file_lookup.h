@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDir>
 #include <QString>
 
 /// A path as the settings and the connection text write it, with the separators of this system.

@@ -9,9 +9,6 @@
 #include <QSqlQuery>
 #include <QUrl>
 #include <QUuid>
-#include <QVariant>
-
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
