@@ -9,6 +9,7 @@
 #include "ui/cell_editor.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
+#include "ui/typing.h"
 #include "ui/window_place.h"
 #include "ui/work_progress.h"
 #include "ui_frmAbsensi.h"
@@ -54,10 +55,6 @@ QString FilterText(const AttendanceCriteria& criteria, const QComboBox& dept, co
     if (criteria.divisi)
         parts << u"Divisi: "_s + divisi.currentText();
     return parts.join(u"  "_s);
-}
-
-bool IsEnter(int key) {
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "ui/busy_pointer.h"
 #include "ui/cell_editor.h"
 #include "ui/pick_list.h"
+#include "ui/typing.h"
 #include "ui/window_place.h"
 #include "ui/work_progress.h"
 #include "ui_frmEditAbsensi.h"
@@ -69,11 +70,7 @@ void frmEditAbsensi::ConnectControls() {
         connect(criterion.box, &QLineEdit::editingFinished, this,
                 [this, &criterion] { Validate(criterion); });
     // Cards carry their identifier in upper case.
-    connect(ui_->txtTCID, &QLineEdit::textEdited, this, [this](const QString& text) {
-        const int cursor = ui_->txtTCID->cursorPosition();
-        ui_->txtTCID->setText(text.toUpper());
-        ui_->txtTCID->setCursorPosition(cursor);
-    });
+    TypeUpperCase(*ui_->txtTCID);
     connect(ui_->cmdRefresh, &QPushButton::clicked, this, &frmEditAbsensi::cmdRefresh_Click);
     connect(ui_->cmdCalcHrs, &QPushButton::clicked, this, &frmEditAbsensi::cmdCalcHrs_Click);
     connect(ui_->cmdPrintGrid, &QPushButton::clicked, this, &frmEditAbsensi::cmdPrintGrid_Click);

@@ -4,6 +4,7 @@
 #include "core/query_values.h"
 #include "database/statement.h"
 #include "ui/busy_pointer.h"
+#include "ui/typing.h"
 #include "ui_frmEditAbsensiOne.h"
 
 #include <QAbstractSpinBox>
@@ -249,7 +250,7 @@ void frmEditAbsensiOne::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (key == Qt::Key_Escape)
         close();
-    else if (key != Qt::Key_Return && key != Qt::Key_Enter)
+    else if (!IsEnter(key))
         QDialog::keyPressEvent(event);
     else if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
         button->click();

@@ -1,5 +1,6 @@
 #include "shell/frmSetting.h"
 
+#include "ui/typing.h"
 #include "ui_frmSetting.h"
 
 #include <QButtonGroup>
@@ -70,10 +71,9 @@ void frmSetting::showEvent(QShowEvent* event) {
 }
 
 void frmSetting::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape)
         close();
-    else if (auto* button = enter ? qobject_cast<QAbstractButton*>(focusWidget()) : nullptr)
+    else if (auto* button = IsEnter(event->key()) ? qobject_cast<QAbstractButton*>(focusWidget()) : nullptr)
         button->click();
     else
         QDialog::keyPressEvent(event);

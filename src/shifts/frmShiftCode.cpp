@@ -2,6 +2,7 @@
 
 #include "ui/busy_pointer.h"
 #include "ui/theme.h"
+#include "ui/typing.h"
 #include "ui_frmShiftCode.h"
 
 #include <QButtonGroup>
@@ -198,8 +199,7 @@ void frmShiftCode::showEvent(QShowEvent* event) {
 }
 
 void frmShiftCode::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (auto* button = enter ? qobject_cast<QPushButton*>(focusWidget()) : nullptr)
+    if (auto* button = IsEnter(event->key()) ? qobject_cast<QPushButton*>(focusWidget()) : nullptr)
         button->click();
     else if (event->key() != Qt::Key_Escape)
         QDialog::keyPressEvent(event);

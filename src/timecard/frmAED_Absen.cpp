@@ -2,6 +2,7 @@
 
 #include "timecard/employee_card.h"
 #include "ui/pick_list.h"
+#include "ui/typing.h"
 #include "ui_frmAED_Absen.h"
 
 #include <QButtonGroup>
@@ -218,12 +219,9 @@ void frmAED_Absen::showEvent(QShowEvent* event) {
 }
 
 bool frmAED_Absen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            watched == ui_->txtNIK ? txtNIK_Enter() : txtPassword_Enter();
-            return true;
-        }
+    if (event->type() == QEvent::KeyPress && IsEnter(static_cast<QKeyEvent*>(event)->key())) {
+        watched == ui_->txtNIK ? txtNIK_Enter() : txtPassword_Enter();
+        return true;
     }
     if (watched == ui_->txtNIK && event->type() == QEvent::FocusOut)
         txtNIK_LostFocus(static_cast<QFocusEvent*>(event)->reason());

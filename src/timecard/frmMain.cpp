@@ -6,6 +6,7 @@
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
 #include "ui/theme.h"
+#include "ui/typing.h"
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
 
@@ -114,11 +115,7 @@ void frmMain::ConnectControls() {
         new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), ui_->txtTcIDRight));
     // Cards carry their identifier in upper case: it is shown as it will stand on them.
     for (QLineEdit* field : {ui_->txtExt, ui_->txtTCID})
-        connect(field, &QLineEdit::textEdited, this, [field](const QString& text) {
-            const int cursor = field->cursorPosition();
-            field->setText(text.toUpper());
-            field->setCursorPosition(cursor);
-        });
+        TypeUpperCase(*field);
     connect(ui_->tabTgl, &DayTabs::DayChosen, this, &frmMain::tabTgl_Click);
     connect(ui_->UpDown1_Up, &QToolButton::clicked, this, [this] { UpDown1_Change(+1); });
     connect(ui_->UpDown1_Down, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });

@@ -1,6 +1,7 @@
 #include "ui/cell_editor.h"
 
 #include "ui/msh_flex_grid.h"
+#include "ui/typing.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -20,10 +21,6 @@ namespace {
 bool StartsEditing(QChar typed) {
     const char16_t code = typed.unicode();
     return typed.isPrint() && ((code >= 48 && code <= 90) || code >= 96 || code == u'%' || code == u'-');
-}
-
-bool IsEnter(int key) {
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 bool IsModifier(int key) {

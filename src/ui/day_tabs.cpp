@@ -1,5 +1,7 @@
 #include "ui/day_tabs.h"
 
+#include "ui/typing.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
@@ -53,8 +55,7 @@ void DayTabs::mousePressEvent(QMouseEvent* event) {
 }
 
 void DayTabs::keyPressEvent(QKeyEvent* event) {
-    const bool choose =
-        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    const bool choose = IsEnter(event->key()) || event->key() == Qt::Key_Space;
     if (choose && currentIndex() >= 0)
         Q_EMIT DayChosen(currentIndex() + 1);
     else

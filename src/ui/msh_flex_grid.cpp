@@ -2,6 +2,7 @@
 
 #include "ui/frozen_columns.h"
 #include "ui/theme.h"
+#include "ui/typing.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -230,8 +231,7 @@ void MSHFlexGrid::resizeEvent(QResizeEvent* event) {
 }
 
 void MSHFlexGrid::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && currentIndex().isValid()) {
+    if (IsEnter(event->key()) && currentIndex().isValid()) {
         Q_EMIT RowChosen(currentIndex().row());
         return;
     }
