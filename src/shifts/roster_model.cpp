@@ -179,6 +179,8 @@ QString RosterModel::Told(const QModelIndex& cell) const {
     if (cell.column() < FirstDay)
         return {};
     const RosterEmployee& employee = employees_[static_cast<size_t>(cell.row())];
+    if (!month_)
+        return u"Jadwal bulan ini belum terbaca. Tekan Refresh untuk membacanya."_s;
     const std::optional<Day> day = DayOfCell(cell);
     QString told = u"%1 %2 · "_s.arg(employee.nip, employee.nama);
     if (!day)
