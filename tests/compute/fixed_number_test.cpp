@@ -57,12 +57,7 @@ TEST(FixedNumber, WhatIsStoredReadsBackAsTheSameDigits) {
 }
 
 TEST(DottedHours, FollowTheDurationTextWithItsOddCases) {
-    struct Case {
-        qint64 seconds;
-        QString normal;
-        QString overtime;
-    };
-    const Case cases[] = {
+    const std::tuple<qint64, QString, QString> cases[] = {
         {30600, u"8.3"_s, u"8.3"_s},
         {33300, u"9.15"_s, u"9.15"_s},
         {3600, u"1"_s, u"1"_s},
@@ -82,9 +77,9 @@ TEST(DottedHours, FollowTheDurationTextWithItsOddCases) {
         {7185, u"1.6"_s, u"1.6"_s}, // 59 minutes 45 seconds round to the 60th minute
         {360'000'000 + 540, u"100000.09"_s, u"100000.09"_s},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(NormalHoursOf(Seconds{c.seconds}).Text(), c.normal) << c.seconds;
-        EXPECT_EQ(OvertimeHoursOf(Seconds{c.seconds}).Text(), c.overtime) << c.seconds;
+    for (const auto& [seconds, normal, overtime] : cases) {
+        EXPECT_EQ(NormalHoursOf(Seconds{seconds}).Text(), normal) << seconds;
+        EXPECT_EQ(OvertimeHoursOf(Seconds{seconds}).Text(), overtime) << seconds;
     }
 }
 

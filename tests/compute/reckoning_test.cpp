@@ -102,10 +102,6 @@ private:
     RandomCompany company_;
 };
 
-QVariant OrNull(const QString& text) {
-    return text.isEmpty() ? QVariant() : QVariant(text);
-}
-
 void Store(Connection& db, const RandomCompany& company) {
     db.ExecuteNative(u"PRAGMA synchronous=OFF"_s);
     Transaction transaction(db);

@@ -13,23 +13,17 @@ namespace {
 const QString Date = u"2026-11-20"_s;
 const QString Tcid = u"T202611201001"_s;
 
-QVariant OrNull(const QString& text) {
-    return text.isEmpty() ? QVariant() : QVariant(text);
-}
-
 /// A day shift P, a night shift M, a night shift N stored on one base day, a shift k in small letters; one
 /// employee of each pay type and one about whom nothing is known.
 class TimeCard : public testing::Test {
 protected:
     TimeCard() {
         Db().ExecuteNative(u"PRAGMA synchronous=OFF"_s);
-        for (const auto& [code, in, out] :
-             {std::tuple{u"M"_s, u"1899-12-30 22:00:00"_s, u"1899-12-31 06:00:00"_s},
-              std::tuple{u"N"_s, u"1899-12-30 21:00:00"_s, u"1899-12-30 05:00:00"_s},
-              std::tuple{u"P"_s, u"1899-12-30 08:00:00"_s, u"1899-12-30 17:00:00"_s},
-              std::tuple{u"S"_s, u"1899-12-30 12:00:00"_s, u"1899-12-30 20:00:00"_s},
-              std::tuple{u"k"_s, u"1899-12-30 07:00:00"_s, u"1899-12-30 09:30:00"_s}})
-            Db().Execute(u"INSERT INTO Shift (Code, TimeIn, TimeOut) VALUES (?,?,?)"_s, {code, in, out});
+        Db().Execute(u"INSERT INTO Shift VALUES ('M','1899-12-30 22:00:00','1899-12-31 06:00:00'),"
+                     "('N','1899-12-30 21:00:00','1899-12-30 05:00:00'),"
+                     "('P','1899-12-30 08:00:00','1899-12-30 17:00:00'),"
+                     "('S','1899-12-30 12:00:00','1899-12-30 20:00:00'),"
+                     "('k','1899-12-30 07:00:00','1899-12-30 09:30:00')"_s);
         for (const auto& [nip, type] : {std::pair{u"1001"_s, u"BLN"_s}, std::pair{u"1002"_s, u" hRn "_s},
                                         std::pair{u"1003"_s, u"HRNX"_s}})
             Db().Execute(u"INSERT INTO Employee (NIP, GP, RateOT, TMakan, EmpType) VALUES (?,?,?,?,?)"_s,
@@ -73,67 +67,62 @@ protected:
 } // namespace
 
 TEST_F(TimeCard, HoursAmountsAndDayRowFollowTheRules) {
-    struct Case {
-        QString what, nip, roster, status, in, out, header, day;
+    // Times have their day of November before them; the day row is the shift's end and code, "" for
+    // untouched.
+    const struct {
+        QStringView what, nip, roster, status, in, out, header, day;
+    } cases[] = {
+        {u"early arrival lengthens", u"1001", u"P", u"OUT", u"20 07:45:00", u"20 17:00:00",
+         u"9.15|0|0|0|12500", u"20 17:00:00|P"},
+        {u"early departure is what counts as overtime", u"1001", u"P", u"OUT", u"20 07:45:00", u"20 16:30:00",
+         u"9.15|0.3|0|3000|12500", u"20 17:00:00|P"},
+        {u"late arrival shortens, late departure counts nothing", u"1001", u"P", u"OUT", u"20 09:00:00",
+         u"20 19:00:00", u"8|0|0|0|12500", u"20 17:00:00|P"},
+        {u"under a minute before the end", u"1001", u"P", u"OUT", u"20 15:00:15", u"20 16:59:30",
+         u"1.6|0|0|0|12500", u"20 17:00:00|P"},
+        {u"night shift", u"1001", u"M", u"OUT", u"20 21:50:00", u"21 06:05:00", u"8.1|0|0|0|12500",
+         u"21 06:00:00|M"},
+        {u"night shift stored on one base day ends before it began", u"1001", u"N", u"OUT", u"20 21:00:00",
+         u"21 05:00:00", u"0|0|0|0|12500", u"20 05:00:00|N"},
+        {u"missing shift row", u"1001", u"XX", u"OUT", u"20 08:00:00", u"20 17:00:00", u"0|0|0|0|12500",
+         u"20 00:00:00|XX"},
+        {u"code in small letters", u"1001", u"k", u"OUT", u"20 07:00:00", u"20 08:30:00",
+         u"2.3|1|0|10000|12500", u"20 09:30:00|K"},
+        {u"day off", u"1001", u"O", u"OUT", u"20 08:00:00", u"20 16:00:00", u"0|0|0|0|0", u""},
+        {u"only the capital O is a day off", u"1001", u"o", u"OUT", u"20 08:00:00", u"20 16:00:00",
+         u"0|0|0|0|12500", u"20 00:00:00|O"},
+        {u"day off of a daily employee", u"1002", u"O", u"OUT", u"20 08:00:00", u"20 16:00:00",
+         u"0|0|150000.25|0|0", u""},
+        {u"still in", u"1002", u"P", u"IN", u"20 08:00:00", u"", u"0|0|150000.25|0|0", u""},
+        {u"OU", u"1002", u"P", u"OU", u"20 08:00:00", u"20 15:00:00", u"9|2|150000.25|20000|12500",
+         u"20 17:00:00|P"},
+        {u"PC, neither daily nor monthly", u"1003", u"P", u"PC", u"20 08:00:00", u"20 15:00:00",
+         u"9|2|0|20000|12500", u"20 17:00:00|P"},
+        {u"status in small letters", u"1001", u"P", u"out", u"20 08:00:00", u"20 15:00:00", u"0|0|0|0|0",
+         u""},
+        {u"status with a blank", u"1001", u"P", u"OUT ", u"20 08:00:00", u"20 15:00:00", u"0|0|0|0|0", u""},
+        {u"no status", u"1001", u"P", u"", u"20 08:00:00", u"20 15:00:00", u"0|0|0|0|0", u""},
+        {u"missing employee", u"9999", u"P", u"OUT", u"20 08:00:00", u"20 16:00:00", u"9|1|0|0|0",
+         u"20 17:00:00|P"},
+        {u"employee with empty columns", u"1004", u"P", u"OUT", u"20 08:00:00", u"20 16:00:00", u"9|1|0|0|0",
+         u"20 17:00:00|P"},
+        {u"no departure", u"1002", u"P", u"OUT", u"20 08:00:00", u"", u"0|0|150000.25|0|0", u""},
+        {u"no arrival", u"1001", u"P", u"OUT", u"", u"20 16:00:00", u"0|0|0|0|0", u""},
+        {u"found by its hours", u"1001", u"", u"OUT", u"20 18:00:00", u"20 19:00:00", u"2|1|0|10000|12500",
+         u"20 20:00:00|S"},
     };
-    const QString untouched = u"-|-|Z"_s;
-    const Case cases[] = {
-        {u"early arrival lengthens"_s, u"1001"_s, u"P"_s, u"OUT"_s, u"20 07:45:00"_s, u"20 17:00:00"_s,
-         u"9.15|0|0|0|12500"_s, u"2026-11-20 17:00:00|2026-11-20 17:00:00|P"_s},
-        {u"early departure is what counts as overtime"_s, u"1001"_s, u"P"_s, u"OUT"_s, u"20 07:45:00"_s,
-         u"20 16:30:00"_s, u"9.15|0.3|0|3000|12500"_s, u"2026-11-20 17:00:00|2026-11-20 16:30:00|P"_s},
-        {u"late arrival shortens, late departure counts nothing"_s, u"1001"_s, u"P"_s, u"OUT"_s,
-         u"20 09:00:00"_s, u"20 19:00:00"_s, u"8|0|0|0|12500"_s,
-         u"2026-11-20 17:00:00|2026-11-20 19:00:00|P"_s},
-        {u"under a minute before the end"_s, u"1001"_s, u"P"_s, u"OUT"_s, u"20 15:00:15"_s, u"20 16:59:30"_s,
-         u"1.6|0|0|0|12500"_s, u"2026-11-20 17:00:00|2026-11-20 16:59:30|P"_s},
-        {u"night shift"_s, u"1001"_s, u"M"_s, u"OUT"_s, u"20 21:50:00"_s, u"21 06:05:00"_s,
-         u"8.1|0|0|0|12500"_s, u"2026-11-21 06:00:00|2026-11-21 06:05:00|M"_s},
-        {u"night shift stored on one base day ends before it began"_s, u"1001"_s, u"N"_s, u"OUT"_s,
-         u"20 21:00:00"_s, u"21 05:00:00"_s, u"0|0|0|0|12500"_s,
-         u"2026-11-20 05:00:00|2026-11-21 05:00:00|N"_s},
-        {u"missing shift row"_s, u"1001"_s, u"XX"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 17:00:00"_s,
-         u"0|0|0|0|12500"_s, u"2026-11-20 00:00:00|2026-11-20 17:00:00|XX"_s},
-        {u"code in small letters"_s, u"1001"_s, u"k"_s, u"OUT"_s, u"20 07:00:00"_s, u"20 08:30:00"_s,
-         u"2.3|1|0|10000|12500"_s, u"2026-11-20 09:30:00|2026-11-20 08:30:00|K"_s},
-        {u"day off"_s, u"1001"_s, u"O"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s, u"0|0|0|0|0"_s,
-         untouched},
-        {u"only the capital O is a day off"_s, u"1001"_s, u"o"_s, u"OUT"_s, u"20 08:00:00"_s,
-         u"20 16:00:00"_s, u"0|0|0|0|12500"_s, u"2026-11-20 00:00:00|2026-11-20 16:00:00|O"_s},
-        {u"day off of a daily employee"_s, u"1002"_s, u"O"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s,
-         u"0|0|150000.25|0|0"_s, untouched},
-        {u"still in"_s, u"1002"_s, u"P"_s, u"IN"_s, u"20 08:00:00"_s, u""_s, u"0|0|150000.25|0|0"_s,
-         untouched},
-        {u"OU"_s, u"1002"_s, u"P"_s, u"OU"_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
-         u"9|2|150000.25|20000|12500"_s, u"2026-11-20 17:00:00|2026-11-20 15:00:00|P"_s},
-        {u"PC, neither daily nor monthly"_s, u"1003"_s, u"P"_s, u"PC"_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
-         u"9|2|0|20000|12500"_s, u"2026-11-20 17:00:00|2026-11-20 15:00:00|P"_s},
-        {u"status in small letters"_s, u"1001"_s, u"P"_s, u"out"_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
-         u"0|0|0|0|0"_s, untouched},
-        {u"status with a blank"_s, u"1001"_s, u"P"_s, u"OUT "_s, u"20 08:00:00"_s, u"20 15:00:00"_s,
-         u"0|0|0|0|0"_s, untouched},
-        {u"no status"_s, u"1001"_s, u"P"_s, u""_s, u"20 08:00:00"_s, u"20 15:00:00"_s, u"0|0|0|0|0"_s,
-         untouched},
-        {u"missing employee"_s, u"9999"_s, u"P"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s,
-         u"9|1|0|0|0"_s, u"2026-11-20 17:00:00|2026-11-20 16:00:00|P"_s},
-        {u"employee with empty columns"_s, u"1004"_s, u"P"_s, u"OUT"_s, u"20 08:00:00"_s, u"20 16:00:00"_s,
-         u"9|1|0|0|0"_s, u"2026-11-20 17:00:00|2026-11-20 16:00:00|P"_s},
-        {u"no departure"_s, u"1002"_s, u"P"_s, u"OUT"_s, u"20 08:00:00"_s, u""_s, u"0|0|150000.25|0|0"_s,
-         untouched},
-        {u"no arrival"_s, u"1001"_s, u"P"_s, u"OUT"_s, u""_s, u"20 16:00:00"_s, u"0|0|0|0|0"_s, untouched},
-        {u"found by its hours"_s, u"1001"_s, u""_s, u"OUT"_s, u"20 18:00:00"_s, u"20 19:00:00"_s,
-         u"2|1|0|10000|12500"_s, u"2026-11-20 20:00:00|2026-11-20 19:00:00|S"_s},
+    const auto moment = [](QStringView dayAndTime) {
+        return dayAndTime.isEmpty() ? QString() : u"2026-11-"_s + dayAndTime.toString();
     };
-    const auto moment = [](const QString& dayAndTime) {
-        return dayAndTime.isEmpty() ? QString() : u"2026-11-"_s + dayAndTime;
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what.toString().toStdString());
         Db().Execute(u"DELETE FROM ShiftEmployee"_s);
-        Roster(c.nip, c.roster);
-        PutCard(c.nip, c.status, moment(c.in), moment(c.out));
+        Roster(c.nip.toString(), c.roster.toString());
+        PutCard(c.nip.toString(), c.status.toString(), moment(c.in), moment(c.out));
         CalculateTimeCard(Db(), company_.dialogs, Tcid);
-        EXPECT_EQ(Header(), c.header) << c.what.toStdString();
-        EXPECT_EQ(DayRow(), c.day) << c.what.toStdString();
+        EXPECT_EQ(Header(), c.header.toString());
+        EXPECT_EQ(DayRow(),
+                  c.day.isEmpty() ? u"-|-|Z"_s : moment(c.day).replace(u"|"_s, u'|' + moment(c.out) + u'|'));
     }
     EXPECT_TRUE(company_.dialogs.texts.isEmpty());
 }

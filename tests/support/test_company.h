@@ -45,6 +45,11 @@ public:
     QList<Answer> answers;
 };
 
+/// What is stored for a text: null for an empty one.
+inline QVariant OrNull(const QString& text) {
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+
 /// A moment, from its stored form.
 WallTime Moment(QStringView text);
 

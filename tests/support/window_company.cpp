@@ -1,6 +1,7 @@
 #include "support/window_company.h"
 
 #include "shell/frmLogin.h"
+#include "support/keystrokes.h"
 
 #include <QApplication>
 #include <QImage>
@@ -48,22 +49,11 @@ WindowCompany::~WindowCompany() {
 }
 
 void WindowCompany::WillLogIn(const QString& name, const QString& password) {
-    user.WhenIn(u"frmLogin"_s, [name, password](QWidget&) {
-        KeyboardUser::Type(name);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Type(password);
-        KeyboardUser::Press(Qt::Key_Return);
-    });
+    user.WhenIn(u"frmLogin"_s, [=](QWidget&) { Keys(name + u"⏎"_s + password + u"⏎"_s); });
 }
 
 void WindowCompany::Record(Qt::Key key, const QString& nip, const QString& password) {
-    user.WhenIn(u"frmAED_Absen"_s, [nip, password](QWidget&) {
-        KeyboardUser::Type(nip);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Type(password);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Press(Qt::Key_Escape);
-    });
+    user.WhenIn(u"frmAED_Absen"_s, [=](QWidget&) { Keys(nip + u"⏎"_s + password + u"⏎⎋"_s); });
     KeyboardUser::Press(key);
 }
 
