@@ -69,14 +69,3 @@ TEST(ErrorLog, HoldsOneLineForEachErrorOfTheRun) {
                       "Error Number: 0.~Error Description: x~Module Name: VELT~Sub/Function: OnEnter~", ""}));
     }
 }
-
-TEST(Trapped, LogsAndShowsAFailureUnderItsProcedure) {
-    TestCompany company;
-    EXPECT_TRUE(Trapped(company.program, u"Scroll"_s, [] {}));
-    EXPECT_FALSE(QFile::exists(company.folder.filePath(u"VELTLOG.TXT"_s)));
-    EXPECT_FALSE(Trapped(company.program, u"Scroll"_s, [] { throw ProgramError(9, u"rusak"_s); }));
-    EXPECT_EQ(LogOf(company.folder.filePath(u"VELTLOG.TXT"_s)),
-              "Error Number: 9.~Error Description: rusak~Module Name: VELT~Sub/Function: Scroll~\n");
-    EXPECT_EQ(company.dialogs.texts.size(), 1);
-    EXPECT_TRUE(company.dialogs.Last().endsWith(u"\n[9]\nrusak\n"_s));
-}

@@ -78,6 +78,7 @@ TEST_F(StartUp, WhateverFailsIsToldOnceAndEndsTheStart) {
         EXPECT_TRUE(screen.events.at(screen.events.size() - 2).startsWith(last));
         EXPECT_EQ(company.dialogs.icons, std::vector{icon});
         EXPECT_TRUE(company.dialogs.Last().startsWith(message)) << company.dialogs.Last().toStdString();
+        EXPECT_TRUE(missing.isEmpty() || company.dialogs.Last().contains(missing.section(u"/"_s, -1)));
         EXPECT_EQ(QFile::exists(company.folder.filePath(u"VELTLOG.TXT"_s)), logged);
     }
 }
