@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Rounds = 24;
-
 /// Lets a desk record for a while, kills it and gives what it had confirmed, one "IN 1000" each.
 QStringList RecordUntilKilled(const QString& database, int firstNip, int confirmations,
                               int extraMilliseconds) {
@@ -31,12 +29,10 @@ QStringList RecordUntilKilled(const QString& database, int firstNip, int confirm
 
 TEST(KilledDesk, EveryConfirmedRecordingIsThereAndNoHalfOne) {
     TestCompany company;
-    qsizetype confirmedInAll = 0;
-    for (int round = 0; round < Rounds; ++round) {
+    for (int round = 0; round < 24; ++round) {
         const QStringList confirmed =
             RecordUntilKilled(company.DatabaseFile(), 1000 + round * 10'000, 1 + round % 5, round * 7 % 43);
         ASSERT_FALSE(confirmed.isEmpty()) << round;
-        confirmedInAll += confirmed.size();
 
         const auto again = company.OtherDesk(); // what the next start of the program would find
         QSet<QString> found;
@@ -57,5 +53,4 @@ TEST(KilledDesk, EveryConfirmedRecordingIsThereAndNoHalfOne) {
         ASSERT_TRUE(check.Next());
         ASSERT_EQ(check.Text(0), u"ok"_s);
     }
-    RecordProperty("confirmed", static_cast<int>(confirmedInAll));
 }

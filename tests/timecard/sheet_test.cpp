@@ -10,12 +10,7 @@ TEST(SheetIdentifier, IsComposedOfMonthDayAndExtension) {
     const Day day = DayOf(Moment(u"2004-05-05"));
     EXPECT_EQ(SheetIdentifierOf(day), u"T20040505"_s);
     EXPECT_EQ(MonthPartOf(day), u"T200405"_s);
-    const struct {
-        QString day;
-        QString extension;
-        QString sheet;
-        QString dayPart;
-    } cases[] = {
+    const std::tuple<QString, QString, QString, QString> cases[] = {
         {u"5"_s, u""_s, u"T20040505"_s, u"05"_s},         {u"05"_s, u"  "_s, u"T20040505"_s, u"05"_s},
         {u" 5 "_s, u" 1 "_s, u"T20040505-1"_s, u"05"_s},  {u"31"_s, u"a"_s, u"T20040531-a"_s, u"31"_s},
         {u"15"_s, u"1-2"_s, u"T20040515-1-2"_s, u"15"_s},
@@ -36,7 +31,7 @@ TEST(SheetIdentifier, IsComposedOfMonthDayAndExtension) {
         EXPECT_FALSE(DayOfIdentifier(none)) << none.toStdString();
 }
 
-TEST(Sheet, OnlyStatusOneIsClosed) {
+TEST(Sheet, OnlyStatusOneIsClosedAndClosingAndReopeningKeepOneRow) {
     TestCompany company;
     EXPECT_FALSE(IsSheetClosed(company.Db(), u"T1"_s)); // no row
     const std::pair<QString, bool> cases[] = {{u"0"_s, false},    {u"1"_s, true},   {u"2"_s, false},
@@ -47,10 +42,8 @@ TEST(Sheet, OnlyStatusOneIsClosed) {
         EXPECT_EQ(IsSheetClosed(company.Db(), u"T1"_s), closed) << status.toStdString();
     }
     EXPECT_FALSE(IsSheetClosed(company.Db(), u"T1-1"_s));
-}
 
-TEST(Sheet, ClosingAndReopeningKeepOneRow) {
-    TestCompany company;
+    company.Db().ExecuteNative(u"DELETE FROM timecardmaster"_s);
     const auto master = [&] { return company.RowsOf(u"select * from timecardmaster"_s); };
     ReopenSheet(company.Db(), u"T20261122"_s);
     EXPECT_EQ(master(), QStringList{u"T20261122|0"_s});
