@@ -14,11 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray Contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
 void Write(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -33,7 +28,7 @@ QByteArray DatabaseWithManyRows() {
     Transaction transaction(company.Db());
     company.Db().ExecuteMany(u"INSERT INTO Division (DivKode,DivName) VALUES (?,?)"_s, rows);
     transaction.Commit();
-    return Contents(company.DatabaseFile());
+    return BytesOf(company.DatabaseFile());
 }
 
 QByteArray ForeignDatabase() {
@@ -42,7 +37,7 @@ QByteArray ForeignDatabase() {
     Write(path, {});
     Connection(std::make_unique<SqliteEngine>(), ConnectionText(path))
         .ExecuteNative(u"CREATE TABLE Employee (NIP)"_s);
-    return Contents(path);
+    return BytesOf(path);
 }
 
 #ifndef Q_OS_WIN
@@ -78,7 +73,7 @@ TEST(DatabaseFile, WhatIsNoDatabaseOfOursIsRefusedUntouched) {
         Write(path, bytes);
         const QString failure = FailureOf([&] { OpenDatabaseFile(path); });
         EXPECT_TRUE(failure.contains(message)) << failure.toStdString();
-        EXPECT_EQ(Contents(path), bytes);
+        EXPECT_EQ(BytesOf(path), bytes);
         EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"DATA.mdb"_s});
     }
 }
@@ -101,27 +96,27 @@ TEST(DatabaseFile, MakingOneNeverOverwrites) {
     const QString path = folder.filePath(u"DATA.mdb"_s);
     Write(path, "something of value");
     EXPECT_THROW(CreateDatabase(path), ProgramError);
-    EXPECT_EQ(Contents(path), "something of value");
+    EXPECT_EQ(BytesOf(path), "something of value");
     EXPECT_THROW(CreateDatabase(folder.filePath(u"tidak ada/DATA.mdb"_s)), ProgramError);
 }
 
 TEST(DatabaseFile, ALockedOneIsToldAndOpensWhenTheLockIsGone) {
     const TestCompany company(TestCompany::Database::Closed);
     const auto other = company.OtherDesk();
-    const QByteArray before = Contents(company.DatabaseFile());
+    const QByteArray before = BytesOf(company.DatabaseFile());
     other->ExecuteNative(u"BEGIN EXCLUSIVE"_s);
     const QString failure = FailureOf([&] { company.OtherDesk(); });
     EXPECT_TRUE(failure.startsWith(u"Database sedang dikunci oleh program lain."_s)) << failure.toStdString();
     EXPECT_TRUE(failure.endsWith(u"DATA.mdb"_s));
     other->ExecuteNative(u"ROLLBACK"_s);
-    EXPECT_EQ(Contents(company.DatabaseFile()), before);
+    EXPECT_EQ(BytesOf(company.DatabaseFile()), before);
     EXPECT_EQ(FailureOf([&] { company.OtherDesk(); }), QString());
 }
 
 #ifndef Q_OS_WIN
 TEST(DatabaseFile, AReadOnlyOneIsTold) {
     const TestCompany company(TestCompany::Database::Closed);
-    const QByteArray before = Contents(company.DatabaseFile());
+    const QByteArray before = BytesOf(company.DatabaseFile());
     const auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
     const auto enterable = readable | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
     const auto writable = readable | QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
@@ -139,7 +134,7 @@ TEST(DatabaseFile, AReadOnlyOneIsTold) {
     }
     QFile::setPermissions(company.folder.path(), enterable | QFile::WriteOwner);
     QFile::setPermissions(company.DatabaseFile(), writable);
-    EXPECT_EQ(Contents(company.DatabaseFile()), before);
+    EXPECT_EQ(BytesOf(company.DatabaseFile()), before);
 }
 #endif
 

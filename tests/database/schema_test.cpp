@@ -87,27 +87,6 @@ TEST(Schema, BothSpellingsOfTheDepartmentsAnswerAlike) {
               rows);
 }
 
-TEST(Schema, TheTimeCardViewHasItsColumnsInOrderAndOneRowPerCardAndDay) {
-    TestCompany company;
-    company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u"PROD"_s, u"A"_s);
-    company.Db().ExecuteNative(
-        u"INSERT INTO TimeCardHeader VALUES ('T202611220012','0012','OUT','sakit',8.3,1.15,100.5,20,5)"_s);
-    company.Db().ExecuteNative(
-        u"INSERT INTO TimeCardDetail VALUES ('T202611220012','2026-11-22','2026-11-22 07:00:00',"
-        "'2026-11-22 15:30:00','2026-11-22 15:30:00','2026-11-22 16:45:00','P',1)"_s);
-    company.Db().ExecuteNative(
-        u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611220012','2026-11-23')"_s);
-    const Rows view = company.Db().Query(u"Select * from qry_TimeCardAll"_s);
-    EXPECT_EQ(view.ColumnNames().join(u' '),
-              u"Status NIP Nama Keterangan Dept TCID Divisi Tanggal TimeIN TimeOUT TimeINOT TimeOutOT "
-              "BeriUangMakan NormalHours OTHours NormalAmount OTAmount"_s);
-    EXPECT_EQ(
-        company.RowsOf(u"Select * from qry_TimeCardAll Where NIP='0012' order by Tanggal"_s),
-        (QStringList{u"OUT|0012|Budi|sakit|PROD|T202611220012|A|2026-11-22|2026-11-22 07:00:00|"
-                     "2026-11-22 15:30:00|2026-11-22 15:30:00|2026-11-22 16:45:00|1|8.3|1.15|100.5|20"_s,
-                     u"OUT|0012|Budi|sakit|PROD|T202611220012|A|2026-11-23|-|-|-|-|-|8.3|1.15|100.5|20"_s}));
-}
-
 TEST(SchemaUpgrade, TakesAllFurtherStepsAndCopiesTheFileAside) {
     for (const auto& name : {u"biasa"_s, u"50% %1 %2"_s, u"kantor 'A'; B"_s}) {
         SCOPED_TRACE(name.toStdString());

@@ -20,9 +20,6 @@ protected:
               "('T202611220012','2026-11-22','2026-11-22 07:58:12'),"
               "('T20261122-10012','2026-11-22','2026-11-22 13:00:00'),"
               "('T202611230012','2026-11-23',NULL)"_s,
-              u"INSERT INTO Shift (Code,TimeIn,TimeOut) VALUES "
-              "('P','1899-12-30 06:00:00','1899-12-30 14:00:00'),"
-              "('MALAM','1899-12-30 22:00:00','1899-12-30 06:00:00')"_s,
               u"INSERT INTO ShiftEmployee (NIP,Tgl,ShiftCode) VALUES "
               "('0012','2025-11-22','A'),('0012','2026-11-22','B'),('0012','2026-12-01','C')"_s,
               u"INSERT INTO [User] (UserID,[Password]) VALUES ('0012','rahasia')"_s})
@@ -78,15 +75,6 @@ TEST_F(Statements, DatesInEveryFormSelectTheSameRows) {
            {u"0012"_s, u"0013"_s});
 }
 
-TEST_F(Statements, TheShiftLookUpKnowsNoNightShiftAfterMidnight) {
-    const auto look = u"select Code from Shift where #12-30-1899 %1# between TimeIN and TimeOut"_s;
-    Expect(look.arg(u"06:00:00"_s), {u"P"_s});
-    Expect(look.arg(u"14:00:00"_s), {u"P"_s});
-    Expect(look.arg(u"14:00:01"_s), {});
-    Expect(look.arg(u"23:00:00"_s), {});
-    Expect(look.arg(u"03:00:00"_s), {});
-}
-
 TEST_F(Statements, FunctionsOfTheDialectWorkInAnyCaseAndNested) {
     const QStringList both{u"T20261122-10012"_s, u"T202611220012"_s};
     const auto select = u"select TCID from TimeCardDetail where %1 order by TCID"_s;
@@ -114,10 +102,6 @@ TEST_F(Statements, SavedQueriesAreCalledByNameWithAQuotedArgument) {
     }
     Expect(u"sp_sel_TimeCard 'T202611220012'"_s, {u"IN|-|-|a -- b; [c] /* #d# \"e\" `f`|8.3|-|0012|-"_s});
     Expect(u"sp_sel_timecard 'T20261122'"_s, {});
-    Expect(u"Select * from qry_TimeCardAll  "_s,
-           {u"IN|0012|Budi|a -- b; [c] /* #d# \"e\" `f`|PROD|T202611220012|-|2026-11-22|2026-11-22 "
-            u"07:58:12|-|-|-"
-            "|-|8.3|-|-|-"_s});
     for (const auto& call : {u"sp_TimeCardDetail"_s, u"sp_TimeCardDetail T1"_s,
                              u"sp_sel_TimeCard 'T1','T2'"_s, u"sp_sel_TimeCard 'T1' or 1=1"_s})
         EXPECT_NE(FailureOf([&] { company.RowsOf(call); }), QString()) << call.toStdString();

@@ -13,14 +13,9 @@ TEST(ReportFile, IsReplacedWholeOrNotAtAll) {
     const ProgramFolder program(folder.path());
     const QString path = folder.filePath(u"PRINT.TXT"_s);
     EXPECT_EQ(ReportFilePath(program), path);
-    const auto contents = [&path] {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    };
     WriteReportFile(program, {u"a longer first report"_s, u"x"_s});
     WriteReportFile(program, {u"|Mü 工場|"_s, u""_s, u"--"_s});
-    EXPECT_EQ(contents(), "|M\xC3\xBC \xE5\xB7\xA5\xE5\xA0\xB4|\r\n\r\n--\r\n");
+    EXPECT_EQ(BytesOf(path), "|M\xC3\xBC \xE5\xB7\xA5\xE5\xA0\xB4|\r\n\r\n--\r\n");
 
     const ProgramFolder gone(folder.filePath(u"gone"_s));
     EXPECT_THROW(WriteReportFile(gone, {u"x"_s}), ProgramError);

@@ -2,6 +2,8 @@
 
 #include "database/schema.h"
 
+#include <QFile>
+
 using namespace Qt::StringLiterals;
 
 WallTime Moment(QStringView text) {
@@ -42,8 +44,18 @@ void TestCompany::AddUser(const QString& id, const QString& password, const QStr
         Db().Execute(u"INSERT INTO User_Job (UserID, GroupID) VALUES (?,?)"_s, {id, group});
 }
 
-QStringList TestCompany::RowsOf(const QString& query) {
-    Rows rows = Db().Query(query);
+QStringList TestCompany::ReportLines() const {
+    return QString::fromUtf8(BytesOf(folder.filePath(u"PRINT.TXT"_s))).split(u"\r\n"_s);
+}
+
+QByteArray BytesOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+QStringList RowsOf(Connection& connection, const QString& query) {
+    Rows rows = connection.Query(query);
     const int columns = static_cast<int>(rows.ColumnNames().size());
     QStringList found;
     while (rows.Next()) {

@@ -53,6 +53,11 @@ inline QVariant OrNull(const QString& text) {
 /// A moment, from its stored form.
 WallTime Moment(QStringView text);
 
+QByteArray BytesOf(const QString& path);
+
+/// The rows that a query finds, the fields of a row joined by "|", null as "-".
+QStringList RowsOf(Connection& connection, const QString& query);
+
 /// A program folder with an empty database of its own, a clock at 2026-11-22 07:58:12 and dialogs that
 /// remember. The shared connection is open from the start unless told otherwise; the login answers with
 /// `login`.
@@ -73,8 +78,9 @@ public:
                      const QString& dept = {}, const QString& divisi = {});
     void AddUser(const QString& id, const QString& password, const QString& group = {});
 
-    /// The rows that a query finds, the fields of a row joined by "|", null as "-".
-    QStringList RowsOf(const QString& query);
+    QStringList RowsOf(const QString& query) { return ::RowsOf(Db(), query); }
+    /// The lines of the report file.
+    QStringList ReportLines() const;
 
     QTemporaryDir folder;
     TestClock clock;

@@ -6,7 +6,6 @@ namespace {
 
 /// What is done to a sound demo company, and what the check then says.
 struct Case {
-    QString what;
     QStringList statements;
     QStringList findings;
 };
@@ -24,6 +23,11 @@ QString DayRow(const QString& tcid, const QString& day, const QString& timeIn = 
         tcid, day, literal(timeIn), literal(timeOut));
 }
 
+/// A card of an employee with one day, as statements.
+QStringList Card(const QString& tcid, const QString& nip, const QString& day, const QString& timeIn) {
+    return {Header(tcid, nip, u"IN"_s), DayRow(tcid, day, timeIn)};
+}
+
 class DataCheck : public testing::Test {
 protected:
     DataCheck() { MakeDemoCompany(sound, DemoUntil(u"2026-11-21", 6, 1)); }
@@ -39,7 +43,7 @@ protected:
             db->ExecuteNative(u"PRAGMA ignore_check_constraints=ON"_s);
             for (const QString& statement : one.statements)
                 db->ExecuteNative(statement);
-            EXPECT_EQ(FindingsOf(*db), one.findings) << one.what.toStdString();
+            EXPECT_EQ(FindingsOf(*db), one.findings) << one.statements.join(u'\n').toStdString();
         }
     }
 
@@ -55,31 +59,21 @@ TEST_F(DataCheck, TellsCardsThatDoNotFitTogether) {
     const QString card = u"T202611220001"_s;
     const QString day = u"2026-11-22"_s;
     Run({
-        {u"day row without header"_s,
-         {DayRow(card, day)},
-         {u"TimeCardDetail T202611220001 2026-11-22: no header"_s}},
-        {u"header without employee"_s,
-         {Header(u"T202611229999"_s, u"9999"_s, u"S"_s)},
+        {{DayRow(card, day)}, {u"TimeCardDetail T202611220001 2026-11-22: no header"_s}},
+        {{Header(u"T202611229999"_s, u"9999"_s, u"S"_s)},
          {u"TimeCardHeader T202611229999: no employee \"9999\""_s}},
-        {u"unknown status"_s,
-         {Header(card, u"0001"_s, u"ZZ"_s), DayRow(card, day)},
+        {{Header(card, u"0001"_s, u"ZZ"_s), DayRow(card, day)},
          {u"TimeCardHeader T202611220001: unknown status \"ZZ\""_s}},
-        {u"status in another letter case"_s,
-         {Header(card, u"0001"_s, u"s"_s)},
-         {u"TimeCardHeader T202611220001: unknown status \"s\""_s}},
-        {u"unknown shift code"_s,
-         {Header(card, u"0001"_s, u"S"_s), DayRow(card, day),
+        {{Header(card, u"0001"_s, u"s"_s)}, {u"TimeCardHeader T202611220001: unknown status \"s\""_s}},
+        {{Header(card, u"0001"_s, u"S"_s), DayRow(card, day),
           u"UPDATE TimeCardDetail SET ShiftCode='X' WHERE TCID='"_s + card + u'\''},
          {u"TimeCardDetail T202611220001 2026-11-22: unknown shift code \"X\""_s}},
-        {u"OUT without departure"_s,
-         {Header(card, u"0001"_s, u"OUT"_s), DayRow(card, day, u"2026-11-22 07:58:12"_s)},
+        {{Header(card, u"0001"_s, u"OUT"_s), DayRow(card, day, u"2026-11-22 07:58:12"_s)},
          {u"TimeCardDetail T202611220001 2026-11-22: status OUT without a departure"_s}},
-        {u"OUT with the empty time for a departure"_s,
-         {Header(card, u"0001"_s, u"OUT"_s),
+        {{Header(card, u"0001"_s, u"OUT"_s),
           DayRow(card, day, u"2026-11-22 07:58:12"_s, u"1899-12-30 00:00:00"_s)},
          {u"TimeCardDetail T202611220001 2026-11-22: status OUT without a departure"_s}},
-        {u"arrival after departure"_s,
-         {Header(card, u"0001"_s, u"OUT"_s),
+        {{Header(card, u"0001"_s, u"OUT"_s),
           DayRow(card, day, u"2026-11-22 17:00:01"_s, u"2026-11-22 17:00:00"_s)},
          {u"TimeCardDetail T202611220001 2026-11-22: arrival 2026-11-22 17:00:01 is later than departure "
           "2026-11-22 17:00:00"_s}},
@@ -97,14 +91,12 @@ TEST_F(DataCheck, TellsCardIdentifiersThatAreNotMadeOfSheetAndNumber) {
     for (const QString& tcid :
          {u"T202611220002"_s, u"T202611220001X"_s, u"T20261122-0001"_s, u"T2026112-0001"_s,
           u"T2026112X0001"_s, u"X202611220001"_s, u"t202611220001"_s, u"0001"_s})
-        cases.push_back({tcid, {Header(tcid, u"0001"_s, u"S"_s)}, finding(tcid, u"0001"_s)});
-    cases.push_back({u"number in lower case"_s,
-                     {lowerCaseEmployee, Header(u"T20261122a7"_s, u"a7"_s, u"S"_s)},
-                     finding(u"T20261122a7"_s, u"a7"_s)});
+        cases.push_back({{Header(tcid, u"0001"_s, u"S"_s)}, finding(tcid, u"0001"_s)});
     cases.push_back(
-        {u"number in upper case"_s, {lowerCaseEmployee, Header(u"T20261122A7"_s, u"a7"_s, u"S"_s)}, {}});
-    cases.push_back({u"a day that the month lacks"_s, {Header(u"T202611310001"_s, u"0001"_s, u"S"_s)}, {}});
-    cases.push_back({u"extension"_s, {Header(u"T20261122-AB0001"_s, u"0001"_s, u"S"_s)}, {}});
+        {{lowerCaseEmployee, Header(u"T20261122a7"_s, u"a7"_s, u"S"_s)}, finding(u"T20261122a7"_s, u"a7"_s)});
+    cases.push_back({{lowerCaseEmployee, Header(u"T20261122A7"_s, u"a7"_s, u"S"_s)}, {}});
+    cases.push_back({{Header(u"T202611310001"_s, u"0001"_s, u"S"_s)}, {}});
+    cases.push_back({{Header(u"T20261122-AB0001"_s, u"0001"_s, u"S"_s)}, {}});
     Run(cases);
 }
 
@@ -112,54 +104,35 @@ TEST_F(DataCheck, TellsMoreThanOneArrivalOnADay) {
     const QString day = u"2026-11-22"_s;
     const QString morning = u"2026-11-22 07:58:12"_s;
     const QString evening = u"2026-11-22 19:05:00"_s;
+    const QString nextDay = DayRow(u"T202611220001"_s, u"2026-11-23"_s, u"2026-11-23 08:00:00"_s);
+    const QStringList first = Card(u"T202611220001"_s, u"0001"_s, day, morning);
+    const QString twice = u"TimeCardDetail T202611230001 2026-11-22: 2 arrivals of employee \"0001\" on one "
+                          "day, the first on %1"_s;
     Run({
-        {u"on another day's sheet"_s,
-         {Header(u"T202611220001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611220001"_s, day, morning),
-          Header(u"T202611230001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611230001"_s, day, evening)},
-         {u"TimeCardDetail T202611230001 2026-11-22: 2 arrivals of employee \"0001\" on one day, the first "
-          u"on "
-          "T202611220001"_s}},
-        {u"both on another day's sheets"_s,
-         {Header(u"T202611230001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611230001"_s, day, morning),
-          Header(u"T20261123-10001"_s, u"0001"_s, u"IN"_s), DayRow(u"T20261123-10001"_s, day, evening)},
-         {u"TimeCardDetail T202611230001 2026-11-22: 2 arrivals of employee \"0001\" on one day, the first "
-          u"on "
-          "T20261123-10001"_s}},
-        {u"told apart by the extension"_s,
-         {Header(u"T202611220001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611220001"_s, day, morning),
-          Header(u"T20261122-10001"_s, u"0001"_s, u"IN"_s), DayRow(u"T20261122-10001"_s, day, evening)},
-         {}},
-        {u"one of the two without an arrival"_s,
-         {Header(u"T202611220001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611220001"_s, day, morning),
-          Header(u"T202611230001"_s, u"0001"_s, u"S"_s),
-          DayRow(u"T202611230001"_s, day, u"1899-12-30 00:00:00"_s)},
-         {}},
-        {u"two employees"_s,
-         {Header(u"T202611220001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611220001"_s, day, morning),
-          Header(u"T202611220002"_s, u"0002"_s, u"IN"_s), DayRow(u"T202611220002"_s, day, morning)},
-         {}},
-        {u"one card on two days"_s,
-         {Header(u"T202611220001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611220001"_s, day, morning),
-          DayRow(u"T202611220001"_s, u"2026-11-23"_s, u"2026-11-23 08:00:00"_s)},
+        {first + Card(u"T202611230001"_s, u"0001"_s, day, evening), {twice.arg(u"T202611220001"_s)}},
+        {Card(u"T202611230001"_s, u"0001"_s, day, morning)
+             + Card(u"T20261123-10001"_s, u"0001"_s, day, evening),
+         {twice.arg(u"T20261123-10001"_s)}},
+        // told apart by the extension
+        {first + Card(u"T20261122-10001"_s, u"0001"_s, day, evening), {}},
+        // one of the two without an arrival
+        {first + Card(u"T202611230001"_s, u"0001"_s, day, u"1899-12-30 00:00:00"_s), {}},
+        // two employees
+        {first + Card(u"T202611220002"_s, u"0002"_s, day, morning), {}},
+        {first + QStringList{nextDay},
          {u"TimeCardDetail T202611220001 2026-11-23: the card holds an arrival on another day too"_s}},
-        {u"one card on two days, one without an arrival"_s,
-         {Header(u"T202611220001"_s, u"0001"_s, u"IN"_s), DayRow(u"T202611220001"_s, day),
-          DayRow(u"T202611220001"_s, u"2026-11-23"_s, u"2026-11-23 08:00:00"_s)},
-         {}},
+        // one card on two days, one without an arrival
+        {Card(u"T202611220001"_s, u"0001"_s, day, {}) + QStringList{nextDay}, {}},
     });
 }
 
 TEST_F(DataCheck, TellsCodesAndPeopleThatAreNotThere) {
     Run({
-        {u"roster"_s,
-         {u"INSERT INTO ShiftEmployee VALUES ('0001','2027-01-01','pagi'), ('9999','2027-01-01','PAGI')"_s},
+        {{u"INSERT INTO ShiftEmployee VALUES ('0001','2027-01-01','pagi'), ('9999','2027-01-01','PAGI')"_s},
          {u"ShiftEmployee 0001 2027-01-01: unknown shift code \"pagi\""_s,
           u"ShiftEmployee 9999 2027-01-01: no employee \"9999\""_s}},
-        {u"group of nobody"_s,
-         {u"DELETE FROM [User] WHERE UserID='pelon'"_s},
-         {u"User_Job pelon SPV: no user \"pelon\""_s}},
-        {u"department and division"_s,
-         {u"UPDATE Employee SET Dept='XX' WHERE NIP='0001'"_s,
+        {{u"DELETE FROM [User] WHERE UserID='pelon'"_s}, {u"User_Job pelon SPV: no user \"pelon\""_s}},
+        {{u"UPDATE Employee SET Dept='XX' WHERE NIP='0001'"_s,
           u"UPDATE Employee SET Divisi='YY' WHERE NIP='0002'"_s},
          {u"Employee 0001: unknown department \"XX\""_s, u"Employee 0002: unknown division \"YY\""_s}},
     });
@@ -169,60 +142,50 @@ TEST_F(DataCheck, TellsValuesThatCannotBeRead) {
     const QString card = Header(u"T202611220001"_s, u"0001"_s, u"S"_s);
     const QString dayRow = DayRow(u"T202611220001"_s, u"2026-11-22"_s);
     std::vector<Case> cases{
-        {u"status of a sheet"_s,
-         {u"INSERT INTO timecardmaster VALUES ('T20261122','tutup')"_s},
+        {{u"INSERT INTO timecardmaster VALUES ('T20261122','tutup')"_s},
          {u"timecardmaster T20261122: Status \"tutup\" is no number"_s}},
-        {u"order of a status"_s,
-         {u"UPDATE [Employee Status] SET ID='dua' WHERE Status='OUT'"_s},
+        {{u"UPDATE [Employee Status] SET ID='dua' WHERE Status='OUT'"_s},
          {u"Employee Status OUT: ID \"dua\" is no number"_s}},
-        {u"start of a shift"_s,
-         {u"UPDATE Shift SET TimeIn='08:00' WHERE Code='P'"_s},
-         {u"Shift P: TimeIn \"08:00\" is no date"_s}},
-        {u"day of the roster"_s,
-         {u"INSERT INTO ShiftEmployee VALUES ('0001','1/2/2027','P')"_s},
+        {{u"UPDATE Shift SET TimeIn='08:00' WHERE Code='P'"_s}, {u"Shift P: TimeIn \"08:00\" is no date"_s}},
+        {{u"INSERT INTO ShiftEmployee VALUES ('0001','1/2/2027','P')"_s},
          {u"ShiftEmployee 0001 1/2/2027: Tgl \"1/2/2027\" is no date"_s}},
-        {u"day of a card"_s,
-         {card, DayRow(u"T202611220001"_s, u"22-11-2026"_s)},
+        {{card, DayRow(u"T202611220001"_s, u"22-11-2026"_s)},
          {u"TimeCardDetail T202611220001 22-11-2026: Tanggal \"22-11-2026\" is no date"_s}},
-        {u"meal allowance"_s,
-         {card, dayRow, u"UPDATE TimeCardDetail SET BeriUangMakan=7 WHERE TCID='T202611220001'"_s},
+        {{card, dayRow, u"UPDATE TimeCardDetail SET BeriUangMakan=7 WHERE TCID='T202611220001'"_s},
          {u"TimeCardDetail T202611220001 2026-11-22: BeriUangMakan \"7\" is no flag"_s}},
     };
     for (const QString& column : {u"TimeIN"_s, u"TimeOUT"_s, u"TimeINOT"_s, u"TimeOutOT"_s})
         cases.push_back(
-            {column,
-             {card, dayRow,
+            {{card, dayRow,
               u"UPDATE TimeCardDetail SET %1='2026-02-30 08:00:00' WHERE TCID='T202611220001'"_s.arg(column)},
              {u"TimeCardDetail T202611220001 2026-11-22: %1 \"2026-02-30 08:00:00\" is no date"_s.arg(
                  column)}});
     for (const QString& column :
          {u"NormalHours"_s, u"OTHours"_s, u"NormalAmount"_s, u"OTAmount"_s, u"TotalUangMakan"_s})
         cases.push_back(
-            {column,
-             {card, u"UPDATE TimeCardHeader SET %1='8:30' WHERE TCID='T202611220001'"_s.arg(column)},
+            {{card, u"UPDATE TimeCardHeader SET %1='8:30' WHERE TCID='T202611220001'"_s.arg(column)},
              {u"TimeCardHeader T202611220001: %1 \"8:30\" is no number"_s.arg(column)}});
     for (const QString& column : {u"GP"_s, u"RateOT"_s, u"TMakan"_s, u"sc"_s})
-        cases.push_back({column,
-                         {u"UPDATE Employee SET %1='Rp 5' WHERE NIP='0003'"_s.arg(column)},
+        cases.push_back({{u"UPDATE Employee SET %1='Rp 5' WHERE NIP='0003'"_s.arg(column)},
                          {u"Employee 0003: %1 \"Rp 5\" is no number"_s.arg(column)}});
     Run(cases);
 }
 
 TEST_F(DataCheck, LetsPassWhatTheProgramItselfLeaves) {
     Run({
-        {u"header whose day rows were deleted"_s, {Header(u"T202611220001"_s, u"0001"_s, u"OUT"_s)}, {}},
-        {u"department not given"_s, {u"UPDATE Employee SET Dept=NULL, Divisi='' WHERE NIP='0001'"_s}, {}},
-        {u"emptied cell of the roster"_s,
-         {u"INSERT INTO ShiftEmployee VALUES ('0001','2027-01-01','')"_s},
-         {}},
-        {u"shift code written in upper case"_s,
-         {u"INSERT INTO Shift (Code) VALUES ('Sore')"_s, Header(u"T202611220001"_s, u"0001"_s, u"S"_s),
+        // header whose day rows were deleted
+        {{Header(u"T202611220001"_s, u"0001"_s, u"OUT"_s)}, {}},
+        // department not given
+        {{u"UPDATE Employee SET Dept=NULL, Divisi='' WHERE NIP='0001'"_s}, {}},
+        // emptied cell of the roster
+        {{u"INSERT INTO ShiftEmployee VALUES ('0001','2027-01-01','')"_s}, {}},
+        // shift code written in upper case
+        {{u"INSERT INTO Shift (Code) VALUES ('Sore')"_s, Header(u"T202611220001"_s, u"0001"_s, u"S"_s),
           u"INSERT INTO TimeCardDetail (TCID, Tanggal, ShiftCode) "
           "VALUES ('T202611220001','2026-11-22','SORE')"_s,
           u"INSERT INTO ShiftEmployee VALUES ('0001','2027-01-01','Sore')"_s},
          {}},
-        {u"status of a sheet that counts as open"_s,
-         {u"INSERT INTO timecardmaster VALUES ('T20261122',2)"_s},
-         {}},
+        // status of a sheet that counts as open
+        {{u"INSERT INTO timecardmaster VALUES ('T20261122',2)"_s}, {}},
     });
 }
