@@ -1,10 +1,8 @@
 #include "app/desk_windows.h"
-#include "reports/report_file.h"
 #include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QRegularExpression>
 #include <QTableView>
 
@@ -43,11 +41,7 @@ public:
     }
     /// The report's lines of two employees, one that works by night on the 22nd and one that is off.
     QStringList Printed() const {
-        QFile report(ReportFilePath(company.company.program.folder));
-        EXPECT_TRUE(report.open(QIODevice::ReadOnly));
-        return QString::fromUtf8(report.readAll())
-            .split(u"\r\n"_s)
-            .filter(QRegularExpression(u"\\|001[23] *\\|"_s));
+        return company.company.ReportLines().filter(QRegularExpression(u"\\|001[23] *\\|"_s));
     }
     /// In admin mode Enter on a row opens the card; it is computed there.
     void ComputeLastCard() {
