@@ -34,7 +34,10 @@ protected:
         Run(u"INSERT INTO [Employee Status] VALUES (1,'S','Sakit'),(2,'CT','Cuti')"_s);
     }
 
-    void Run(const QString& statement) { company.Db().ExecuteNative(statement); }
+    void Run(const QString& statements) {
+        for (const QString& statement : statements.split(u';', Qt::SkipEmptyParts))
+            company.Db().ExecuteNative(statement);
+    }
     void AddCard(const QString& tcid, const QString& nip, const QString& day, const QString& times,
                  const QString& status = u"IN"_s) {
         Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('%1','%2','%3')"_s.arg(tcid, nip, status));
@@ -198,55 +201,38 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
         bool statusSaved;
         bool deleted;
     };
+    const QString own = card(u"T202611200012"_s, u"0012"_s);
+    const QString extended = card(u"T20261120-W0012"_s, u"0012"_s);
+    const QString moved = card(u"T202611200012"_s, u"0012"_s, u"2026-11-19"_s);
+    const QString header = u"INSERT INTO TimeCardHeader (TCID,NIP) VALUES ('T20261120K1','K1')"_s;
+    const QString secondDay =
+        u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611200012','2026-11-21')"_s;
     const Case cases[] = {
-        {"clocked in", u"0012"_s, {}, card(u"T202611200012"_s, u"0012"_s), false, true},
-        {"clocked in on an extended sheet",
-         u"0012"_s,
-         {},
-         card(u"T20261120-W0012"_s, u"0012"_s),
-         false,
-         true},
+        {"clocked in", u"0012"_s, {}, own, false, true},
+        {"clocked in on an extended sheet", u"0012"_s, {}, extended, false, true},
         {"another employee's card", u"k1"_s, {}, card(u"T20261120K1"_s, u"K1"_s), false, true},
-        {"another employee's header",
-         u"k1"_s,
-         u"INSERT INTO TimeCardHeader (TCID,NIP) VALUES ('T20261120K1','K1')"_s,
-         {},
-         false,
-         true},
-        {"the card's day moved",
-         u"0012"_s,
-         {},
-         card(u"T202611200012"_s, u"0012"_s, u"2026-11-19"_s),
-         false,
-         true},
-        {"status changed", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
-         u"UPDATE TimeCardHeader SET Status='OUT'"_s, false, false},
-        {"removed", u"0012"_s, card(u"T202611200012"_s, u"0012"_s), u"DELETE FROM TimeCardDetail"_s, false,
+        {"another employee's header", u"k1"_s, header, {}, false, true},
+        {"the card's day moved", u"0012"_s, {}, moved, false, true},
+        {"status changed", u"0012"_s, own, u"UPDATE TimeCardHeader SET Status='OUT'"_s, false, false},
+        {"removed", u"0012"_s, own, u"DELETE FROM TimeCardDetail"_s, false, false},
+        {"a time recorded", u"0012"_s, own, u"UPDATE TimeCardDetail SET TimeOUT='2026-11-20 16:00:00'"_s,
+         true, false},
+        {"overtime recorded", u"0012"_s, own, u"UPDATE TimeCardDetail SET TimeINOT='2026-11-20 17:00:00'"_s,
+         true, false},
+        {"a day added to the card", u"0012"_s, own, secondDay, true, false},
+        {"given to another employee", u"0012"_s, own, u"UPDATE TimeCardHeader SET NIP='0013'"_s, false,
          false},
-        {"a time recorded", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
-         u"UPDATE TimeCardDetail SET TimeOUT='2026-11-20 16:00:00'"_s, true, false},
-        {"overtime recorded", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
-         u"UPDATE TimeCardDetail SET TimeINOT='2026-11-20 17:00:00'"_s, true, false},
-        {"a day added to the card", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
-         u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611200012','2026-11-21')"_s, true, false},
-        {"given to another employee", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
-         u"UPDATE TimeCardHeader SET NIP='0013'"_s, false, false},
-        {"the same status", u"0012"_s, card(u"T202611200012"_s, u"0012"_s),
-         u"UPDATE TimeCardHeader SET Status='S'"_s, true, false},
-        {"nothing", u"0012"_s, card(u"T202611200012"_s, u"0012"_s), {}, true, true},
-    };
-    const auto run = [&](const QString& statements) {
-        for (const QString& statement : statements.split(u';', Qt::SkipEmptyParts))
-            Run(statement);
+        {"the same status", u"0012"_s, own, u"UPDATE TimeCardHeader SET Status='S'"_s, true, false},
+        {"nothing", u"0012"_s, own, {}, true, true},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         for (const bool deleting : {false, true}) {
-            run(u"DELETE FROM TimeCardHeader;DELETE FROM TimeCardDetail"_s);
-            run(c.before);
+            Run(u"DELETE FROM TimeCardHeader;DELETE FROM TimeCardDetail"_s);
+            Run(c.before);
             const ShownDayRow row = RowOf(c.nip, day);
             const QStringList told = HiddenOnCard(company.Db(), row);
-            run(c.meanwhile);
+            Run(c.meanwhile);
             const QStringList before = company.RowsOf(Cards);
             QString failure;
             try {
@@ -273,20 +259,19 @@ TEST_F(AttendanceTest, LeavingARowAddsWhatIsMissingAndChangesNothingElse) {
     const ShownDayRow row = RowOf(u"0012"_s, day);
     const QString shown = u"T202611200012|0012|S|2026-11-20|2026-11-20 07:00:00|-"_s;
     const QString clockedOut = u"T202611200012|0012|OUT|2026-11-20|2026-11-20 07:00:00|2026-11-20 17:00:00"_s;
-    const std::pair<QStringList, QString> cases[] = {
-        {{u"DELETE FROM TimeCardDetail"_s}, shown},
-        {{u"DELETE FROM TimeCardHeader"_s}, shown},
-        {{u"UPDATE TimeCardHeader SET Status='OUT'"_s,
-          u"UPDATE TimeCardDetail SET TimeOUT='2026-11-20 17:00:00'"_s},
+    const std::pair<QString, QString> cases[] = {
+        {u"DELETE FROM TimeCardDetail"_s, shown},
+        {u"DELETE FROM TimeCardHeader"_s, shown},
+        {u"UPDATE TimeCardHeader SET Status='OUT';"
+         "UPDATE TimeCardDetail SET TimeOUT='2026-11-20 17:00:00'"_s,
          clockedOut},
-        {{u"UPDATE TimeCardDetail SET Tanggal='2026-11-19'"_s},
+        {u"UPDATE TimeCardDetail SET Tanggal='2026-11-19'"_s,
          QString(clockedOut).replace(u"|2026-11-20|"_s, u"|2026-11-19|"_s)},
-        {{u"DELETE FROM TimeCardDetail"_s, u"UPDATE TimeCardHeader SET NIP='0013'"_s},
+        {u"DELETE FROM TimeCardDetail;UPDATE TimeCardHeader SET NIP='0013'"_s,
          u"T202611200012|0013|OUT|-|-|-"_s},
     };
     for (const auto& [meanwhile, stored] : cases) {
-        for (const QString& statement : meanwhile)
-            Run(statement);
+        Run(meanwhile);
         const auto saved = SaveGridRow(company.Db(), row);
         EXPECT_EQ(company.RowsOf(Cards), QStringList{stored});
         EXPECT_EQ(saved, RowOf(u"0012"_s, day).record);

@@ -1,12 +1,12 @@
 #include "editing/frmAbsensi.h"
 
+#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
@@ -69,11 +69,6 @@ public:
         return cells.join(u'|');
     }
     QString Status() { return Part<QLabel>("lblStatus").text(); }
-    /// Types a code over the current cell and enters it.
-    void Enter(const QString& code) {
-        KeyboardUser::Type(code);
-        KeyboardUser::Press(Qt::Key_Return);
-    }
     bool Editing() { return Part<QLineEdit>("Text1").isVisible(); }
     static bool ListIsOpen() {
         return KeyboardUser::WaitUntil(
@@ -94,8 +89,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     EXPECT_EQ(browser.Status(), u"9 baris · Tanggal: 01-Nov-2026 s/d 03-Nov-2026"_s);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||IN|T202611010013"_s);
     EXPECT_TRUE(browser.Part<QLineEdit>("txtEmpl").hasFocus());
-    KeyboardUser::Type(u"0012"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"0012⏎"_s);
     EXPECT_EQ(browser.Status(), u"3 baris · Tanggal: 01-Nov-2026 s/d 03-Nov-2026 · NIP: 0012"_s);
     EXPECT_TRUE(browser.Grid().hasFocus());
     EXPECT_EQ(browser.Grid().currentIndex().row(), 0);
@@ -103,8 +97,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.Part<QLineEdit>("txtEmpl").setFocus();
     KeyboardUser::Press(Qt::Key_F9);
     ASSERT_TRUE(Browser::ListIsOpen());
-    KeyboardUser::Type(u"agus"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"agus⏎"_s);
     EXPECT_EQ(browser.Part<QLineEdit>("txtEmpl").text(), u"0014"_s);
     browser.Part<QLineEdit>("txtEmpl").clear();
 
@@ -113,8 +106,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     dept.setFocus();
     KeyboardUser::Type(u"p"_s); // by its shown name
     browser.Part<QComboBox>("txtDivisi").setFocus();
-    KeyboardUser::Type(u"s"_s);
-    KeyboardUser::Press(Qt::Key_Tab);
+    Keys(u"s↹"_s);
     KeyboardUser::Press(Qt::Key_Space);
     EXPECT_FALSE(browser.Part<QDateEdit>("txtDate1").isEnabled());
     KeyboardUser::Press(Qt::Key_Return);
@@ -146,16 +138,14 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     Browser browser;
     browser.Open();
     browser.Go(0);
-    browser.Enter(u"s"_s);
+    Keys(u"s⏎"_s);
     EXPECT_EQ(browser.Row(0), u"0014|01-Nov-2026|||S|T202611010014"_s);
-    KeyboardUser::Press(Qt::Key_Down);
-    KeyboardUser::Press(Qt::Key_Down);
+    Keys(u"↓↓"_s);
 
-    browser.Enter(u"XX"_s); // not listed: the list opens, and nothing is written
+    Keys(u"XX⏎"_s); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
     EXPECT_EQ(browser.company.RowsOf(Cards).size(), 2);
-    KeyboardUser::Press(Qt::Key_Down);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"↓⏎"_s);
     EXPECT_EQ(browser.Row(2), u"0012|01-Nov-2026|||CT|T202611010012"_s);
 
     browser.Go(3, AttendanceModel::Nip); // Enter leads to an empty status and to its list
@@ -167,7 +157,7 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026|||S|T202611020014"_s);
 
     browser.Go(1, AttendanceModel::Nip); // and to the editor where there is a status
-    browser.Enter(u"z"_s);
+    Keys(u"z⏎"_s);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||IN|T202611010013"_s);
     EXPECT_TRUE(browser.Editing());
     KeyboardUser::Press(Qt::Key_Escape);
@@ -189,7 +179,7 @@ TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
     browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
     const QString clockedOut = u"0013|01-Nov-2026|07:45|17:00|OUT|T202611010013"_s;
     browser.Go(1);
-    browser.Enter(u"S"_s);
+    Keys(u"S⏎"_s);
     EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(1), clockedOut);
     KeyboardUser::Press(Qt::Key_Return); // what was typed stands there still
@@ -237,30 +227,17 @@ TEST(frmAbsensi, DeletesTheCardsDayForASupervisorOnly) {
 TEST(frmAbsensi, PrintsTheRowsThatAreShown) {
     Browser browser;
     browser.Open();
-    KeyboardUser::Type(u"0013"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"0013⏎"_s);
     browser.Part<QLineEdit>("txtEmpl").setText(u"typed since"_s);
     KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
     ASSERT_TRUE(KeyboardUser::WaitUntil([&] { return !browser.company.shownReports.isEmpty(); }));
-    QFile file(browser.company.folder.filePath(u"PRINT.TXT"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString rule(104, u'-');
-    const QString empty =
-        u"|0013    |Budi                |P       |B       |       |       |       |"_s + QString(30, u' ');
-    EXPECT_EQ(QString::fromUtf8(file.readAll()),
-              (QStringList{u"ABSENSI KARYAWAN "_s,
-                           u"Tanggal: 01-Nov-2026 s/d 03-Nov-2026  NIP: 0013"_s,
-                           rule,
-                           u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status "
-                           "|Keterangan"_s,
-                           rule,
-                           u"|0013    |Budi                |P       |B       |07:45  |       |IN     |"_s
-                               + QString(30, u' '),
-                           empty,
-                           empty,
-                           rule,
-                           {}})
-                  .join(u"\r\n"_s));
+    const QStringList lines = browser.company.ReportLines();
+    EXPECT_EQ(lines.value(1), u"Tanggal: 01-Nov-2026 s/d 03-Nov-2026  NIP: 0013"_s);
+    const QString person = u"|0013    |Budi                |P       |B       |"_s;
+    EXPECT_EQ(lines.filter(u"|00"_s),
+              (QStringList{person + u"07:45  |       |IN     |"_s + QString(30, u' '),
+                           person + u"       |       |       |"_s + QString(30, u' '),
+                           person + u"       |       |       |"_s + QString(30, u' ')}));
     EXPECT_EQ(browser.company.dialogs.texts, QStringList());
 }
 

@@ -1,8 +1,8 @@
 #include "editing/frmEditAbsensi.h"
 
+#include "support/keystrokes.h"
 #include "support/window_company.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
@@ -48,28 +48,19 @@ public:
     Widget& Part(const char* name) {
         return WindowCompany::Part<Widget>(*window, name);
     }
-    static void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
-        KeyboardUser::Press(key, with);
-    }
     QTableView& Grid() { return Part<QTableView>("MSHFlexGrid1"); }
     QString Cell(int row, int column) { return Grid().model()->index(row, column).data().toString(); }
     void Go(int row, int column) { Grid().setCurrentIndex(Grid().model()->index(row, column)); }
     void Type(int row, int column, const QString& text) {
         Go(row, column);
-        KeyboardUser::Type(text);
-        Press(Qt::Key_Return);
+        Keys(text + u'⏎');
     }
     QString Said(const char* label) { return Part<QLabel>(label).text(); }
     /// Presses a button by its mnemonic and waits for what it says when it is done.
     void Do(Qt::Key mnemonic) {
         Part<QLabel>("lblDone").clear();
-        Press(mnemonic, Qt::AltModifier);
+        KeyboardUser::Press(mnemonic, Qt::AltModifier);
         KeyboardUser::WaitUntil([this] { return !Said("lblDone").isEmpty(); });
-    }
-    QStringList ReportLines() {
-        QFile file(company.folder.filePath(u"PRINT.TXT"_s));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return QString::fromUtf8(file.readAll()).split(u"\r\n"_s);
     }
 
     TestCompany company;
@@ -90,15 +81,14 @@ TEST(frmEditAbsensi, SearchesWithEnterFromEveryBox) {
     EXPECT_EQ(search.window->focusWidget()->objectName(), u"txtTCID"_s);
     for (const auto& [box, text, rows] : cases) {
         search.Part<QLineEdit>(box).setFocus();
-        KeyboardUser::Type(text);
-        SearchWindow::Press(Qt::Key_Return);
+        Keys(text + u'⏎');
         EXPECT_EQ(search.Grid().model()->rowCount(), rows) << box;
         EXPECT_EQ(search.Grid().hasFocus(), rows > 0) << box;
     }
     EXPECT_EQ(search.Said("lblRows"), u"0 baris · Dept PROD, Divisi B, NIK 0012, TCID T20261122"_s);
     KeyboardUser::Type(u"'"_s);
     for (int time = 1; time <= 2; ++time)
-        SearchWindow::Press(Qt::Key_Return);
+        KeyboardUser::Press(Qt::Key_Return);
     EXPECT_EQ(search.company.dialogs.texts.size(), 1) << "a text that cannot be searched for is told once";
     EXPECT_TRUE(search.Part<QLineEdit>("txtDivisi").hasFocus());
     EXPECT_TRUE(search.Said("lblRows").startsWith(u"0 baris"_s));
@@ -106,7 +96,7 @@ TEST(frmEditAbsensi, SearchesWithEnterFromEveryBox) {
 
 TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     SearchWindow search;
-    SearchWindow::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     ASSERT_EQ(search.Grid().model()->rowCount(), 4);
     for (const int column : {static_cast<int>(Nama), static_cast<int>(Tcid)}) {
         search.Go(0, column);
@@ -118,26 +108,23 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     search.Type(0, Keterangan, u"lupa"_s);
     EXPECT_EQ(search.company.RowsOf(Cards)[0],
               u"T202611210012|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
-    search.user.WhenIn(u"PickList"_s, [](QWidget&) {
-        KeyboardUser::Type(u"luar"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-    });
+    search.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"luar⏎"_s); });
     search.Type(0, Status, u"zz"_s); // is no status: the list opens
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return search.Cell(0, Status) == u"TL"_s; }));
-    SearchWindow::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Down);
     EXPECT_EQ(search.company.RowsOf(Cards)[0],
               u"T202611210012|TL|lupa|0|2026-11-21 07:45:00|2026-11-21 23:15:00"_s);
     EXPECT_EQ(search.Said("lblDone"), u"Baris 1 disimpan."_s);
 
     search.Type(1, TimeIn, u"pagi"_s);
-    SearchWindow::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Down);
     EXPECT_TRUE(search.company.dialogs.Last().contains(u"\"pagi\" bukan jam"_s));
     EXPECT_EQ(search.Cell(1, TimeIn), u"pagi"_s);
     search.company.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No};
-    SearchWindow::Press(Qt::Key_Escape);
+    KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_TRUE(search.window->isVisible());
     search.Part<QWidget>("cmdTutup").setFocus();
-    SearchWindow::Press(Qt::Key_Space);
+    KeyboardUser::Press(Qt::Key_Space);
     EXPECT_FALSE(search.window->isVisible());
     EXPECT_EQ(search.company.dialogs.questions.size(), 2);
     EXPECT_EQ(search.company.RowsOf(Cards)[1],
@@ -147,27 +134,27 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     search.window->show();
     EXPECT_EQ(search.Cell(1, TimeIn), u"07:45:00"_s) << "what was thrown away does not come back";
     EXPECT_EQ(search.Cell(3, Keterangan), u"sementara ini"_s);
-    SearchWindow::Press(Qt::Key_Escape);
+    KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_EQ(search.company.dialogs.questions.size(), 2);
 }
 
 TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
     SearchWindow search;
-    SearchWindow::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     search.Type(0, Keterangan, u"dari sini"_s);
     search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
-    SearchWindow::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Down);
     EXPECT_EQ(search.company.dialogs.texts.size(), 1);
     EXPECT_EQ(search.Cell(0, Keterangan), u"dari sana"_s);
     EXPECT_TRUE(search.company.RowsOf(Cards)[0].contains(u"|dari sana|"_s));
-    SearchWindow::Press(Qt::Key_Escape);
+    KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_FALSE(search.window->isVisible());
     EXPECT_TRUE(search.company.dialogs.questions.isEmpty());
 }
 
 TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     SearchWindow search;
-    SearchWindow::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     auto& text1 = search.Part<QLineEdit>("Text1");
     const auto doubleClick = [&](int column) {
         search.Go(0, column);
@@ -183,7 +170,7 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
         if (opens) {
             EXPECT_EQ(text1.selectedText(), u"07:45:00"_s);
         }
-        SearchWindow::Press(opens ? Qt::Key_Escape : Qt::Key_Right);
+        KeyboardUser::Press(opens ? Qt::Key_Escape : Qt::Key_Right);
     }
     search.Run(u"UPDATE TimeCardDetail SET TimeOUT=datetime(TimeOUT,'1 days')"_s);
     search.Type(0, Keterangan, u"dibuang"_s);
@@ -193,21 +180,21 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     search.Run(u"DELETE FROM TimeCardHeader WHERE TCID='T202611210013'"_s);
     search.Go(1, TimeIn);
     EXPECT_EQ(search.Said("lblCard"), u"T202611210013 · 李小龍"_s);
-    SearchWindow::Press(Qt::Key_F5);
+    KeyboardUser::Press(Qt::Key_F5);
     EXPECT_EQ(search.company.dialogs.texts, QStringList{u"Please refresh."_s});
     EXPECT_EQ(search.company.dialogs.icons.back(), Dialogs::Icon::Information);
     EXPECT_EQ(search.Cell(1, TimeOut), u"16:30:00"_s);
-    SearchWindow::Press(Qt::Key_Escape);
+    KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_TRUE(search.company.dialogs.questions.isEmpty()) << "nothing typed is left";
 }
 
 TEST(frmEditAbsensi, OnlyASupervisorDeletes) {
     SearchWindow search;
-    SearchWindow::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     for (const QString& login : {u"<CANCEL>"_s, u"pelon~pelon~1"_s}) {
         search.company.login = login;
         search.Go(2, TimeIn);
-        SearchWindow::Press(Qt::Key_Delete);
+        KeyboardUser::Press(Qt::Key_Delete);
     }
     EXPECT_EQ(search.company.RowsOf(u"select TCID from TimeCardDetail order by TCID"_s),
               (QStringList{u"T202611210012"_s, u"T202611210013"_s, u"T202611220013"_s}));
@@ -217,19 +204,19 @@ TEST(frmEditAbsensi, OnlyASupervisorDeletes) {
 
     search.Type(3, Keterangan, u"dari sini"_s);
     search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
-    SearchWindow::Press(Qt::Key_Delete);
+    KeyboardUser::Press(Qt::Key_Delete);
     EXPECT_EQ(search.Cell(3, Keterangan), u"dari sana"_s);
-    SearchWindow::Press(Qt::Key_Escape);
+    KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_TRUE(search.company.dialogs.questions.isEmpty()) << "the row was read anew";
 }
 
 TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
     SearchWindow search;
     search.Part<QLineEdit>("txtNIK").setText(u"0012"_s);
-    SearchWindow::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     search.Go(1, NormalHours);
     search.Part<QPushButton>("cmdCalcHrs").setFocus();
-    SearchWindow::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     EXPECT_EQ(search.Said("lblDone"), u"2 kartu dihitung."_s);
     EXPECT_EQ(search.Cell(0, NormalHours), u"9.15"_s);
     EXPECT_EQ(search.Grid().currentIndex().row(), 1);
@@ -240,7 +227,7 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
 TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
     SearchWindow search;
     search.Part<QLineEdit>("txtTCID").setText(u"T20261122"_s);
-    SearchWindow::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     const QString path = search.company.folder.filePath(u"PRINT.TXT"_s);
     search.Do(Qt::Key_G);
     EXPECT_EQ(search.company.shownReports.size(), 1);
@@ -249,7 +236,7 @@ TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
         "TimeINOT|TimeOutOT|BeriUangMakan|NormalHours|OTHours|NormalAmount|OTAmount|"_s;
     const QString rule(titles.size(), u'-');
     EXPECT_EQ(
-        search.ReportLines(),
+        search.company.ReportLines(),
         (QStringList{
             rule, titles, rule,
             u"1    |OUT   |0012|Siti|          |PROD|T202611220012|A     |22-Nov-2026|07:45:00|16:30:00|"
@@ -258,10 +245,11 @@ TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
             "        |         |             |           |       |            |        |"_s,
             rule, QString()}));
     search.Do(Qt::Key_L);
-    EXPECT_EQ(search.ReportLines().mid(0, 3), (QStringList{u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: T202611"_s,
-                                                           u"Dicetak: 22-Nov-2026 07:58"_s}));
+    EXPECT_EQ(
+        search.company.ReportLines().mid(0, 3),
+        (QStringList{u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: T202611"_s, u"Dicetak: 22-Nov-2026 07:58"_s}));
     search.Do(Qt::Key_K);
-    EXPECT_EQ(search.ReportLines()[1], u"NIK: 0012  Siti"_s);
+    EXPECT_EQ(search.company.ReportLines()[1], u"NIK: 0012  Siti"_s);
     EXPECT_EQ(search.company.dialogs.texts,
               QStringList(
                   3, u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s));

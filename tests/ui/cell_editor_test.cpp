@@ -1,6 +1,7 @@
 #include "ui/cell_editor.h"
 
 #include "core/text_table.h"
+#include "support/keystrokes.h"
 #include "support/window_company.h"
 #include "ui/msh_flex_grid.h"
 
@@ -70,9 +71,6 @@ public:
     }
 
     void Go(int row, int column) { grid->setCurrentIndex(sheet.index(row, column)); }
-    static void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
-        KeyboardUser::Press(key, with);
-    }
     QLineEdit& Text1() { return WindowCompany::Part<QLineEdit>(window, "Text1"); }
     QToolButton& CmdLov() { return WindowCompany::Part<QToolButton>(window, "cmdLov"); }
     QRect Cell() { return grid->visualRect(grid->currentIndex()); }
@@ -104,7 +102,7 @@ TEST(CellEditor, OpensOnTheKeysThatBeginAText) {
             EXPECT_EQ(host.Text1().geometry(), host.Cell());
             EXPECT_TRUE(host.Text1().hasFocus());
         }
-        Host::Press(Qt::Key_Escape);
+        KeyboardUser::Press(Qt::Key_Escape);
         EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"old"_s) << key;
     }
 }
@@ -114,13 +112,13 @@ TEST(CellEditor, DoesNotOpenOnFixedAndLockedCellsNorOnCommands) {
     for (const int column : {0, static_cast<int>(Host::Locked)}) {
         host.Go(0, column);
         KeyboardUser::Type(u"a"_s);
-        Host::Press(Qt::Key_F2);
+        KeyboardUser::Press(Qt::Key_F2);
         EXPECT_TRUE(host.Text1().isHidden()) << column;
     }
     host.Go(0, Host::Plain);
-    Host::Press(Qt::Key_A, Qt::ControlModifier);
+    KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(host.Text1().isHidden());
-    Host::Press(Qt::Key_Delete);
+    KeyboardUser::Press(Qt::Key_Delete);
     EXPECT_EQ(host.deleted, QList<int>{0});
 }
 
@@ -128,39 +126,36 @@ TEST(CellEditor, SavesARowOnceWhenTheCursorLeavesIt) {
     Host host;
     KeyboardUser::Type(u"new"_s);
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Up})
-        Host::Press(key); // what is typed stays where it is
-    Host::Press(Qt::Key_Return);
+        KeyboardUser::Press(key); // what is typed stays where it is
+    KeyboardUser::Press(Qt::Key_Return);
     EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"new"_s);
     EXPECT_TRUE(host.Text1().isHidden());
     EXPECT_TRUE(host.grid->hasFocus());
-    Host::Press(Qt::Key_Right);
-    KeyboardUser::Type(u"x"_s);
-    Host::Press(Qt::Key_Return);
+    Keys(u"→x⏎"_s);
     EXPECT_TRUE(host.editor->RowDirty());
     EXPECT_TRUE(host.saved.isEmpty()) << "the cursor has not left the row";
-    Host::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Down);
     EXPECT_EQ(host.saved, QList<int>{0});
     EXPECT_FALSE(host.editor->RowDirty());
-    Host::Press(Qt::Key_Left);
-    Host::Press(Qt::Key_Return); // opens with what the cell holds
+    KeyboardUser::Press(Qt::Key_Left);
+    KeyboardUser::Press(Qt::Key_Return); // opens with what the cell holds
     EXPECT_EQ(host.Text1().selectedText(), u"old"_s);
-    Host::Press(Qt::Key_Return);
-    Host::Press(Qt::Key_Down);
+    Keys(u"⏎↓"_s);
     EXPECT_EQ(host.saved, QList<int>{0}) << "an unchanged text leaves the row as it was";
 }
 
 TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
     const std::pair<const char*, std::function<void(Host&)>> ways[] = {
-        {"Esc", [](Host&) { Host::Press(Qt::Key_Escape); }},
+        {"Esc", [](Host&) { KeyboardUser::Press(Qt::Key_Escape); }},
         {"erased",
          [](Host& host) {
-             Host::Press(Qt::Key_Backspace);
-             EXPECT_TRUE(host.Text1().isVisible());
-             Host::Press(Qt::Key_Return);
+             Keys(u"⌫cd"_s);
+             EXPECT_EQ(host.Text1().text(), u"cd"_s);
+             Keys(u"⌫⌫⏎"_s);
          }},
         {"Tab",
          [](Host& host) {
-             Host::Press(Qt::Key_Tab);
+             KeyboardUser::Press(Qt::Key_Tab);
              EXPECT_TRUE(host.grid->hasFocus());
          }},
         {"scrolled", [](Host& host) { host.grid->verticalScrollBar()->setValue(5); }},
@@ -178,21 +173,12 @@ TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
     }
 }
 
-TEST(CellEditor, AfterErasingEverythingTheNextKeyBeginsAnew) {
-    Host host;
-    KeyboardUser::Type(u"b"_s);
-    Host::Press(Qt::Key_Backspace);
-    KeyboardUser::Type(u"cd"_s);
-    EXPECT_EQ(host.Text1().text(), u"cd"_s);
-}
-
 TEST(CellEditor, StoresOnlyListedCodes) {
     Host host;
     host.Go(0, Host::Code);
     EXPECT_TRUE(host.CmdLov().isVisible());
     EXPECT_EQ(host.CmdLov().geometry().topLeft(), host.Cell().topRight() + QPoint(1, 0));
-    KeyboardUser::Type(u"zz"_s);
-    Host::Press(Qt::Key_Return);
+    Keys(u"zz⏎"_s);
     EXPECT_EQ(host.pickedUnder, QList<QRect>{host.Cell()}) << "an unknown code opens the pick list";
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"A"_s);
     host.editor->TakePicked(u"tl"_s);
@@ -201,8 +187,7 @@ TEST(CellEditor, StoresOnlyListedCodes) {
     EXPECT_TRUE(host.editor->RowDirty());
 
     host.failing = true;
-    KeyboardUser::Type(u"a"_s);
-    Host::Press(Qt::Key_Return);
+    Keys(u"a⏎"_s);
     EXPECT_EQ(host.company.dialogs.texts.size(), 1);
     EXPECT_EQ(host.Text1().text(), u"a"_s) << "what was typed stays when the check fails";
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s);
@@ -211,16 +196,16 @@ TEST(CellEditor, StoresOnlyListedCodes) {
 TEST(CellEditor, ShowsTheListOnItsColumnsOnlyAndShowsWhatWasPickedThere) {
     Host host;
     EXPECT_TRUE(host.CmdLov().isHidden());
-    Host::Press(Qt::Key_F9);
+    KeyboardUser::Press(Qt::Key_F9);
     EXPECT_TRUE(host.pickedUnder.isEmpty());
     host.Go(0, Host::Picked);
     EXPECT_TRUE(host.CmdLov().isVisible());
-    Host::Press(Qt::Key_Down, Qt::AltModifier);
+    KeyboardUser::Press(Qt::Key_Down, Qt::AltModifier);
     EXPECT_EQ(host.pickedUnder.size(), 1);
     host.editor->TakePicked(u"TL"_s);
     EXPECT_EQ(host.Text1().text(), u"TL"_s);
     EXPECT_EQ(host.sheet.Text(0, Host::Picked), QString()) << "not before it is entered";
-    Host::Press(Qt::Key_Return);
+    KeyboardUser::Press(Qt::Key_Return);
     EXPECT_EQ(host.sheet.Text(0, Host::Picked), u"TL"_s);
 }
 
@@ -236,37 +221,31 @@ TEST(CellEditor, StaysOverItsCellWhenColumnsMove) {
 TEST(CellEditor, ARowThatCouldNotBeSavedStaysMarkedUntilItIs) {
     Host host;
     host.failing = true;
-    KeyboardUser::Type(u"new"_s);
-    Host::Press(Qt::Key_Return);
-    Host::Press(Qt::Key_Down);
+    Keys(u"new⏎↓"_s);
     EXPECT_EQ(host.company.dialogs.texts.size(), 1);
     EXPECT_TRUE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
     host.failing = false;
-    Host::Press(Qt::Key_Up);
+    KeyboardUser::Press(Qt::Key_Up);
     EXPECT_TRUE(host.editor->RowDirty());
-    Host::Press(Qt::Key_Down);
+    KeyboardUser::Press(Qt::Key_Down);
     EXPECT_EQ(host.saved, (QList<int>{0, 0}));
     EXPECT_FALSE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
 }
 
 TEST(CellEditor, AsksBeforeUnsavedRowsAreThrownAway) {
     using Answer = Dialogs::Answer;
-    struct Case {
-        Answer answer;
-        bool failing;
-        bool leaves;
-        qsizetype saves;
-    };
-    for (const Case& given : {Case{Answer::Yes, false, true, 1}, Case{Answer::Yes, true, false, 1},
-                              Case{Answer::No, false, true, 0}, Case{Answer::Cancel, false, false, 0}}) {
+    const std::tuple<Answer, bool, bool, qsizetype> cases[] = {{Answer::Yes, false, true, 1},
+                                                               {Answer::Yes, true, false, 1},
+                                                               {Answer::No, false, true, 0},
+                                                               {Answer::Cancel, false, false, 0}};
+    for (const auto& [answer, failing, leaves, saves] : cases) {
         Host host;
         EXPECT_TRUE(host.editor->MayLeave());
         EXPECT_TRUE(host.company.dialogs.questions.isEmpty());
-        KeyboardUser::Type(u"new"_s);
-        Host::Press(Qt::Key_Return);
-        host.failing = given.failing;
-        host.company.dialogs.answers = {given.answer};
-        EXPECT_EQ(host.editor->MayLeave(), given.leaves);
-        EXPECT_EQ(host.saved.size(), given.saves);
+        Keys(u"new⏎"_s);
+        host.failing = failing;
+        host.company.dialogs.answers = {answer};
+        EXPECT_EQ(host.editor->MayLeave(), leaves);
+        EXPECT_EQ(host.saved.size(), saves);
     }
 }
