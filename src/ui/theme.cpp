@@ -147,7 +147,7 @@ void Theme::Apply(QApplication& application) {
     };
     // Under a style sheet the style draws its arrows anew each time and keeps them all: a desk that runs for
     // weeks needs no more of them than this.
-    constexpr int kibibytes = 1024;
+    constexpr int kibibytes = 4096;
     QPixmapCache::setCacheLimit(kibibytes);
     application.setStyleSheet(BaseSheet.arg(scaled(13), scaled(40)) + StatusRules());
 }
