@@ -149,6 +149,7 @@ void frmAbsensi::Form_Load() {
 }
 
 AttendanceCriteria frmAbsensi::Criteria() const {
+    ReadTypedBoxes(*this);
     AttendanceCriteria criteria;
     criteria.nip = ui_->txtEmpl->text().trimmed();
     criteria.dept = ChosenCode(*ui_->txtDept);

@@ -7,7 +7,6 @@
 #include "ui/typing.h"
 #include "ui_frmEditAbsensiOne.h"
 
-#include <QAbstractSpinBox>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -138,9 +137,7 @@ void frmEditAbsensiOne::ShowStatus(const QString& status) {
 }
 
 CardFields frmEditAbsensiOne::TypedFields() const {
-    // A mnemonic leaves the focus where it is, and a half typed date or time unread.
-    for (auto* box : findChildren<QAbstractSpinBox*>())
-        box->interpretText();
+    ReadTypedBoxes(*this);
     const CardFields read = card_->Fields(program_.clock.Today());
     CardFields fields;
     fields.tanggal = FromQDate(ui_->txtTanggal->date());

@@ -4,6 +4,7 @@
 #include "reports/report_file.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
+#include "ui/typing.h"
 #include "ui/work_progress.h"
 #include "ui_frmRptCriteria.h"
 
@@ -142,8 +143,7 @@ void frmRptCriteria::cmdOK_Click() {
         return;
     ui_->lblDone->clear();
     // A mnemonic leaves the focus where it is: what is typed has not been read yet.
-    for (QDateEdit* date : {ui_->txtDate1, ui_->txtDate2})
-        date->interpretText();
+    ReadTypedBoxes(*this);
     txtEmpl_LostFocus();
     Trapped(program_, Routine(report_->routine), [this] { PrintReport(); });
 }

@@ -1,5 +1,6 @@
 #include "ui/typing.h"
 
+#include <QAbstractSpinBox>
 #include <QLineEdit>
 
 bool IsEnter(int key) {
@@ -12,4 +13,9 @@ void TypeUpperCase(QLineEdit& field) {
         field.setText(text.toUpper());
         field.setCursorPosition(cursor);
     });
+}
+
+void ReadTypedBoxes(const QWidget& window) {
+    for (auto* box : window.findChildren<QAbstractSpinBox*>())
+        box->interpretText();
 }
