@@ -53,7 +53,7 @@ constexpr CompanySize TwoMonths{1000, 62};
 constexpr int Month = 31;
 constexpr int EmptyDays = 3650;
 
-/// Shows the last month and as many days behind it on which nobody has a card yet.
+/// Shows the last month and as many days after it on which nobody has a card yet.
 void ShowMonthAnd(int emptyDays) {
     const auto connection = OpenDatabaseFile(CompanyFile(TwoMonths));
     const DayRange range{LastSheetDay - std::chrono::days{Month - 1},

@@ -76,7 +76,7 @@ public:
 
 private:
     std::string MomentOf(int hour, int second) const {
-        return StoredTime(At(UnusedDay, std::chrono::hours{hour} + Seconds{second})).toStdString();
+        return StoredTime(TimeOnDay(UnusedDay, std::chrono::hours{hour} + Seconds{second})).toStdString();
     }
 
     std::string CardQuery(int start, int end) const {

@@ -23,7 +23,7 @@ public:
     }
 
     void Punch() {
-        const ClockEntry entry{sheet_, UnusedDay, QStringLiteral("IN"), At(UnusedDay, arrival_)};
+        const ClockEntry entry{sheet_, UnusedDay, QStringLiteral("IN"), TimeOnDay(UnusedDay, arrival_)};
         if (RecordClockEntry(*connection_, entry, QString::fromStdString(NipOf(next_++))))
             throw std::runtime_error("a punch was refused");
     }
@@ -42,7 +42,7 @@ public:
         PlainInsert detail(plain_,
                            "INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,BeriUangMakan) VALUES (?,?,?,?)");
         detail.Run(card, StoredDay(UnusedDay).toStdString(),
-                   StoredTime(At(UnusedDay, arrival_)).toStdString(), 1);
+                   StoredTime(TimeOnDay(UnusedDay, arrival_)).toStdString(), 1);
         plain_.Execute("COMMIT");
     }
 

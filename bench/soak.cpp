@@ -345,7 +345,7 @@ Account ReadAccount(QProcess& worker, const QString& name) {
 /// How many punches that were told as recorded do not stand on a card.
 int CountLost(Connection& connection, const Account& account, const QString& sheet) {
     std::map<QString, std::pair<bool, bool>> stored;
-    Rows rows =
+    Cursor rows =
         connection.Query(u"select TCID, TimeIN, TimeOUT from TimeCardDetail where Left(TCID,9)=?"_s, {sheet});
     while (rows.Next())
         stored[rows.Text(0)] = {rows.Time(1).has_value(), rows.Time(2).has_value()};

@@ -37,5 +37,5 @@ int ReadSheetPlainly(PlainDatabase& database, const std::string& sheet);
 /// The afternoon of the last sheet's day, for ever.
 class BenchClock : public Clock {
 public:
-    WallTime Now() const override { return At(LastSheetDay, std::chrono::hours{16}); }
+    WallTime Now() const override { return TimeOnDay(LastSheetDay, std::chrono::hours{16}); }
 };

@@ -31,7 +31,7 @@ public:
     Rounds(benchmark::State& state, Measured measured, std::vector<Ratio>& ratios)
         : state_(state), measured_(measured), ratios_(ratios) {}
 
-    /// Starts the next round; false behind the last one.
+    /// Starts the next round; false after the last one.
     bool Next() { return state_.KeepRunning(); }
 
     /// Runs and times one piece of work of this round. The benchmark's own figure is that of the first piece.

@@ -3,7 +3,7 @@
 #include "compute/fixed_number.h"
 #include "database/wall_time.h"
 
-/// Hours with the minutes behind the point: 8 h 30 min is 8.3. They are stored, printed and multiplied as the
+/// Hours with the minutes after the point: 8 h 30 min is 8.3. They are stored, printed and multiplied as the
 /// number that these digits make.
 using DottedHours = FixedNumber<2>;
 

@@ -17,7 +17,7 @@ QString Text(qint64 units, int places);
 FieldValue Field(qint64 units, int places);
 } // namespace fixed_units
 
-/// An exact decimal number with this many places behind the point. What has more is rounded to the nearest,
+/// An exact decimal number with this many places after the point. What has more is rounded to the nearest,
 /// halves to even. Numbers that do not fit are refused with a ProgramError.
 template<int Places>
 class FixedNumber {

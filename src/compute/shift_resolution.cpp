@@ -25,7 +25,7 @@ QString modAbsen::ResolveShift(Connection& connection, const QString& nip, Day d
     QString code = GetFirstValue(connection, u"select ShiftCode From ShiftEmployee Where NIP="_s + Quoted(nip)
                                                  + u" AND Tgl=#"_s + StoredDay(day) + u'#');
     if (code.isEmpty() && !clockIn.isEmpty()) {
-        const QString time = StoredTime(At(DayZero, ReadTimeOfDay(clockIn)));
+        const QString time = StoredTime(TimeOnDay(DayZero, ReadTimeOfDay(clockIn)));
         code = GetFirstValue(connection,
                              u"select Code from Shift where #"_s + time + u"# between TimeIN and TimeOut"_s);
     }

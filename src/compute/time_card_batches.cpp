@@ -47,14 +47,14 @@ QString CardQuery(const QStringList& tcids) {
 }
 
 std::vector<ShiftRow> ReadShifts(Connection& connection) {
-    Rows rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
+    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
     std::vector<ShiftRow> shifts;
     while (rows.Next())
         shifts.push_back({rows.Text(0), rows.Time(1), rows.Time(2)});
     return shifts;
 }
 
-QString ShiftCodeOf(const Rows& rows, const std::optional<WallTime>& timeIn,
+QString ShiftCodeOf(const Cursor& rows, const std::optional<WallTime>& timeIn,
                     const std::vector<ShiftRow>& shifts) {
     QString code = rows.Text(Roster);
     if (code.isEmpty() && timeIn)
@@ -62,7 +62,7 @@ QString ShiftCodeOf(const Rows& rows, const std::optional<WallTime>& timeIn,
     return code.isEmpty() ? DefaultShift.toString() : code;
 }
 
-CardData CardOf(const Rows& rows, const std::vector<ShiftRow>& shifts) {
+CardData CardOf(const Cursor& rows, const std::vector<ShiftRow>& shifts) {
     CardData card;
     card.status = rows.Text(Status);
     card.timeIn = rows.Time(TimeIn);
@@ -77,7 +77,7 @@ CardData CardOf(const Rows& rows, const std::vector<ShiftRow>& shifts) {
 
 std::vector<StoredCard> ReadCards(Connection& connection, const QStringList& tcids) {
     const std::vector<ShiftRow> shifts = ReadShifts(connection);
-    Rows rows = connection.Query(CardQuery(tcids));
+    Cursor rows = connection.Query(CardQuery(tcids));
     std::vector<StoredCard> cards;
     while (rows.Next()) {
         QString tcid = rows.Text(Tcid);

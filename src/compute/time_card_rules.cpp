@@ -8,8 +8,8 @@ namespace {
 
 bool HasHours(const CardData& card) {
     static const QStringList clockedOut{u"OUT"_s, u"OU"_s, u"PC"_s};
-    return card.shiftCode != DayOff && clockedOut.contains(card.status) && SetTime(card.timeIn)
-           && SetTime(card.timeOut);
+    return card.shiftCode != DayOff && clockedOut.contains(card.status) && TimeIfSet(card.timeIn)
+           && TimeIfSet(card.timeOut);
 }
 
 int DayOfMonth(WallTime time) {
@@ -22,7 +22,7 @@ bool CrossesMidnight(const ShiftHours& shift) {
 }
 
 WallTime ScheduledEnd(const ShiftHours& shift, WallTime timeIn, WallTime timeOut) {
-    return At(DayOf(CrossesMidnight(shift) ? timeOut : timeIn), TimeOfDay(shift.end));
+    return TimeOnDay(DayOf(CrossesMidnight(shift) ? timeOut : timeIn), TimeOfDay(shift.end));
 }
 
 bool IsDaily(const PayData& pay) {
@@ -32,7 +32,7 @@ bool IsDaily(const PayData& pay) {
 } // namespace
 
 QString ShiftAround(const std::vector<ShiftRow>& shifts, Seconds timeOfDay) {
-    const WallTime time = At(DayZero, timeOfDay);
+    const WallTime time = TimeOnDay(DayZero, timeOfDay);
     const auto found = std::ranges::find_if(shifts, [time](const ShiftRow& shift) {
         return shift.timeIn && shift.timeOut && *shift.timeIn <= time && time <= *shift.timeOut;
     });

@@ -5,7 +5,7 @@
 using namespace Qt::StringLiterals;
 
 QString b_stored_procedure::GetFirstValue(Connection& connection, const QString& statement) {
-    Rows rows = connection.Query(statement);
+    Cursor rows = connection.Query(statement);
     return rows.Next() ? rows.Text(0) : QString();
 }
 

@@ -27,20 +27,20 @@ Recordset OpenTimeCardDetail(Connection& connection, const QString& tcid);
 
 namespace modGeneral {
 
-inline void Take(QString& target, const FieldValue& value) {
+inline void Assign(QString& target, const FieldValue& value) {
     target = value.Text();
 }
-inline void Take(double& target, const FieldValue& value) {
+inline void Assign(double& target, const FieldValue& value) {
     target = value.Number();
 }
-inline void Take(int& target, const FieldValue& value) {
+inline void Assign(int& target, const FieldValue& value) {
     target = static_cast<int>(value.Number());
 }
-inline void Take(bool& target, const FieldValue& value) {
+inline void Assign(bool& target, const FieldValue& value) {
     target = value.Flag();
 }
 /// A field without a time gives the empty time.
-inline void Take(WallTime& target, const FieldValue& value) {
+inline void Assign(WallTime& target, const FieldValue& value) {
     target = value.Time().value_or(EmptyTime);
 }
 
@@ -48,11 +48,11 @@ inline void Take(WallTime& target, const FieldValue& value) {
 /// returns false when there is no row. Throws DatabaseError.
 template<class... Variables>
 bool QueryValues(Connection& connection, const QString& statement, Variables&... variables) {
-    Rows rows = connection.Query(statement);
+    Cursor rows = connection.Query(statement);
     if (!rows.Next())
         return false;
     int column = 0;
-    (Take(variables, rows.Value(column++)), ...);
+    (Assign(variables, rows.Value(column++)), ...);
     return true;
 }
 

@@ -155,7 +155,7 @@ QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& 
         for (int column = 0; column < columns; ++column)
             cells << CellText(grid, row, column);
         lines << Line(cells, widths);
-        if (!GoesOn(progress, row, grid.rowCount()))
+        if (!ShouldContinue(progress, row, grid.rowCount()))
             return {};
     }
     return lines << rule;
@@ -170,7 +170,7 @@ QStringList GridToTextTableAll(const QAbstractItemModel& grid, const Progress& p
             int& width = widths[static_cast<size_t>(column)];
             width = std::max(width, CharactersIn(CellText(grid, row, column)));
         }
-        if (!GoesOn(progress, row, grid.rowCount()))
+        if (!ShouldContinue(progress, row, grid.rowCount()))
             return {};
     }
     return GridToTextTable(grid, widths, {}, progress);

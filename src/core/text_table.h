@@ -10,7 +10,7 @@
 
 namespace modGeneral {
 
-/// Blanks for everything that would break a line or move the text behind it.
+/// Blanks for everything that would break a line or move the text after it.
 QString OneLine(const QString& text);
 
 /// How many characters a reader sees.

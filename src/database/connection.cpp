@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-bool Rows::Next() {
+bool Cursor::Next() {
     if (query_.next())
         return true;
     if (query_.lastError().isValid())
@@ -15,7 +15,7 @@ bool Rows::Next() {
     return false;
 }
 
-QStringList Rows::ColumnNames() const {
+QStringList Cursor::ColumnNames() const {
     const QSqlRecord record = query_.record();
     QStringList names;
     for (int i = 0; i < record.count(); ++i)
@@ -23,11 +23,11 @@ QStringList Rows::ColumnNames() const {
     return names;
 }
 
-int Rows::ColumnOf(const QString& name) const {
+int Cursor::ColumnOf(const QString& name) const {
     return query_.record().indexOf(name);
 }
 
-std::optional<WallTime> Rows::Time(int column) const {
+std::optional<WallTime> Cursor::Time(int column) const {
     return ReadStored(Text(column));
 }
 
@@ -46,12 +46,12 @@ QString Connection::FileName() const {
     return FindFile(DataSourceOf(connectionText_));
 }
 
-Rows Connection::Query(const QString& statement, const QVariantList& values) {
+Cursor Connection::Query(const QString& statement, const QVariantList& values) {
     QSqlQuery query = Prepared(engine_->Translate(statement));
     for (const QVariant& value : values)
         query.addBindValue(value);
     Run(query);
-    return Rows(std::move(query), *engine_);
+    return Cursor(std::move(query), *engine_);
 }
 
 int Connection::Execute(const QString& statement, const QVariantList& values) {
@@ -79,10 +79,10 @@ void Connection::ExecuteNative(const QString& statement) {
     ++ownChanges_;
 }
 
-Rows Connection::QueryNative(const QString& statement) {
+Cursor Connection::QueryNative(const QString& statement) {
     QSqlQuery query = Prepared(statement);
     Run(query);
-    return Rows(std::move(query), *engine_);
+    return Cursor(std::move(query), *engine_);
 }
 
 ChangeStamp Connection::Changes() {

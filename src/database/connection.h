@@ -13,9 +13,9 @@
 class Connection;
 
 /// The rows of one query, read from first to last. Columns are counted from 0 in the query's order.
-class Rows {
+class Cursor {
 public:
-    /// Steps to the next row; false behind the last. Throws DatabaseError when reading fails.
+    /// Steps to the next row; false after the last. Throws DatabaseError when reading fails.
     bool Next();
 
     QStringList ColumnNames() const;
@@ -29,7 +29,7 @@ public:
 
 private:
     friend class Connection;
-    Rows(QSqlQuery query, const Engine& engine) : query_(std::move(query)), engine_(&engine) {}
+    Cursor(QSqlQuery query, const Engine& engine) : query_(std::move(query)), engine_(&engine) {}
 
     QSqlQuery query_;
     const Engine* engine_;
@@ -56,7 +56,7 @@ public:
     QString FileName() const;
 
     /// Runs a statement that reads, with the values bound to its "?" in order.
-    Rows Query(const QString& statement, const QVariantList& values = {});
+    Cursor Query(const QString& statement, const QVariantList& values = {});
 
     /// Runs a statement that changes data, with the values bound to its "?" in order, and returns the
     /// number of rows that it changed.
@@ -67,7 +67,7 @@ public:
 
     /// Runs a statement of the engine's own language: for the schema.
     void ExecuteNative(const QString& statement);
-    Rows QueryNative(const QString& statement);
+    Cursor QueryNative(const QString& statement);
 
     /// Differs from an earlier one when anything was written since, by this program or another. Reads no
     /// table.

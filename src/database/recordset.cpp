@@ -23,7 +23,7 @@ QString TableOf(const QString& select) {
 
 Recordset::Recordset(Connection& connection, const QString& select)
     : connection_(connection), table_(TableOf(select)) {
-    Rows rows = connection_.Query(select);
+    Cursor rows = connection_.Query(select);
     columns_ = rows.ColumnNames();
     while (rows.Next()) {
         Row row;

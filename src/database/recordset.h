@@ -15,7 +15,7 @@ class Recordset {
 public:
     Recordset(Connection& connection, const QString& select);
 
-    /// True when there is no current row: none was found, or MoveNext went behind the last.
+    /// True when there is no current row: none was found, or MoveNext went after the last.
     bool AtEnd() const { return current_ >= rows_.size(); }
     void MoveNext() { ++current_; }
     /// How many rows are held, new ones included; the first is number 0.

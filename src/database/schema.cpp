@@ -86,7 +86,7 @@ QStringList FirstStep() {
 }
 
 int NumberOf(Connection& connection, const QString& query) {
-    Rows rows = connection.QueryNative(query);
+    Cursor rows = connection.QueryNative(query);
     return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : 0;
 }
 
@@ -98,7 +98,7 @@ QString NamesQuery(QStringView kind) {
 
 QSet<QString> NamesIn(Connection& connection, QStringView kind) {
     QSet<QString> found;
-    Rows rows = connection.QueryNative(NamesQuery(kind));
+    Cursor rows = connection.QueryNative(NamesQuery(kind));
     while (rows.Next())
         found << rows.Text(0) << rows.Text(1);
     return found;

@@ -90,7 +90,7 @@ Seconds TimeOfDay(WallTime time) {
     return time - DayOf(time);
 }
 
-WallTime At(Day day, Seconds timeOfDay) {
+WallTime TimeOnDay(Day day, Seconds timeOfDay) {
     return day + timeOfDay;
 }
 
@@ -153,7 +153,7 @@ std::optional<DateText> ReadDateText(QStringView text) {
     const auto clock = ReadClock(trimmed.sliced(gap).trimmed());
     if (!clock)
         return std::nullopt;
-    return DateText{At(*day, *clock), true};
+    return DateText{TimeOnDay(*day, *clock), true};
 }
 
 QString ShownDay(Day day) {
@@ -199,5 +199,5 @@ Day FromQDate(QDate date) {
 }
 
 WallTime FromQDateTime(const QDateTime& moment) {
-    return At(FromQDate(moment.date()), Seconds{moment.time().msecsSinceStartOfDay() / 1000});
+    return TimeOnDay(FromQDate(moment.date()), Seconds{moment.time().msecsSinceStartOfDay() / 1000});
 }

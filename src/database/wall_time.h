@@ -19,13 +19,13 @@ inline constexpr Day DayZero = Day{std::chrono::year{1899} / std::chrono::Decemb
 /// A time that was never set.
 inline constexpr WallTime EmptyTime = DayZero;
 /// The time, or nothing when it was never set.
-inline std::optional<WallTime> SetTime(std::optional<WallTime> time) {
+inline std::optional<WallTime> TimeIfSet(std::optional<WallTime> time) {
     return time == EmptyTime ? std::nullopt : time;
 }
 
 Day DayOf(WallTime time);
 Seconds TimeOfDay(WallTime time);
-WallTime At(Day day, Seconds timeOfDay);
+WallTime TimeOnDay(Day day, Seconds timeOfDay);
 
 /// A day from its parts; nothing when the calendar lacks it.
 std::optional<Day> MakeDay(int year, int month, int day);
@@ -37,7 +37,7 @@ QString StoredTime(WallTime time);
 std::optional<WallTime> ReadStored(QStringView text);
 
 /// A date as it is typed into statements: year first or month first, "-" or "/" between, a time or none
-/// behind.
+/// after.
 struct DateText {
     WallTime time;
     bool hasTime;

@@ -26,16 +26,16 @@ FieldValue OrNull(const std::optional<WallTime>& time) {
 /// card is another employee's now.
 std::optional<AttendanceRecord> StoredRecord(Connection& connection, const QString& tcid,
                                              const ShownDayRow& row) {
-    Rows days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(tcid));
+    Cursor days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(tcid));
     bool found = false;
     AttendanceRecord record;
     record.tcid = tcid;
     while (!found && days.Next()) {
         found = days.Text(0) == StoredDay(row.day);
-        record.timeIn = SetTime(days.Time(1));
-        record.timeOut = SetTime(days.Time(2));
+        record.timeIn = TimeIfSet(days.Time(1));
+        record.timeOut = TimeIfSet(days.Time(2));
     }
-    Rows header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(tcid));
+    Cursor header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(tcid));
     if (!found || !header.Next() || header.Text(header.ColumnOf(u"NIP"_s)) != row.nip)
         return std::nullopt;
     record.status = header.Text(header.ColumnOf(u"Status"_s));
@@ -75,7 +75,7 @@ void WriteHeader(Connection& connection, const QString& tcid, const QString& nip
 
 QString Span(QStringView what, const Recordset& days, const QString& from, const QString& to) {
     const auto shown = [&days](const QString& field) {
-        const std::optional<WallTime> time = SetTime(days.Field(field).Time());
+        const std::optional<WallTime> time = TimeIfSet(days.Field(field).Time());
         return time ? ShownMinute(*time) : QString();
     };
     if (shown(from).isEmpty() && shown(to).isEmpty())

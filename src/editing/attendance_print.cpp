@@ -29,7 +29,7 @@ QString Line(const QAbstractItemModel& rows, int row) {
 
 } // namespace
 
-QString PeriodLine(const DayRange& range, const QString& filter) {
+QString ListedPeriod(const DayRange& range, const QString& filter) {
     QString line = u"Tanggal: "_s + ShownDay(range.first);
     if (range.last != range.first)
         line += u" s/d "_s + ShownDay(range.last);
@@ -45,7 +45,7 @@ std::optional<QStringList> PrintAttendance(const QAbstractItemModel& rows, const
     const int count = rows.rowCount();
     lines.reserve(lines.size() + count + 1);
     for (int row = 0; row < count; ++row) {
-        if (!GoesOn(progress, row, count))
+        if (!ShouldContinue(progress, row, count))
             return std::nullopt;
         lines << Line(rows, row);
     }

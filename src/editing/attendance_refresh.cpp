@@ -83,8 +83,8 @@ private:
     QSet<QString> texts_;
 };
 
-AttendanceRecord RecordIn(const Rows& rows, SharedTexts& texts) {
-    return {rows.Text(Tcid), SetTime(rows.Time(TimeIn)), SetTime(rows.Time(TimeOut)),
+AttendanceRecord RecordIn(const Cursor& rows, SharedTexts& texts) {
+    return {rows.Text(Tcid), TimeIfSet(rows.Time(TimeIn)), TimeIfSet(rows.Time(TimeOut)),
             texts.Of(rows.Text(Status)), texts.Of(rows.Text(Keterangan))};
 }
 
@@ -106,7 +106,7 @@ private:
 };
 
 std::vector<AttendanceEmployee> ReadEmployees(Connection& connection, const QString& query) {
-    Rows rows = connection.Query(query);
+    Cursor rows = connection.Query(query);
     SharedTexts texts;
     std::vector<AttendanceEmployee> employees;
     while (rows.Next())
@@ -128,9 +128,9 @@ RecordsRead ReadRecords(Connection& connection, const QString& query, Attendance
     RecordsRead read;
     SharedTexts texts;
     DayReader days;
-    Rows rows = connection.Query(query);
+    Cursor rows = connection.Query(query);
     for (qsizetype done = 0; rows.Next(); ++done) {
-        if (!GoesOn(progress, done, 0))
+        if (!ShouldContinue(progress, done, 0))
             return {read.days, true};
         const std::optional<Day> day = days.Read(rows.Text(Tanggal));
         const auto employee = rowsByNip.constFind(rows.Text(Nip));
@@ -157,7 +157,7 @@ AttendanceRecord* Attendance::Find(Day day, size_t employee) {
     return found == places_.constEnd() ? nullptr : &records_[*found];
 }
 
-AttendanceRecord& Attendance::At(Day day, size_t employee) {
+AttendanceRecord& Attendance::RecordFor(Day day, size_t employee) {
     const qsizetype before = places_.size();
     size_t& place = places_[Key(day, employee)];
     if (places_.size() > before) {
@@ -168,11 +168,11 @@ AttendanceRecord& Attendance::At(Day day, size_t employee) {
 }
 
 void Attendance::Put(Day day, size_t employee, AttendanceRecord record) {
-    At(day, employee) = std::move(record);
+    RecordFor(day, employee) = std::move(record);
 }
 
 void Attendance::Offer(Day day, size_t employee, AttendanceRecord record) {
-    AttendanceRecord& present = At(day, employee);
+    AttendanceRecord& present = RecordFor(day, employee);
     if (present.tcid.isNull() || record.tcid < present.tcid)
         present = std::move(record);
 }

@@ -63,7 +63,7 @@ public:
 
 private:
     /// An empty record where there was none.
-    AttendanceRecord& At(Day day, size_t employee);
+    AttendanceRecord& RecordFor(Day day, size_t employee);
     qint64 Key(Day day, size_t employee) const {
         return static_cast<qint64>(day.time_since_epoch().count()) * static_cast<qint64>(employees.size())
                + static_cast<qint64>(employee);

@@ -38,10 +38,10 @@ CardFields EditedCard::Fields(Day today) const {
     if (!day_->AtEnd()) {
         if (const auto tanggal = day_->Field(u"Tanggal"_s).Time())
             fields.tanggal = DayOf(*tanggal);
-        fields.timeIn = SetTime(day_->Field(u"TimeIN"_s).Time());
-        fields.timeOut = SetTime(day_->Field(u"TimeOUT"_s).Time());
-        fields.overtimeIn = SetTime(day_->Field(u"TimeINOT"_s).Time());
-        fields.overtimeOut = SetTime(day_->Field(u"TimeOutOT"_s).Time());
+        fields.timeIn = TimeIfSet(day_->Field(u"TimeIN"_s).Time());
+        fields.timeOut = TimeIfSet(day_->Field(u"TimeOUT"_s).Time());
+        fields.overtimeIn = TimeIfSet(day_->Field(u"TimeINOT"_s).Time());
+        fields.overtimeOut = TimeIfSet(day_->Field(u"TimeOutOT"_s).Time());
         fields.mealAllowance = day_->Field(u"BeriUangMakan"_s).Flag();
     }
     fields.normalGiven = fields.timeIn && fields.timeOut;

@@ -34,7 +34,7 @@ std::optional<QString> ChosenCode(const QComboBox& list) {
 /// What was chosen stays chosen.
 void FillList(Connection& connection, QComboBox& list, const QString& query) {
     const std::optional<QString> chosen = ChosenCode(list);
-    Rows rows = connection.Query(query);
+    Cursor rows = connection.Query(query);
     list.clear();
     list.addItem(All);
     while (rows.Next()) {
@@ -97,7 +97,7 @@ void frmAbsensi::ConnectControls() {
 }
 
 void frmAbsensi::SetUpGrid() {
-    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&rows_);
     grid.PaintStatus(AttendanceModel::Status, AttendanceModel::StatusRole);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
@@ -187,7 +187,7 @@ void frmAbsensi::ShowState() {
     const int count = rows_.rowCount();
     ui_->cmdPrintGrid->setEnabled(count > 0);
     ui_->cmdOpenCard->setEnabled(count > 0 && needs_.editCard);
-    QString text = u"%1 baris · %2"_s.arg(count).arg(PeriodLine(rows_.Range(), {}));
+    QString text = u"%1 baris · %2"_s.arg(count).arg(ListedPeriod(rows_.Range(), {}));
     if (!filter_.isEmpty())
         text += u" · "_s + filter_;
     ui_->lblStatus->setText(text);
@@ -214,7 +214,7 @@ void frmAbsensi::cmdPrintGrid_Click() {
         std::optional<QStringList> lines;
         {
             WorkProgress progress(this, u"Menyusun cetakan ..."_s);
-            lines = PrintAttendance(rows_, PeriodLine(rows_.Range(), filter_), std::ref(progress));
+            lines = PrintAttendance(rows_, ListedPeriod(rows_.Range(), filter_), std::ref(progress));
         }
         if (!lines) {
             ui_->lblDone->setText(u"Cetak dibatalkan."_s);

@@ -84,7 +84,7 @@ void frmEditAbsensi::ConnectControls() {
 }
 
 void frmEditAbsensi::SetUpGrid() {
-    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&model_);
     grid.PaintStatus(Status, SearchModel::StatusRole);
     grid.SetEmptyText(u"Isi kriteria lalu tekan Enter. Tanpa kriteria semua data dicari."_s);

@@ -84,7 +84,7 @@ void frmEditAbsensiOne::Form_Load() {
 
 void frmEditAbsensiOne::FillStatusList() {
     ui_->txtStatus->clear();
-    Rows rows = program_.Db().Query(u"SELECT Kode,Keterangan FROM AbsenTipe ORDER BY Kode"_s);
+    Cursor rows = program_.Db().Query(u"SELECT Kode,Keterangan FROM AbsenTipe ORDER BY Kode"_s);
     while (rows.Next())
         ui_->txtStatus->addItem(rows.Text(0), rows.Text(1));
 }

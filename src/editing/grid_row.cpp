@@ -15,7 +15,7 @@ constexpr qsizetype TooFewElements = 6;
 constexpr int NoTimeNumber = 13;
 constexpr int UnknownEmployeeNumber = 3201;
 
-ValueOfColumn ValuesOf(const Rows& rows) {
+ValueOfColumn ValuesOf(const Cursor& rows) {
     return [&rows](SearchRow::Column column) { return rows.Value(rows.ColumnOf(SearchColumnName(column))); };
 }
 
@@ -29,13 +29,13 @@ FieldValue NoValue(SearchRow::Column) {
 
 /// Name, department and division of the row's employee; false when there is no such employee.
 bool ReadEmployee(Connection& connection, SearchRow& row) {
-    Rows rows = connection.Query(u"select Nama, Dept, Divisi from Employee where NIP="_s + Quoted(row.nip));
+    Cursor rows = connection.Query(u"select Nama, Dept, Divisi from Employee where NIP="_s + Quoted(row.nip));
     const bool found = rows.Next();
     TakeEmployee(row, found ? ValuesOf(rows) : NoValue);
     return found;
 }
 
-/// The stored card and day that stand behind a row of the grid.
+/// The stored card and day that a row of the grid shows.
 class StoredRow {
 public:
     StoredRow(Connection& connection, const SearchRow& shown)
@@ -141,14 +141,14 @@ void RequireEmployee(Connection& connection, const QString& nip) {
 bool LoadRowFromDb(Connection& connection, SearchRow& row) {
     SearchRow read;
     read.tcid = row.tcid;
-    Rows days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(row.tcid));
+    Cursor days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(row.tcid));
     while (days.Next()) {
         SearchRow day;
         TakeDay(day, ValuesOf(days));
         if (!read.tanggal || day.tanggal == row.tanggal)
             TakeDay(read, ValuesOf(days));
     }
-    Rows header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(row.tcid));
+    Cursor header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(row.tcid));
     if (!header.Next())
         return false;
     TakeHeader(read, ValuesOf(header));

@@ -7,6 +7,6 @@
 QString EqualFragment(const QString& field, const QString& text);
 QString PrefixFragment(const QString& field, const QString& text);
 
-/// What stands behind the search's statement: " Where " and the joined fragments without the "and" in front
+/// What stands after the search's statement: " Where " and the joined fragments without the "and" in front
 /// of the first; "" without any.
 QString WhereClause(const QString& fragments);

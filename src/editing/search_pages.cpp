@@ -18,7 +18,7 @@ QString SearchPages::Statement(int limit) const {
 }
 
 std::vector<SearchRow> SearchPages::Read(Connection& connection, int limit) {
-    Rows rows =
+    Cursor rows =
         connection.Query(Statement(limit), lastCard_.isNull() ? QVariantList{} : QVariantList{lastCard_});
     std::vector<SearchRow> page;
     const ValueOfColumn value = [&rows](SearchRow::Column column) { return rows.Value(column - 1); };
@@ -42,7 +42,7 @@ std::vector<SearchRow> SearchPages::Next(Connection& connection) {
             atEnd_ = true;
             return page;
         }
-        // The last card may have more days behind the page's end: it is read again with the next page.
+        // The last card may have more days after the page's end: it is read again with the next page.
         const QString cut = page.back().tcid;
         while (!page.empty() && page.back().tcid == cut)
             page.pop_back();
@@ -55,7 +55,7 @@ std::vector<SearchRow> SearchPages::Next(Connection& connection) {
 }
 
 QStringList SearchPages::Tcids(Connection& connection) const {
-    Rows rows = connection.Query(u"Select TCID from qry_TimeCardAll  "_s + clause_);
+    Cursor rows = connection.Query(u"Select TCID from qry_TimeCardAll  "_s + clause_);
     QStringList tcids;
     while (rows.Next())
         tcids << rows.Text(0);

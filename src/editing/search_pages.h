@@ -8,7 +8,7 @@
 #include <vector>
 
 /// The result of a search, read page by page in the order of the cards. Each page is a statement of its own
-/// that goes on behind the last card of the page before it: a statement left open between two pages would
+/// that goes on after the last card of the page before it: a statement left open between two pages would
 /// keep every other desk from writing. Pages grow, so that a large result takes few of them.
 class SearchPages {
 public:

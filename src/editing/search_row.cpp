@@ -26,7 +26,7 @@ QString NumberCell(const std::optional<double>& number) {
 }
 
 QString TimeCell(const std::optional<WallTime>& time, const std::optional<Day>& cardDay) {
-    if (!SetTime(time))
+    if (!TimeIfSet(time))
         return {};
     const QString clock = ShownTime(*time);
     return DayOf(*time) == cardDay ? clock : ShownDay(DayOf(*time)) + u' ' + clock;

@@ -34,7 +34,7 @@ QString ShownMonth(Day day) {
 template<class Take>
 bool ForEachCard(const std::vector<SearchRow>& rows, const Progress& progress, Take take) {
     for (size_t i = 0; i < rows.size(); ++i) {
-        if (!GoesOn(progress, static_cast<qsizetype>(i), std::ssize(rows)))
+        if (!ShouldContinue(progress, static_cast<qsizetype>(i), std::ssize(rows)))
             return false;
         if (i > 0 && rows[i].tcid == rows[i - 1].tcid)
             continue;
@@ -44,7 +44,7 @@ bool ForEachCard(const std::vector<SearchRow>& rows, const Progress& progress, T
     return true;
 }
 
-/// The tables one behind the other, an empty line between them; nothing when it was stopped.
+/// The tables one after the other, an empty line between them; nothing when it was stopped.
 template<class Pages, class LinesOf>
 QStringList AllPages(const Pages& pages, const Progress& progress, LinesOf linesOf) {
     const auto count = static_cast<qsizetype>(pages.size());

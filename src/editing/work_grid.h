@@ -12,11 +12,11 @@
 /// and one column for each day of a month.
 class WorkGrid {
 public:
-    /// The headings of the two cells behind the serial number.
+    /// The headings of the two cells after the serial number.
     WorkGrid(const QString& keyHeading, const QString& nameHeading);
 
     /// Writes a value into the day's column of the row with that key, adding the row when there is none yet.
-    /// A second value on the same day goes behind the first, after "/".
+    /// A second value on the same day goes after the first, after "/".
     void PlaceInWorkGrid(const QString& key, const QString& name, int day, const QString& value);
 
     /// The page heading and the grid as a text table.

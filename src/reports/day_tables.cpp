@@ -46,7 +46,7 @@ MaybePrinted PrintDayTables(const QString& title, const ReportCriteria& criteria
     const std::vector<AbsentDay> days = DaysOf(criteria);
     const std::vector<AttendanceRow> none;
     PrintedReport report;
-    report.lines << title << PeriodLine(criteria.date1, criteria.date2);
+    report.lines << title << ReportPeriod(criteria.date1, criteria.date2);
     for (const ReportEmployee& employee : data.employees) {
         if (!progress(report.employees++, std::ssize(data.employees)))
             return std::nullopt;

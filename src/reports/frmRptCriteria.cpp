@@ -21,11 +21,11 @@ QString Routine(QStringView name) {
     return u"frmRptCriteria.%1"_s.arg(name);
 }
 
-/// The rows of a query as code and name, behind the choice of all.
+/// The rows of a query as code and name, after the choice of all.
 void FillCodes(QComboBox& list, Connection& connection, const QString& query) {
     list.clear();
     list.addItem(All, All);
-    Rows rows = connection.Query(query);
+    Cursor rows = connection.Query(query);
     while (rows.Next())
         list.addItem(rows.Text(1), rows.Text(0));
 }
@@ -115,7 +115,7 @@ void frmRptCriteria::ShowEmployeeName() {
     ui_->lblEmplName->clear();
     if (ui_->txtEmpl->text() == All)
         return;
-    Rows rows = program_.Db().Query(u"select Nama from Employee where NIP=?"_s, {ui_->txtEmpl->text()});
+    Cursor rows = program_.Db().Query(u"select Nama from Employee where NIP=?"_s, {ui_->txtEmpl->text()});
     ui_->lblEmplName->setText(rows.Next() ? rows.Text(0) : u"NIP ini tidak terdaftar."_s);
 }
 

@@ -57,7 +57,7 @@ QString AbsentCells(int remarkWidth) {
     return cells;
 }
 
-QString PeriodLine(Day first, Day last) {
+QString ReportPeriod(Day first, Day last) {
     return u"TANGGAL: "_s + ShownDay(first) + u" s/d "_s + ShownDay(last);
 }
 

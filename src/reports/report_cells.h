@@ -31,6 +31,6 @@ void AppendAttendance(QString& line, const std::optional<WallTime>& timeIn,
 QString AbsentCells(int remarkWidth);
 
 /// "TANGGAL: 01-Nov-2026 s/d 30-Nov-2026"
-QString PeriodLine(Day first, Day last);
+QString ReportPeriod(Day first, Day last);
 
 QString RuleLine(qsizetype width);

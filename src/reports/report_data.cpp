@@ -21,7 +21,7 @@ QStringList ChosenConditions(const ReportCriteria& criteria, const QString& tabl
 
 std::vector<ReportEmployee> ReadReportEmployees(Connection& connection, const QString& query) {
     std::vector<ReportEmployee> employees;
-    Rows rows = connection.Query(query);
+    Cursor rows = connection.Query(query);
     while (rows.Next())
         employees.push_back({rows.Text(0), rows.Text(1), rows.Text(2), rows.Text(3)});
     return employees;
@@ -37,7 +37,7 @@ std::vector<ReportEmployee> ReadEmployeesOf(Connection& connection, const Report
 
 std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QString& query, int remarkWidth,
                                               const Progress& progress) {
-    Rows rows = connection.Query(query + u" ORDER BY b.Tanggal, b.TCID"_s);
+    Cursor rows = connection.Query(query + u" ORDER BY b.Tanggal, b.TCID"_s);
     const int nip = rows.ColumnOf(u"NIP"_s);
     const int tanggal = rows.ColumnOf(u"Tanggal"_s); // the report of a single day does not read it
     const int timeIn = rows.ColumnOf(u"TimeIN"_s);
@@ -48,7 +48,7 @@ std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QStr
     QString dayText;
     AttendanceRow started; // every row of a day starts alike
     for (qsizetype read = 0; rows.Next(); ++read) {
-        if (!GoesOn(progress, read, 0))
+        if (!ShouldContinue(progress, read, 0))
             return std::nullopt;
         if (tanggal >= 0 && rows.Text(tanggal) != dayText) {
             dayText = rows.Text(tanggal);
@@ -56,8 +56,8 @@ std::optional<AttendanceByNip> ReadAttendance(Connection& connection, const QStr
             started.line = DayCell(started.day);
         }
         AttendanceRow row = started;
-        AppendAttendance(row.line, SetTime(rows.Time(timeIn)), SetTime(rows.Time(timeOut)), rows.Text(status),
-                         rows.Text(keterangan), remarkWidth);
+        AppendAttendance(row.line, TimeIfSet(rows.Time(timeIn)), TimeIfSet(rows.Time(timeOut)),
+                         rows.Text(status), rows.Text(keterangan), remarkWidth);
         attendance[rows.Text(nip)].push_back(std::move(row));
     }
     return attendance;

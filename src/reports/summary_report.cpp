@@ -24,7 +24,7 @@ using CountsByNip = QHash<QString, Counts>;
 
 std::vector<Status> ReadStatuses(Connection& connection) {
     std::vector<Status> statuses;
-    Rows rows = connection.Query(u"SELECT Status, Description FROM [Employee Status] ORDER BY ID"_s);
+    Cursor rows = connection.Query(u"SELECT Status, Description FROM [Employee Status] ORDER BY ID"_s);
     while (rows.Next())
         statuses.push_back({rows.Text(0), rows.Text(1)});
     return statuses;
@@ -33,11 +33,11 @@ std::vector<Status> ReadStatuses(Connection& connection) {
 /// Adds what the engine counts in a period; what is none of the statuses is left out.
 void AddCounts(CountsByNip& all, Connection& connection, const ReportCriteria& period,
                const QHash<QString, size_t>& columns) {
-    Rows rows = connection.Query(u"SELECT a.NIP, a.Status, Count(*) FROM TimeCardHeader a "
-                                 "INNER JOIN Employee c ON a.NIP=c.NIP "
-                                 "INNER JOIN TimeCardDetail b ON a.TCID=b.TCID "_s
-                                 + InPeriod(period) + OfChosenEmployees(period)
-                                 + u" AND a.Status IS NOT NULL GROUP BY a.NIP, a.Status"_s);
+    Cursor rows = connection.Query(u"SELECT a.NIP, a.Status, Count(*) FROM TimeCardHeader a "
+                                   "INNER JOIN Employee c ON a.NIP=c.NIP "
+                                   "INNER JOIN TimeCardDetail b ON a.TCID=b.TCID "_s
+                                   + InPeriod(period) + OfChosenEmployees(period)
+                                   + u" AND a.Status IS NOT NULL GROUP BY a.NIP, a.Status"_s);
     while (rows.Next()) {
         const auto column = columns.constFind(rows.Text(1));
         if (column == columns.cend())
@@ -79,7 +79,7 @@ void FillAbsences(Counts& counts, const std::vector<Status>& statuses, qint64 da
 }
 
 QStringList Heading(const ReportCriteria& criteria) {
-    QStringList lines{u"SUMMARY ABSENSI KARYAWAN "_s, PeriodLine(criteria.date1, criteria.date2)};
+    QStringList lines{u"SUMMARY ABSENSI KARYAWAN "_s, ReportPeriod(criteria.date1, criteria.date2)};
     if (criteria.department.Filters())
         lines << u"DEPT  : "_s + OneLine(criteria.department.shown).toUpper();
     if (criteria.division.Filters())

@@ -38,7 +38,7 @@ frmShiftCode::frmShiftCode(Program& program, const b_form_skin::Backgrounds& ski
 frmShiftCode::~frmShiftCode() = default;
 
 void frmShiftCode::SetUpGrid() {
-    MSHFlexGrid& grid = *ui_->DataGrid1;
+    DataGrid& grid = *ui_->DataGrid1;
     grid.setModel(&rstShift_);
     grid.EditCells(0);
     grid.PaintLooks(ShiftCodeModel::LookRole);
@@ -55,7 +55,7 @@ void frmShiftCode::SetUpGrid() {
             &frmShiftCode::DataGrid1_RowColChange);
     connect(grid.itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
             [this](QWidget*, QAbstractItemDelegate::EndEditHint hint) { DataGrid1_AfterEdit(hint); });
-    connect(&grid, &MSHFlexGrid::RowChosen, this, [&grid] {
+    connect(&grid, &DataGrid::RowChosen, this, [&grid] {
         // The key that ends an edit comes by here, too.
         if (!grid.isPersistentEditorOpen(grid.currentIndex()))
             grid.edit(grid.currentIndex());
@@ -137,7 +137,7 @@ void frmShiftCode::DataGrid1_RowColChange() {
         Qt::QueuedConnection);
 }
 
-/// Enter goes on to the next cell; behind the last one the row is finished.
+/// Enter goes on to the next cell; after the last one the row is finished.
 void frmShiftCode::DataGrid1_AfterEdit(QAbstractItemDelegate::EndEditHint hint) {
     if (hint != QAbstractItemDelegate::SubmitModelCache)
         return;

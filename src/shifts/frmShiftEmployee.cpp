@@ -73,7 +73,7 @@ void frmShiftEmployee::ConnectControls() {
 }
 
 void frmShiftEmployee::InitGrid() {
-    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&roster_);
     grid.PaintLooks(RosterModel::LookRole);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
@@ -144,13 +144,13 @@ void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor) {
 bool frmShiftEmployee::SaveCell(const QModelIndex& cell) {
     const bool saved =
         Trapped(program_, u"frmShiftEmployee.SaveCell"_s, [&] { roster_.SaveCell(program_.Db(), cell); });
-    ui_->lblStatus->setText((saved ? u"Disimpan: "_s : NotSaved) + roster_.Told(cell));
+    ui_->lblStatus->setText((saved ? u"Disimpan: "_s : NotSaved) + roster_.DescribeCell(cell));
     return saved;
 }
 
 /// An emptied cell is a day without a shift that the roster knows of.
 void frmShiftEmployee::GridDeleteKey(const QModelIndex& cell) {
-    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    DataGrid& grid = *ui_->MSHFlexGrid1;
     const bool nothingToEmpty = cell.data().toString().isEmpty() && !grid.IsMarkedUnsaved(cell);
     if (nothingToEmpty || !roster_.setData(cell, QString()))
         return;
@@ -177,7 +177,7 @@ void frmShiftEmployee::ShowMonth() {
 void frmShiftEmployee::ShowCell() {
     const QModelIndex cell = ui_->MSHFlexGrid1->currentIndex();
     const bool unsaved = ui_->MSHFlexGrid1->IsMarkedUnsaved(cell);
-    ui_->lblStatus->setText((unsaved ? NotSaved : QString()) + roster_.Told(cell));
+    ui_->lblStatus->setText((unsaved ? NotSaved : QString()) + roster_.DescribeCell(cell));
 }
 
 void frmShiftEmployee::showEvent(QShowEvent* event) {

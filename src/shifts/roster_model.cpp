@@ -40,13 +40,13 @@ RosterModel::RosterModel(const Clock& clock, QObject* parent)
 bool RosterModel::LoadEmployees(Connection& connection, const Progress& progress) {
     std::vector<RosterEmployee> employees;
     QHash<QString, int> rowsByNip;
-    Rows rows = connection.Query(u"Select * from employee"_s);
+    Cursor rows = connection.Query(u"Select * from employee"_s);
     const int nip = rows.ColumnOf(u"NIP"_s);
     const int nama = rows.ColumnOf(u"Nama"_s);
     while (rows.Next()) {
         rowsByNip.insert(rows.Text(nip), static_cast<int>(employees.size()));
         employees.push_back({rows.Text(nip), rows.Text(nama)});
-        if (!GoesOn(progress, static_cast<qsizetype>(employees.size()), 0))
+        if (!ShouldContinue(progress, static_cast<qsizetype>(employees.size()), 0))
             return false;
     }
     beginResetModel();
@@ -63,8 +63,8 @@ bool RosterModel::LoadRoster(Connection& connection, const QString& period, cons
     const PeriodText read = ReadPeriod(period);
     ReadShiftCodes(connection);
     std::vector<Days> roster(employees_.size());
-    Rows rows = connection.Query(u"select * from ShiftEmployee where year(Tgl)="_s + read.year
-                                 + u" and Month(Tgl)="_s + read.month);
+    Cursor rows = connection.Query(u"select * from ShiftEmployee where year(Tgl)="_s + read.year
+                                   + u" and Month(Tgl)="_s + read.month);
     const int nip = rows.ColumnOf(u"NIP"_s);
     const int tgl = rows.ColumnOf(u"Tgl"_s);
     const int shiftCode = rows.ColumnOf(u"ShiftCode"_s);
@@ -73,7 +73,7 @@ bool RosterModel::LoadRoster(Connection& connection, const QString& period, cons
     for (qsizetype done = 1; rows.Next(); ++done) {
         if (const auto time = rows.Time(tgl))
             PlaceShift(roster, rows.Text(nip), DayOf(*time), rows.Text(shiftCode));
-        if (!GoesOn(progress, done, qMax(most, done)))
+        if (!ShouldContinue(progress, done, qMax(most, done)))
             return false;
     }
     roster_ = std::move(roster);
@@ -87,7 +87,7 @@ bool RosterModel::LoadRoster(Connection& connection, const QString& period, cons
 
 /// The numbers that cells hold stay as they are; only what is known of their codes is read anew.
 void RosterModel::ReadShiftCodes(Connection& connection) {
-    Rows rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
+    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
     for (Code& code : codes_)
         code.listed = false;
     while (rows.Next()) {
@@ -175,7 +175,7 @@ CellLook RosterModel::LookOf(int row, int column) const {
     return code.text.isEmpty() || code.listed || look == CellLook::Hatched ? look : CellLook::Doubtful;
 }
 
-QString RosterModel::Told(const QModelIndex& cell) const {
+QString RosterModel::DescribeCell(const QModelIndex& cell) const {
     if (cell.column() < FirstDay)
         return {};
     const RosterEmployee& employee = employees_[static_cast<size_t>(cell.row())];
@@ -225,7 +225,7 @@ QVariant RosterModel::data(const QModelIndex& index, int role) const {
         return column == Nip ? employees_[static_cast<size_t>(index.row())].nip
                              : employees_[static_cast<size_t>(index.row())].nama;
     case Qt::ToolTipRole:
-        return column >= FirstDay ? Told(index) : employees_[static_cast<size_t>(index.row())].nama;
+        return column >= FirstDay ? DescribeCell(index) : employees_[static_cast<size_t>(index.row())].nama;
     case LookRole:
         return static_cast<int>(LookOf(index.row(), column));
     case Qt::TextAlignmentRole:

@@ -42,7 +42,7 @@ public:
     void SaveCell(Connection& connection, const QModelIndex& cell) const;
 
     /// A cell in words: who, when, and the hours of the shift.
-    QString Told(const QModelIndex& cell) const;
+    QString DescribeCell(const QModelIndex& cell) const;
     /// How many cells hold a code that is none of the shift codes.
     int CountUnlisted() const;
 

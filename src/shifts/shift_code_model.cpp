@@ -43,7 +43,7 @@ std::optional<TypedTime> ReadTyped(const QString& text) {
 /// is how a day off is written, which has no hours.
 WallTime EndOfShift(const std::optional<TypedTime>& start, const TypedTime& end) {
     const bool nextDay = end.nextDay || (start && end.timeOfDay < start->timeOfDay);
-    return At(nextDay ? DayZero + OneDay : DayZero, end.timeOfDay);
+    return TimeOnDay(nextDay ? DayZero + OneDay : DayZero, end.timeOfDay);
 }
 
 [[noreturn]] void RefuseTime(int column, const QString& text) {
@@ -165,7 +165,7 @@ void ShiftCodeModel::SetTyped() {
         return;
     const auto start = ReadTyped(typed_[TimeIn]);
     const auto end = ReadTyped(typed_[TimeOut]);
-    rstShift_->Set(u"TimeIn"_s, start ? FieldValue(At(DayZero, start->timeOfDay)) : FieldValue());
+    rstShift_->Set(u"TimeIn"_s, start ? FieldValue(TimeOnDay(DayZero, start->timeOfDay)) : FieldValue());
     rstShift_->Set(u"TimeOut"_s, end ? FieldValue(EndOfShift(start, *end)) : FieldValue());
 }
 
@@ -189,7 +189,7 @@ void ShiftCodeModel::ShowNextDay() {
     const auto start = ReadTyped(typed_[TimeIn]);
     const auto end = ReadTyped(typed_[TimeOut]);
     if (start && !start->nextDay)
-        typed_[TimeIn] = ShownShiftTime(At(DayZero, start->timeOfDay), DayZero);
+        typed_[TimeIn] = ShownShiftTime(TimeOnDay(DayZero, start->timeOfDay), DayZero);
     if (end)
         typed_[TimeOut] = ShownShiftTime(EndOfShift(start, *end), DayZero);
 }

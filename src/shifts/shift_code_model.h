@@ -32,7 +32,7 @@ public:
     /// The row of a code; -1 when there is none.
     int RowOf(const QString& code) const;
 
-    /// Puts a new row in edit, behind all others, and returns its number. No other row is in edit.
+    /// Puts a new row in edit, after all others, and returns its number. No other row is in edit.
     int AddRow();
     /// Writes the row in edit; a blank new row is taken back instead. Throws ProgramError when a value cannot
     /// stand there, DatabaseError when the database refuses it: the row then stays in edit. Throws

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool HasHeader(Connection& connection, const QString& card) {
-    Rows rows = connection.Query(u"select * from TimeCardHeader where TCID="_s + Quoted(card));
+    Cursor rows = connection.Query(u"select * from TimeCardHeader where TCID="_s + Quoted(card));
     return rows.Next();
 }
 

@@ -16,7 +16,7 @@ struct ClockEntry {
 
     bool IsClockIn() const { return mode == QStringView(u"IN"); }
     /// What will stand on the card: at clock-in the sheet's day with the present time of day.
-    WallTime Moment() const { return IsClockIn() ? At(sheetDate, TimeOfDay(openedAt)) : openedAt; }
+    WallTime Moment() const { return IsClockIn() ? TimeOnDay(sheetDate, TimeOfDay(openedAt)) : openedAt; }
 };
 
 /// Why a recording was refused; the texts are those the user is shown.

@@ -23,7 +23,7 @@ QString OvertimeText(const SheetEntry& entry) {
 }
 
 std::vector<SheetEmployee> ReadEmployees(Connection& connection, const QString& orderBy) {
-    Rows rows = connection.Query(u"select * from employee "_s + orderBy);
+    Cursor rows = connection.Query(u"select * from employee "_s + orderBy);
     const int dept = rows.ColumnOf(u"Dept"_s);
     const int divisi = rows.ColumnOf(u"Divisi"_s);
     const int nip = rows.ColumnOf(u"NIP"_s);
@@ -40,7 +40,7 @@ std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& she
     // The last character there is ends the range of identifiers that begin with the sheet's.
     const QString first = sheet.toUpper();
     const QString last = first + QString::fromUcs4(U"\U0010FFFF");
-    Rows rows =
+    Cursor rows =
         connection.Query(u"select d.TCID, h.Status, d.TimeIN, d.TimeOUT, d.TimeINOT, d.TimeOutOT "
                          "from TimeCardDetail d left join TimeCardHeader h on h.TCID=d.TCID "
                          "where d.TCID between "_s
@@ -54,8 +54,8 @@ std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& she
         const QString found = rows.Text(1);
         const QString& status = *statuses.insert(found.isEmpty() ? AbsentStatus.toString() : found);
         cards.push_back({std::move(tcid),
-                         {status, SetTime(rows.Time(2)), SetTime(rows.Time(3)), SetTime(rows.Time(4)),
-                          SetTime(rows.Time(5))}});
+                         {status, TimeIfSet(rows.Time(2)), TimeIfSet(rows.Time(3)), TimeIfSet(rows.Time(4)),
+                          TimeIfSet(rows.Time(5))}});
     }
     return cards;
 }

@@ -1,6 +1,6 @@
 #include "timecard/frmAED_Absen.h"
 
-#include "timecard/employee_card.h"
+#include "timecard/employee_details.h"
 #include "ui/pick_list.h"
 #include "ui/typing.h"
 #include "ui_frmAED_Absen.h"
@@ -128,7 +128,7 @@ void frmAED_Absen::ShowRecorded() {
     ui_->lblHelp->hide();
     ShowDetail(true);
     Trapped(program_, u"ShowRecorded"_s, [this] {
-        const EmployeeCard employee = LoadEmployeeCard(program_.Db(), ui_->txtNIK->text());
+        const EmployeeDetails employee = LoadEmployeeDetails(program_.Db(), ui_->txtNIK->text());
         ui_->txtNama->setText(employee.nama);
         ui_->txtDept->setText(employee.dept);
         ui_->txtDivisi->setText(employee.divisi);

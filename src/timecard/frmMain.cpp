@@ -119,8 +119,8 @@ void frmMain::ConnectControls() {
     connect(ui_->tabTgl, &DayTabs::DayChosen, this, &frmMain::tabTgl_Click);
     connect(ui_->UpDown1_Up, &QToolButton::clicked, this, [this] { UpDown1_Change(+1); });
     connect(ui_->UpDown1_Down, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
-    connect(ui_->MSHFlexGrid1, &MSHFlexGrid::HeaderPressed, this, &frmMain::MSHFlexGrid1_MouseDown);
-    connect(ui_->MSHFlexGrid1, &MSHFlexGrid::RowChosen, this, &frmMain::MSHFlexGrid1_DblClick);
+    connect(ui_->MSHFlexGrid1, &DataGrid::HeaderPressed, this, &frmMain::MSHFlexGrid1_MouseDown);
+    connect(ui_->MSHFlexGrid1, &DataGrid::RowChosen, this, &frmMain::MSHFlexGrid1_DblClick);
     Timer1.setInterval(TickMilliseconds);
     connect(&Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
 }
@@ -144,7 +144,7 @@ bool frmMain::Form_Load() {
 }
 
 void frmMain::SetUpGrid() {
-    MSHFlexGrid& grid = *ui_->MSHFlexGrid1;
+    DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&sheet_);
     grid.PaintStatus(SheetModel::Status, SheetModel::StatusRole);
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// A sheet is named "T" + yyyymmdd, with "-" and an extension behind for a second sheet on one day. A card is
+/// A sheet is named "T" + yyyymmdd, with "-" and an extension after for a second sheet on one day. A card is
 /// named by its sheet and the employee number, in upper case.
 
 inline constexpr qsizetype DayIdentifierLength = 9;

@@ -28,33 +28,33 @@ void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
     entries_.assign(employees_.size(), Absent());
     rowsByCard_.clear();
     sheetOfCards_.clear();
-    basis_ = {};
+    lastRead_ = {};
     endResetModel();
 }
 
 void SheetModel::Refresh(Connection& connection, const QString& sheet) {
     const WallTime now = clock_.Now();
     // Taken before reading: what is committed meanwhile is found by the next refresh.
-    const Basis basis{connection.Changes(), sheet, DayOf(now)};
-    if (basis != basis_)
-        Read(connection, basis);
+    const RefreshKey key{connection.Changes(), sheet, DayOf(now)};
+    if (key != lastRead_)
+        Read(connection, key);
     if (closed_)
         return;
     now_ = now;
     NotifyColumns(Hours, Hours);
 }
 
-void SheetModel::Read(Connection& connection, const Basis& basis) {
-    const bool closed = IsSheetClosed(connection, basis.sheet);
+void SheetModel::Read(Connection& connection, const RefreshKey& key) {
+    const bool closed = IsSheetClosed(connection, key.sheet);
     if (!closed) {
-        const Day day = SheetDate(connection, basis.sheet, basis.today);
-        TakeCards(ReadSheetCards(connection, basis.sheet), basis.sheet);
+        const Day day = SheetDate(connection, key.sheet, key.today);
+        TakeCards(ReadSheetCards(connection, key.sheet), key.sheet);
         sheetDay_ = day;
-    } else if (sheetOfCards_ != basis.sheet) {
+    } else if (sheetOfCards_ != key.sheet) {
         ForgetCards();
     }
     closed_ = closed;
-    basis_ = basis;
+    lastRead_ = key;
 }
 
 void SheetModel::TakeCards(const std::vector<SheetCard>& cards, const QString& sheet) {
@@ -69,7 +69,7 @@ void SheetModel::TakeCards(const std::vector<SheetCard>& cards, const QString& s
     std::vector<SheetEntry> entries(employees_.size(), Absent());
     auto next = rowsByCard_.cbegin();
     for (const SheetCard& card : cards) {
-        // The cards come in order, too: as a rule the row is the one behind the last card's.
+        // The cards come in order, too: as a rule the row is the one after the last card's.
         if (next == rowsByCard_.cend() || next->tcid != card.tcid)
             next = std::ranges::lower_bound(rowsByCard_, card.tcid, {}, &CardRow::tcid);
         // Numbers that differ in letter case only share a card.

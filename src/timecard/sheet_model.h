@@ -60,11 +60,11 @@ public:
 
 private:
     /// All that a refresh depends on; equal to the last one, nothing needs to be read.
-    struct Basis {
+    struct RefreshKey {
         ChangeStamp changes;
         QString sheet;
         Day today{};
-        bool operator==(const Basis&) const = default;
+        bool operator==(const RefreshKey&) const = default;
     };
 
     /// A row and the card of its employee on the sheet.
@@ -74,7 +74,7 @@ private:
     };
 
     QString Text(int row, int column) const;
-    void Read(Connection& connection, const Basis& basis);
+    void Read(Connection& connection, const RefreshKey& key);
     void TakeCards(const std::vector<SheetCard>& cards, const QString& sheet);
     void ForgetCards();
     void NotifyColumns(int first, int last);
@@ -84,7 +84,7 @@ private:
     std::vector<SheetEntry> entries_;
     std::vector<CardRow> rowsByCard_;
     QString sheetOfCards_;
-    Basis basis_;
+    RefreshKey lastRead_;
     bool closed_ = false;
     Day sheetDay_{};
     WallTime now_{};

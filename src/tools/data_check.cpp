@@ -108,12 +108,12 @@ private:
         QString name;
         int keyLength; ///< how many of the first columns make the key
         QString statement;
-        std::vector<Content> contents; ///< by column; text behind the last
+        std::vector<Content> contents; ///< by column; text after the last
     };
 
     /// Reads the table once: reports what cannot be read in it and hands each row on.
-    void Scan(const Table& table, const std::function<void(const Rows&, const Tell&)>& checkRow) {
-        Rows rows = connection_.Query(table.statement);
+    void Scan(const Table& table, const std::function<void(const Cursor&, const Tell&)>& checkRow) {
+        Cursor rows = connection_.Query(table.statement);
         const QStringList names = rows.ColumnNames();
         const Tell tell = [&](const QString& problem) {
             QStringList key;
@@ -136,7 +136,7 @@ private:
 
     QSet<QString> ReadKeys(const Table& table) {
         QSet<QString> keys;
-        Scan(table, [&](const Rows& rows, const Tell&) { keys << rows.Text(0); });
+        Scan(table, [&](const Cursor& rows, const Tell&) { keys << rows.Text(0); });
         return keys;
     }
 
@@ -164,7 +164,7 @@ private:
               1,
               u"select NIP, Dept, Divisi, GP, RateOT, TMakan, sc from Employee order by NIP"_s,
               {Text, Text, Text, Number, Number, Number, Number}},
-             [&](const Rows& rows, const Tell& tell) {
+             [&](const Cursor& rows, const Tell& tell) {
                  employees_ << rows.Text(Nip);
                  ExpectKnown(rows.Text(Dept), departments_, u"department"_s, tell);
                  ExpectKnown(rows.Text(Divisi), divisions_, u"division"_s, tell);
@@ -173,7 +173,7 @@ private:
 
     void CheckUserJobs() {
         Scan({u"User_Job"_s, 2, u"select UserID, GroupID from User_Job order by UserID, GroupID"_s, {}},
-             [&](const Rows& rows, const Tell& tell) {
+             [&](const Cursor& rows, const Tell& tell) {
                  if (!users_.contains(rows.Text(0)))
                      tell(u"no user \"%1\""_s.arg(rows.Text(0)));
              });
@@ -186,7 +186,7 @@ private:
               2,
               u"select NIP, Tgl, ShiftCode from ShiftEmployee order by NIP, Tgl"_s,
               {Text, Date, Text}},
-             [&](const Rows& rows, const Tell& tell) {
+             [&](const Cursor& rows, const Tell& tell) {
                  ExpectEmployee(rows.Text(Nip), tell);
                  ExpectKnown(rows.Text(ShiftCode), shifts_, u"shift code"_s, tell);
              });
@@ -198,7 +198,7 @@ private:
               1,
               u"select TCID, Status from timecardmaster order by TCID"_s,
               {Text, Number}},
-             [](const Rows&, const Tell&) {});
+             [](const Cursor&, const Tell&) {});
     }
 
     /// A header without a day row is in order: deleting attendance removes the day rows only.
@@ -210,7 +210,7 @@ private:
               u"select TCID, NIP, Status, NormalHours, OTHours, NormalAmount, OTAmount, TotalUangMakan "
               "from TimeCardHeader order by TCID"_s,
               {Text, Text, Text, Number, Number, Number, Number, Number}},
-             [&](const Rows& rows, const Tell& tell) {
+             [&](const Cursor& rows, const Tell& tell) {
                  const QString nip = rows.Text(Nip);
                  ExpectEmployee(nip, tell);
                  if (!statuses_.contains(rows.Text(Status)))
@@ -243,9 +243,9 @@ private:
               "h.TCID=d.TCID "
               "order by d.TCID, d.Tanggal"_s,
               {Text, Date, Date, Date, Date, Date, Text, Flag}},
-             [&](const Rows& rows, const Tell& tell) {
-                 const std::optional<WallTime> timeIn = SetTime(rows.Time(TimeIn));
-                 const std::optional<WallTime> timeOut = SetTime(rows.Time(TimeOut));
+             [&](const Cursor& rows, const Tell& tell) {
+                 const std::optional<WallTime> timeIn = TimeIfSet(rows.Time(TimeIn));
+                 const std::optional<WallTime> timeOut = TimeIfSet(rows.Time(TimeOut));
                  if (rows.Value(Header).IsNull())
                      tell(u"no header"_s);
                  if (rows.Text(Status) == QStringView(u"OUT") && !timeOut)
@@ -274,7 +274,7 @@ private:
               "inner join TimeCardHeader h on h.TCID=d.TCID where d.TimeIN<>"_s
                   + u'\'' + StoredTime(EmptyTime) + u'\'' + u" group by h.NIP, d.Tanggal having count(*)>1"_s,
               {}},
-             [&](const Rows& rows, const Tell& tell) {
+             [&](const Cursor& rows, const Tell& tell) {
                  const QString last = rows.Text(Tcid);
                  const QString first = rows.Text(FirstTcid);
                  const std::optional<WallTime> day = rows.Time(Tanggal);
@@ -327,7 +327,7 @@ std::unique_ptr<Connection> OpenUnchanged(const QString& path) {
     auto connection = std::make_unique<Connection>(std::make_unique<SqliteEngine>(),
                                                    ConnectionText(QFileInfo(path).absoluteFilePath()));
     const int newest = SchemaSteps().back().version;
-    Rows rows = connection->QueryNative(u"PRAGMA user_version"_s);
+    Cursor rows = connection->QueryNative(u"PRAGMA user_version"_s);
     const int version = rows.Next() ? static_cast<int>(rows.Value(0).Number()) : 0;
     if (version >= newest) {
         PrepareSchema(*connection);

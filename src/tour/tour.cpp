@@ -37,7 +37,7 @@ Tour::Tour(const QString& programFolder, const QString& pictureFolder)
                },
                OpenTextViewer},
       windows_(program_, skin_, [] { return u"United States"_s; }), desk_(&windows_.Desk()) {
-    clock_.now = At(*MakeDay(2026, 11, 23), 7h + 41min + 5s);
+    clock_.now = TimeOnDay(*MakeDay(2026, 11, 23), 7h + 41min + 5s);
 }
 
 bool Tour::Run() {
@@ -74,7 +74,7 @@ void Tour::RecordColleagues() {
         const QString nip = QString::number(number).rightJustified(4, u'0');
         if (nip == Employee || number % 6 == 0)
             continue;
-        const WallTime arrival = At(today, 7h + 20min + Seconds{number * 37});
+        const WallTime arrival = TimeOnDay(today, 7h + 20min + Seconds{number * 37});
         RecordClockEntry(program_.Db(), {sheet, today, u"IN"_s, arrival}, nip);
         if (number % 13 == 0)
             RecordClockEntry(program_.Db(), {sheet, today, u"N"_s, arrival + 15min}, nip);
@@ -97,7 +97,7 @@ void Tour::EnterNumberAndPassword(const QString& pictureName) {
 }
 
 void Tour::ClockIn() {
-    clock_.now = At(DayOf(clock_.now), 7h + 58min + 12s);
+    clock_.now = TimeOnDay(DayOf(clock_.now), 7h + 58min + 12s);
     user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget& entry) {
         EnterNumberAndPassword(u"clock-in"_s);
         Picture(entry, u"clock-in-recorded"_s);
@@ -130,7 +130,7 @@ void Tour::PickFromList() {
 }
 
 void Tour::ClockOut() {
-    clock_.now = At(DayOf(clock_.now), 17h + 3min + 30s);
+    clock_.now = TimeOnDay(DayOf(clock_.now), 17h + 3min + 30s);
     user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget& entry) {
         EnterNumberAndPassword(u"clock-out"_s);
         Picture(entry, u"clock-out-recorded"_s);
@@ -223,7 +223,7 @@ void Tour::PrintRows() {
             SheetIdentifierOf(DayOf(clock_.now))),
     };
     for (const QString& statement : statements) {
-        Rows rows = program_.Db().Query(statement);
+        Cursor rows = program_.Db().Query(statement);
         const QStringList columns = rows.ColumnNames();
         bool found = false;
         while (rows.Next()) {

@@ -39,7 +39,7 @@ private:
     void TurnAdminModeOn();
     void CorrectACard();
 
-    // the windows behind ADMIN, in tour_office.cpp
+    // the windows that ADMIN leads to, in tour_office.cpp
     void VisitOffice();
     void PlanShiftCodes();
     void PlanRoster();

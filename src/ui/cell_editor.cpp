@@ -1,6 +1,6 @@
 #include "ui/cell_editor.h"
 
-#include "ui/msh_flex_grid.h"
+#include "ui/data_grid.h"
 #include "ui/typing.h"
 
 #include <QApplication>
@@ -41,7 +41,7 @@ bool OpensPickList(const QKeyEvent& event) {
 
 } // namespace
 
-CellEditor::CellEditor(Program& program, MSHFlexGrid& grid, CellEditing editing)
+CellEditor::CellEditor(Program& program, DataGrid& grid, CellEditing editing)
     : QObject(&grid), program_(program), grid_(grid), editing_(std::move(editing)),
       viewport_(grid.viewport()), text1_(new QLineEdit(grid.viewport())),
       cmdLov_(new QToolButton(grid.viewport())) {
@@ -68,8 +68,8 @@ CellEditor::CellEditor(Program& program, MSHFlexGrid& grid, CellEditing editing)
     for (QScrollBar* bar : {grid.horizontalScrollBar(), grid.verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &CellEditor::Hide);
     for (QHeaderView* header : {grid.horizontalHeader(), grid.verticalHeader()}) {
-        connect(header, &QHeaderView::sectionResized, this, &CellEditor::Lay);
-        connect(header, &QHeaderView::sectionMoved, this, &CellEditor::Lay);
+        connect(header, &QHeaderView::sectionResized, this, &CellEditor::PlaceOverCell);
+        connect(header, &QHeaderView::sectionMoved, this, &CellEditor::PlaceOverCell);
     }
     grid.installEventFilter(this);
     grid.viewport()->installEventFilter(this);
@@ -160,7 +160,7 @@ void CellEditor::Open(const QString& text) {
     font.setStretch(narrow ? QFont::ExtraCondensed : QFont::Unstretched);
     text1_->setFont(font);
     text1_->setTextMargins(narrow ? QMargins(-5, 0, -5, 0) : QMargins());
-    Lay();
+    PlaceOverCell();
     text1_->show();
     text1_->setFocus();
 }
@@ -240,12 +240,12 @@ void CellEditor::TakePicked(const QString& code) {
 void CellEditor::OpenPickList() {
     if (!editing_.openPickList || !HasPickList(grid_.currentIndex()) || !MayEdit(grid_.currentIndex()))
         return;
-    Lay(); // the list opens under the cell also while the editor is hidden
+    PlaceOverCell(); // the list opens under the cell also while the editor is hidden
     Trapped(program_, u"cmdLov_Click"_s, [this] { editing_.openPickList(*text1_); });
 }
 
 void CellEditor::ShowPickButton() {
-    Lay();
+    PlaceOverCell();
     cmdLov_->show();
 }
 
@@ -259,7 +259,7 @@ void CellEditor::Hide() {
     text1_->clear();
 }
 
-void CellEditor::Lay() {
+void CellEditor::PlaceOverCell() {
     const QRect cell = grid_.visualRect(grid_.currentIndex());
     text1_->setGeometry(cell);
     const int room = grid_.viewport()->width() - cell.height();
@@ -318,7 +318,7 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (watched == viewport_ && event->type() == QEvent::Resize) {
-        Lay();
+        PlaceOverCell();
         return false;
     }
     if (watched != text1_)

@@ -10,7 +10,7 @@
 #include <set>
 #include <vector>
 
-class MSHFlexGrid;
+class DataGrid;
 class QKeyEvent;
 class QLineEdit;
 class QToolButton;
@@ -46,7 +46,7 @@ class CellEditor : public QObject {
     Q_OBJECT
 public:
     /// The grid has its model, and keeps it.
-    CellEditor(Program& program, MSHFlexGrid& grid, CellEditing editing);
+    CellEditor(Program& program, DataGrid& grid, CellEditing editing);
 
     /// Opens the editor on the current cell with its present text, selected.
     void OpenOnCurrentCell();
@@ -77,13 +77,13 @@ private:
     void CommitCellEdit();
     void Open(const QString& text);
     void Hide();
-    void Lay();
+    void PlaceOverCell();
     bool MayEdit(const QModelIndex& cell) const;
     bool HasPickList(const QModelIndex& cell) const;
     void MarkRow(int row, bool unsaved);
 
     Program& program_;
-    MSHFlexGrid& grid_;
+    DataGrid& grid_;
     const CellEditing editing_;
     /// Known apart from the grid, which is no longer one when the last events come.
     const QObject* viewport_;

@@ -1,6 +1,6 @@
 #include "ui/frozen_columns.h"
 
-#include "ui/msh_flex_grid.h"
+#include "ui/data_grid.h"
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -13,7 +13,7 @@ constexpr int LineWidth = 1; // the theme's line between these columns and the o
 constexpr int MostCharacters = 40;
 } // namespace
 
-FrozenColumns::FrozenColumns(MSHFlexGrid& grid, int count) : QTableView(&grid), grid_(grid) {
+FrozenColumns::FrozenColumns(DataGrid& grid, int count) : QTableView(&grid), grid_(grid) {
     setProperty("look", u"frozen"_s);
     setModel(grid.model());
     setItemDelegate(grid.itemDelegate());

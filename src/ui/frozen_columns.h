@@ -2,7 +2,7 @@
 
 #include <QTableView>
 
-class MSHFlexGrid;
+class DataGrid;
 
 /// The first columns of a grid, beside the ones that scroll. They show the grid's rows where the grid shows
 /// them; a click on one of them goes to its row in the grid.
@@ -10,7 +10,7 @@ class FrozenColumns : public QTableView {
     Q_OBJECT
 public:
     /// Takes the first columns over from the grid, which makes room for them on its left.
-    FrozenColumns(MSHFlexGrid& grid, int count);
+    FrozenColumns(DataGrid& grid, int count);
 
     /// Makes room for these columns at their widths.
     void TakeRoom();
@@ -18,5 +18,5 @@ public:
     void Place();
 
 private:
-    MSHFlexGrid& grid_;
+    DataGrid& grid_;
 };

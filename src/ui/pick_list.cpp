@@ -1,7 +1,7 @@
 #include "ui/pick_list.h"
 
 #include "core/text_table.h"
-#include "ui/msh_flex_grid.h"
+#include "ui/data_grid.h"
 #include "ui/theme.h"
 
 #include <QHeaderView>
@@ -24,7 +24,7 @@ constexpr int WrongConnectionNumber = 3705;
 
 PickList::PickList(Program& program, QWidget* parent)
     : QFrame(parent, Qt::Popup), program_(program), rows_(new modGeneral::TextGrid(this)),
-      filtered_(new QSortFilterProxyModel(this)), filter_(new QLineEdit(this)), grid_(new MSHFlexGrid(this)),
+      filtered_(new QSortFilterProxyModel(this)), filter_(new QLineEdit(this)), grid_(new DataGrid(this)),
       hint_(new QLabel(u"Ketik untuk mencari · Enter memilih · Esc batal"_s, this)) {
     setObjectName(u"PickList"_s);
     setFrameShape(StyledPanel);
@@ -51,7 +51,7 @@ PickList::PickList(Program& program, QWidget* parent)
     layout->addWidget(hint_);
 
     connect(filter_, &QLineEdit::textChanged, this, &PickList::ApplyFilter);
-    connect(grid_, &MSHFlexGrid::RowChosen, this, &PickList::Choose);
+    connect(grid_, &DataGrid::RowChosen, this, &PickList::Choose);
 }
 
 void PickList::ShowList(QWidget* anchor, double left, double top) {
@@ -73,7 +73,7 @@ void PickList::ShowList(QWidget* anchor, double left, double top) {
 void PickList::Fill() {
     if (ConnectionString != program_.Db().ConnectionString())
         throw ProgramError(WrongConnectionNumber, u"Daftar pilihan memakai koneksi database yang lain."_s);
-    Rows rows = program_.Db().Query(SqlText);
+    Cursor rows = program_.Db().Query(SqlText);
     rows_->SetHeaders(rows.ColumnNames());
     const int columns = rows_->columnCount();
     std::vector<QStringList> lines;

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-class MSHFlexGrid;
+class DataGrid;
 class QLabel;
 class QLineEdit;
 class QSortFilterProxyModel;
@@ -55,7 +55,7 @@ private:
     modGeneral::TextGrid* rows_;
     QSortFilterProxyModel* filtered_;
     QLineEdit* filter_;
-    MSHFlexGrid* grid_;
+    DataGrid* grid_;
     QLabel* hint_;
     QPointer<QWidget> anchor_;
     QVariantMap values_;

@@ -44,7 +44,7 @@ TEST(FixedNumber, WhatIsStoredReadsBackAsTheSameDigits) {
           u"1234567890.1234"_s, u"99999999999.9999"_s, u"900000000000000"_s}) {
         company.Db().Execute(u"UPDATE TimeCardHeader SET NormalAmount=?"_s,
                              {Money::FromText(digits).Field().Stored()});
-        Rows rows = company.Db().Query(u"select NormalAmount from TimeCardHeader"_s);
+        Cursor rows = company.Db().Query(u"select NormalAmount from TimeCardHeader"_s);
         ASSERT_TRUE(rows.Next());
         EXPECT_EQ(Money::FromField(rows.Value(0)).Text(), digits);
         EXPECT_TRUE(digits.size() > 14 || rows.Text(0) == digits)

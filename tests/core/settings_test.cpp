@@ -17,7 +17,7 @@ void Write(const QString& path, const QByteArray& bytes) {
     file.write(bytes);
 }
 
-/// What stands behind the data source, as the database's former engine needed it.
+/// What stands after the data source, as the database's former engine needed it.
 const QString Tail =
     u";Mode=Share Deny None;Extended Properties=\"\";Jet OLEDB:System database=\"\";Jet OLEDB:Registry Path=\"\";Jet OLEDB:Database Password=\"\";Jet OLEDB:Engine Type=4;Jet OLEDB:Database Locking Mode=0;Jet OLEDB:Global Partial Bulk Ops=2;Jet OLEDB:Global Bulk Transactions=1;Jet OLEDB:New Database Password=\"\";Jet OLEDB:Create System Database=False;Jet OLEDB:Encrypt Database=False;Jet OLEDB:Don't Copy Locale on Compact=False;Jet OLEDB:Compact Without Replica Repair=False;Jet OLEDB:SFP=False"_s;
 

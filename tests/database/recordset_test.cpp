@@ -122,7 +122,7 @@ TEST_F(Recordsets, WhatIsTakenBackIsNeverWritten) {
 TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
     const auto other = company.OtherDesk();
     const auto seenByOther = [&] {
-        Rows rows = other->Query(u"select count(1) from Employee"_s);
+        Cursor rows = other->Query(u"select count(1) from Employee"_s);
         return rows.Next() ? rows.Text(0) : u"nothing"_s;
     };
     const auto add = [&](const QString& nip) {

@@ -24,7 +24,7 @@ std::vector<SchemaStep> LaterSteps(const QString& third = u"CREATE TABLE Libur (
 }
 
 int VersionOf(Connection& connection) {
-    Rows rows = connection.QueryNative(u"PRAGMA user_version"_s);
+    Cursor rows = connection.QueryNative(u"PRAGMA user_version"_s);
     return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : -1;
 }
 
@@ -100,12 +100,12 @@ TEST(SchemaUpgrade, TakesAllFurtherStepsAndCopiesTheFileAside) {
             const auto connection = OpenUnprepared(path);
             PrepareSchema(*connection, LaterSteps());
             EXPECT_EQ(VersionOf(*connection), 3);
-            Rows rows = connection->QueryNative(u"SELECT Nama||Telepon FROM Employee"_s);
+            Cursor rows = connection->QueryNative(u"SELECT Nama||Telepon FROM Employee"_s);
             ASSERT_TRUE(rows.Next());
             EXPECT_EQ(rows.Text(0), u"Budi-"_s);
         }
         EXPECT_EQ(inside.entryList(QDir::Files, QDir::Name), (QStringList{u"DATA.mdb"_s, u"DATA.mdb.v1"_s}));
-        Rows copied =
+        Cursor copied =
             OpenDatabaseFile(inside.filePath(u"DATA.mdb.v1"_s))->Query(u"select Nama from Employee"_s);
         EXPECT_TRUE(copied.Next());
     }

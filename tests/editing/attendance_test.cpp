@@ -154,7 +154,7 @@ TEST_F(AttendanceTest, ReadsInTwoStatementsByAnIndex) {
         statements.clear();
         RefreshAttendance(desk, criteria, company.clock.Today(), GoOn);
         ASSERT_EQ(statements.size(), 2);
-        Rows plan = desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statements[1]));
+        Cursor plan = desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statements[1]));
         QStringList steps;
         while (plan.Next())
             steps << plan.Text(3);
@@ -287,7 +287,7 @@ TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
     Refresh({u"123456789"_s, {}, {}, range});
     const QString rule(104, u'-');
     EXPECT_EQ(
-        PrintAttendance(model, PeriodLine({range.first, On(u"2026-11-22")}, u"NIP:\n123456789"_s), GoOn),
+        PrintAttendance(model, ListedPeriod({range.first, On(u"2026-11-22")}, u"NIP:\n123456789"_s), GoOn),
         (QStringList{u"ABSENSI KARYAWAN "_s, u"Tanggal: 20-Nov-2026 s/d 22-Nov-2026  NIP: 123456789"_s, rule,
                      u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status "
                      "|Keterangan"_s,
@@ -295,6 +295,6 @@ TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
                      u"|12345678|Abdurrahman Wahid Ha|PRODUKSI|        |07:05  |       |IN     |Lupa absen "
                      "— é dan lagi sampai"_s,
                      rule}));
-    EXPECT_EQ(PeriodLine(range, {}), u"Tanggal: 20-Nov-2026"_s);
+    EXPECT_EQ(ListedPeriod(range, {}), u"Tanggal: 20-Nov-2026"_s);
     EXPECT_FALSE(PrintAttendance(model, {}, [](auto, auto) { return false; }));
 }

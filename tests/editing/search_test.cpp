@@ -122,7 +122,7 @@ TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
         pages.Next(desk);
         EXPECT_TRUE(statements[0].startsWith(u"Select * from qry_TimeCardAll  "_s + clause));
         for (const QString& statement : statements) {
-            Rows plan =
+            Cursor plan =
                 desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + QString(statement).replace(u'?', u"'T2'"_s));
             while (plan.Next())
                 EXPECT_FALSE(plan.Text(3).contains(u"TEMP"_s)) << statement.toStdString();

@@ -22,7 +22,7 @@ TEST(frmLogin, WhatIsTypedIsHandedOverOnceAndNotThroughTheClipboard) {
         {u"pelon"_s, Qt::Key_F4, u"<CANCEL>"_s},
         {u"⏎x"_s, Qt::Key_F4, u"<CANCEL>"_s},            // in the password
         {u"pelon↹↹↹↹"_s, Qt::Key_Return, u"<CANCEL>"_s}, // on the cancel button
-        {u"↹↹⏎"_s, Qt::Key_Return, u"~~22-Nov-26"_s},    // in the date and on the button behind it
+        {u"↹↹⏎"_s, Qt::Key_Return, u"~~22-Nov-26"_s},    // in the date and on the button after it
         {u""_s, Qt::Key_Escape, u"<CANCEL>"_s},
         {u""_s, Qt::Key_T, u"~~22-Nov-26"_s, Qt::AltModifier},
         {u""_s, Qt::Key_B, u"<CANCEL>"_s, Qt::AltModifier},

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The window with four windows behind it that do nothing but open.
+/// The window with four windows that do nothing but open.
 class Hub {
 public:
     Hub() {

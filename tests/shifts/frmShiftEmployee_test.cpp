@@ -4,8 +4,8 @@
 #include "support/failures.h"
 #include "support/keystrokes.h"
 #include "support/window_company.h"
+#include "ui/data_grid.h"
 #include "ui/frozen_columns.h"
-#include "ui/msh_flex_grid.h"
 
 #include <QAbstractItemModelTester>
 #include <QLabel>
@@ -41,9 +41,7 @@ public:
         });
         roster.exec();
     }
-    static MSHFlexGrid& Grid(QWidget& window) {
-        return WindowCompany::Part<MSHFlexGrid>(window, "MSHFlexGrid1");
-    }
+    static DataGrid& Grid(QWidget& window) { return WindowCompany::Part<DataGrid>(window, "MSHFlexGrid1"); }
     static QModelIndex Cell(QWidget& window, int row, int day) {
         return Grid(window).model()->index(row, day + Days);
     }
@@ -165,7 +163,7 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
                    "BEGIN SELECT RAISE(ABORT,'disk on fire'); END"_s);
         const QStringList before = roster.company.RowsOf(u"select * from ShiftEmployee"_s);
         roster.Open([&](QWidget& window) {
-            MSHFlexGrid& grid = Roster::Grid(window);
+            DataGrid& grid = Roster::Grid(window);
             const QModelIndex cell = Roster::Cell(window, c.row, c.day);
             grid.setCurrentIndex(cell);
             Keys(c.code + u'⏎');
@@ -259,7 +257,7 @@ TEST(frmShiftEmployee, NamesStayInSightBesideTheirDays) {
         roster.company.AddEmployee(QString::number(i), u"Nama %1"_s.arg(i), u"x"_s);
     roster.Open([](QWidget& window) {
         window.resize(700, 400);
-        MSHFlexGrid& grid = Roster::Grid(window);
+        DataGrid& grid = Roster::Grid(window);
         auto* names = grid.findChild<FrozenColumns*>();
         ASSERT_TRUE(names);
         for (const auto& [row, day] : {std::pair{0, 1}, std::pair{61, 31}, std::pair{30, 2}}) {
@@ -284,7 +282,7 @@ TEST(frmShiftEmployee, NamesStayInSightBesideTheirDays) {
 TEST(frmShiftEmployee, AMonthIsFoundByItsIndex) {
     Roster roster;
     const QString statement = u"select * from ShiftEmployee where year(Tgl)=2026 and Month(Tgl)=11"_s;
-    Rows plan = roster.company.Db().QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statement));
+    Cursor plan = roster.company.Db().QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statement));
     ASSERT_TRUE(plan.Next());
     EXPECT_TRUE(plan.Text(3).contains(u"ShiftEmployeeMonth"_s)) << plan.Text(3).toStdString();
 }

@@ -55,7 +55,7 @@ QByteArray BytesOf(const QString& path) {
 }
 
 QStringList RowsOf(Connection& connection, const QString& query) {
-    Rows rows = connection.Query(query);
+    Cursor rows = connection.Query(query);
     const int columns = static_cast<int>(rows.ColumnNames().size());
     QStringList found;
     while (rows.Next()) {

@@ -1,5 +1,5 @@
 #include "timecard/clock_recording.h"
-#include "timecard/employee_card.h"
+#include "timecard/employee_details.h"
 
 #include "support/failures.h"
 #include "support/test_company.h"
@@ -174,5 +174,5 @@ TEST(Password, MatchesInAnyLetterCaseButNeverEmpty) {
     EXPECT_NE(FailureOf([&] { LoadStoredPassword(company.Db(), u"' or '1'='1"_s); }), QString());
     company.Db().ExecuteNative(
         u"INSERT INTO Employee (NIP,Nama,Dept,PathImage) VALUES ('0012','Budi','GA','a.gif')"_s);
-    EXPECT_EQ(LoadEmployeeCard(company.Db(), u"0012"_s).pathImage, u"a.gif"_s);
+    EXPECT_EQ(LoadEmployeeDetails(company.Db(), u"0012"_s).pathImage, u"a.gif"_s);
 }

@@ -21,7 +21,7 @@ QStringList RecordUntilKilled(const QString& database, int firstNip, int confirm
     desk.kill();
     desk.waitForFinished();
     told += desk.readAllStandardOutput();
-    // What stands behind the last line end was not told to the end.
+    // What stands after the last line end was not told to the end.
     return QString::fromUtf8(told.first(told.lastIndexOf('\n') + 1)).split(u'\n', Qt::SkipEmptyParts);
 }
 
@@ -36,7 +36,7 @@ TEST(KilledDesk, EveryConfirmedRecordingIsThereAndNoHalfOne) {
 
         const auto again = company.OtherDesk(); // what the next start of the program would find
         QSet<QString> found;
-        Rows rows = again->QueryNative(
+        Cursor rows = again->QueryNative(
             u"SELECT substr(d.TCID,10), h.Status, d.TimeIN, d.TimeOUT FROM TimeCardDetail d "
             "FULL JOIN TimeCardHeader h ON h.TCID=d.TCID"_s);
         while (rows.Next()) {
@@ -49,7 +49,7 @@ TEST(KilledDesk, EveryConfirmedRecordingIsThereAndNoHalfOne) {
         }
         for (const QString& recording : confirmed)
             ASSERT_TRUE(found.contains(recording)) << recording.toStdString();
-        Rows check = again->QueryNative(u"PRAGMA integrity_check"_s);
+        Cursor check = again->QueryNative(u"PRAGMA integrity_check"_s);
         ASSERT_TRUE(check.Next());
         ASSERT_EQ(check.Text(0), u"ok"_s);
     }

@@ -6,7 +6,7 @@
 #include "support/recording_engine.h"
 #include "support/test_company.h"
 #include "timecard/clock_recording.h"
-#include "timecard/employee_card.h"
+#include "timecard/employee_details.h"
 #include "timecard/sheet_lifecycle.h"
 
 #include <QAbstractItemModelTester>
@@ -187,7 +187,7 @@ TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
     model.Refresh(desk, Sheet + u"-1"_s);
     RecordClockEntry(desk, {Sheet, company.clock.Today(), u"IN"_s, company.clock.now}, u"0012"_s);
     RecordClockEntry(desk, {Sheet, company.clock.Today(), u"N"_s, company.clock.now}, u"0012"_s);
-    LoadEmployeeCard(desk, u"0012"_s);
+    LoadEmployeeDetails(desk, u"0012"_s);
     LoadStoredPassword(desk, u"0012"_s);
     CloseSheet(desk, Sheet);
     statements << u"select * from ShiftEmployee where year(Tgl)=2026 and Month(Tgl)=11"_s
@@ -197,7 +197,7 @@ TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
     for (const QString& statement : statements) {
         SCOPED_TRACE(statement.toStdString());
         const QString native = ToSqlite(statement).replace(u'?', u"'x'"_s);
-        Rows plan = desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + native);
+        Cursor plan = desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + native);
         int steps = 0;
         for (; plan.Next(); ++steps)
             EXPECT_TRUE(plan.Text(3).startsWith(u"SEARCH"_s)) << plan.Text(3).toStdString();

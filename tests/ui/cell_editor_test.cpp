@@ -3,7 +3,7 @@
 #include "core/text_table.h"
 #include "support/keystrokes.h"
 #include "support/window_company.h"
-#include "ui/msh_flex_grid.h"
+#include "ui/data_grid.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -38,7 +38,7 @@ public:
             sheet.AddRow({QString::number(i), u"A"_s, u"old"_s, u""_s, u"x"_s});
         window.setObjectName(u"host"_s);
         window.resize(600, 300);
-        grid = new MSHFlexGrid(&window);
+        grid = new DataGrid(&window);
         grid->setGeometry(0, 0, 600, 260);
         grid->setModel(&sheet);
         elsewhere = new QLineEdit(&window);
@@ -78,7 +78,7 @@ public:
     TestCompany company;
     Sheet sheet;
     QWidget window;
-    MSHFlexGrid* grid = nullptr;
+    DataGrid* grid = nullptr;
     QLineEdit* elsewhere = nullptr;
     CellEditor* editor = nullptr;
     QList<int> saved;

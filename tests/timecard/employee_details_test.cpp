@@ -1,4 +1,4 @@
-#include "timecard/employee_card.h"
+#include "timecard/employee_details.h"
 
 #include "support/test_company.h"
 

@@ -1,4 +1,4 @@
-#include "ui/msh_flex_grid.h"
+#include "ui/data_grid.h"
 
 #include "ui/frozen_columns.h"
 #include "ui/theme.h"
@@ -23,7 +23,7 @@ constexpr int Rounding = 2;
 /// column, that of the status; then the text, set off from the lines of the grid.
 class CellDelegate : public QStyledItemDelegate {
 public:
-    explicit CellDelegate(MSHFlexGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
+    explicit CellDelegate(DataGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
 
     void SetStatusRole(int role) { statusRole_ = role; }
 
@@ -107,13 +107,13 @@ private:
         }
     }
 
-    MSHFlexGrid* grid_;
+    DataGrid* grid_;
     int statusRole_ = 0;
 };
 
 } // namespace
 
-MSHFlexGrid::MSHFlexGrid(QWidget* parent) : QTableView(parent) {
+DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
@@ -129,23 +129,23 @@ MSHFlexGrid::MSHFlexGrid(QWidget* parent) : QTableView(parent) {
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setSectionsClickable(true);
-    connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &MSHFlexGrid::HeaderPressed);
+    connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &DataGrid::HeaderPressed);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { Q_EMIT RowChosen(index.row()); });
 }
 
-void MSHFlexGrid::PaintStatus(int column, int role) {
+void DataGrid::PaintStatus(int column, int role) {
     auto* delegate = new CellDelegate(this);
     delegate->SetStatusRole(role);
     setItemDelegateForColumn(column, delegate);
 }
 
-void MSHFlexGrid::EditCells(int fixedColumns) {
+void DataGrid::EditCells(int fixedColumns) {
     fixedColumns_ = fixedColumns;
     setSelectionBehavior(SelectItems);
 }
 
-void MSHFlexGrid::MarkUnsaved(const QModelIndex& cell, bool unsaved) {
+void DataGrid::MarkUnsaved(const QModelIndex& cell, bool unsaved) {
     if (unsaved)
         unsaved_.insert(cell);
     else
@@ -155,12 +155,12 @@ void MSHFlexGrid::MarkUnsaved(const QModelIndex& cell, bool unsaved) {
         frozen_->update(cell);
 }
 
-void MSHFlexGrid::ForgetUnsaved() {
+void DataGrid::ForgetUnsaved() {
     unsaved_.clear();
     viewport()->update();
 }
 
-void MSHFlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
     if (EditsCells() && current.row() != previous.row())
         viewport()->update(); // the tint of the row moves along
@@ -168,7 +168,7 @@ void MSHFlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& 
         frozen_->viewport()->update();
 }
 
-void MSHFlexGrid::FreezeColumns(int count) {
+void DataGrid::FreezeColumns(int count) {
     frozen_ = new FrozenColumns(*this, count);
     updateGeometries();
     connect(frozen_->horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
@@ -178,36 +178,36 @@ void MSHFlexGrid::FreezeColumns(int count) {
     });
 }
 
-void MSHFlexGrid::updateGeometries() {
+void DataGrid::updateGeometries() {
     QTableView::updateGeometries();
     if (frozen_)
         frozen_->Place();
 }
 
-void MSHFlexGrid::reset() {
+void DataGrid::reset() {
     unsaved_.clear();
     QTableView::reset();
 }
 
-void MSHFlexGrid::SetEmptyText(const QString& text) {
+void DataGrid::SetEmptyText(const QString& text) {
     emptyText_ = text;
     viewport()->update();
 }
 
-void MSHFlexGrid::StretchColumn(int column, int leastWidth) {
+void DataGrid::StretchColumn(int column, int leastWidth) {
     stretchedColumn_ = column;
     leastWidth_ = leastWidth;
     FitColumns();
 }
 
-void MSHFlexGrid::ShareRoom(int firstColumn, int leastWidth) {
+void DataGrid::ShareRoom(int firstColumn, int leastWidth) {
     firstShared_ = firstColumn;
     leastWidth_ = leastWidth;
     horizontalHeader()->setMinimumSectionSize(qMin(leastWidth, horizontalHeader()->minimumSectionSize()));
     FitColumns();
 }
 
-void MSHFlexGrid::FitColumns() {
+void DataGrid::FitColumns() {
     if (stretchedColumn_ >= 0) {
         const int others = horizontalHeader()->length() - columnWidth(stretchedColumn_);
         setColumnWidth(stretchedColumn_, qMax(leastWidth_, viewport()->width() - others));
@@ -225,12 +225,12 @@ void MSHFlexGrid::FitColumns() {
     }
 }
 
-void MSHFlexGrid::resizeEvent(QResizeEvent* event) {
+void DataGrid::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     FitColumns();
 }
 
-void MSHFlexGrid::keyPressEvent(QKeyEvent* event) {
+void DataGrid::keyPressEvent(QKeyEvent* event) {
     if (IsEnter(event->key()) && currentIndex().isValid()) {
         Q_EMIT RowChosen(currentIndex().row());
         return;
@@ -238,7 +238,7 @@ void MSHFlexGrid::keyPressEvent(QKeyEvent* event) {
     QTableView::keyPressEvent(event);
 }
 
-void MSHFlexGrid::paintEvent(QPaintEvent* event) {
+void DataGrid::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     if (emptyText_.isEmpty() || !model() || model()->rowCount() > 0)
         return;

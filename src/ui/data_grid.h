@@ -8,10 +8,10 @@ class FrozenColumns;
 
 /// The program's grid: rows to look at and walk through by keys, one selected at a time. What a double-click
 /// does, Enter does too. A grid whose cells are edited has a cell cursor instead.
-class MSHFlexGrid : public QTableView {
+class DataGrid : public QTableView {
     Q_OBJECT
 public:
-    explicit MSHFlexGrid(QWidget* parent = nullptr);
+    explicit DataGrid(QWidget* parent = nullptr);
 
     /// The role under which the model tells a row's status code; cells of the status column are painted in
     /// its colours.

@@ -6,7 +6,7 @@
 #include <QString>
 
 /// An employee as the entry window shows one after recording; all empty for an unknown number.
-struct EmployeeCard {
+struct EmployeeDetails {
     QString nama;
     QString dept;
     QString divisi;
@@ -14,7 +14,7 @@ struct EmployeeCard {
 };
 
 /// Throws DatabaseError.
-EmployeeCard LoadEmployeeCard(Connection& connection, const QString& nip);
+EmployeeDetails LoadEmployeeDetails(Connection& connection, const QString& nip);
 
 /// The existing picture file to show for an employee: the one that the record names, a relative path being
 /// relative to the program folder; else NoImage.gif of the program folder; empty when that is missing too.

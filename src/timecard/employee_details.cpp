@@ -1,4 +1,4 @@
-#include "timecard/employee_card.h"
+#include "timecard/employee_details.h"
 
 #include "database/file_lookup.h"
 #include "database/recordset.h"
@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-EmployeeCard LoadEmployeeCard(Connection& connection, const QString& nip) {
+EmployeeDetails LoadEmployeeDetails(Connection& connection, const QString& nip) {
     const Recordset employee(connection, u"select * from employee where nip="_s + Quoted(nip));
     if (employee.AtEnd())
         return {};
