@@ -94,6 +94,14 @@ ChangeStamp Connection::Changes() {
     return {ofOthers, ownChanges_};
 }
 
+void Connection::RunTransaction(const std::function<void()>& work) {
+    if (inTransaction_)
+        return work();
+    Transaction transaction(*this);
+    work();
+    transaction.Commit();
+}
+
 void Connection::SetPatience(std::chrono::milliseconds patience) {
     QSqlQuery query = Prepared(engine_->PatienceStatement(patience));
     Run(query);

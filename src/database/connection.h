@@ -8,7 +8,11 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
 
 class Connection;
 
@@ -69,6 +73,22 @@ public:
     void ExecuteNative(const QString& statement);
     Cursor QueryNative(const QString& statement);
 
+    /// Runs work whose writes belong together: all of them, once it has returned, or none when it throws. It
+    /// has the right to write from its first moment, so that what it reads cannot change before it is
+    /// written. The engine may run it again from the start: it must have no effect outside the database
+    /// before it has returned. Inside other such work it is a part of that. Returns what the work returns.
+    template<class Work>
+    auto InTransaction(Work&& work) -> std::invoke_result_t<Work&> {
+        using Result = std::invoke_result_t<Work&>;
+        if constexpr (std::is_void_v<Result>) {
+            RunTransaction(work);
+        } else {
+            std::optional<Result> result;
+            RunTransaction([&] { result.emplace(work()); });
+            return *std::move(result);
+        }
+    }
+
     /// Differs from an earlier one when anything was written since, by this program or another. Reads no
     /// table.
     ChangeStamp Changes();
@@ -80,6 +100,7 @@ private:
     friend class Transaction;
     friend class ShortPatience;
 
+    void RunTransaction(const std::function<void()>& work);
     QSqlQuery Prepared(const QString& nativeStatement);
     void Run(QSqlQuery& query) const;
 

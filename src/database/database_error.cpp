@@ -13,7 +13,11 @@ const QString OwnSource = u"Time Attendance"_s;
 } // namespace
 
 ProgramError::ProgramError(int number, const QString& description)
-    : std::runtime_error(description.toStdString()), number_(number), description_(description) {}
+    : ProgramError(ErrorKind::Told, number, description) {}
+
+ProgramError::ProgramError(ErrorKind kind, int number, const QString& description, QStringList details)
+    : std::runtime_error(description.toStdString()), kind_(kind), number_(number), description_(description),
+      details_(std::move(details)) {}
 
 DatabaseError::DatabaseError(QList<DatabaseFailure> failures)
     : ProgramError(failures.isEmpty() ? 0 : failures.first().number,
