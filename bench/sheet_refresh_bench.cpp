@@ -2,7 +2,7 @@
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
 #include "timecard/sheet_model.h"
 
 #include <QCoreApplication>

@@ -9,7 +9,7 @@
 #include "database/schema.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"

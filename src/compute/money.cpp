@@ -2,6 +2,8 @@
 
 #include "database/database_error.h"
 
+#include <QLocale>
+
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -29,4 +31,12 @@ Money AmountFor(DottedHours hours, HourlyRate rate) {
     const qint64 whole = hours.Units() * (rate.Units() / One) * 100;
     const qint64 decimals = RoundedQuotient(hours.Units() * (rate.Units() % One), 1'000'000);
     return Money::FromUnits(whole + decimals);
+}
+
+QString DigitsOf(const std::optional<double>& number) {
+    constexpr double TooLarge = 1e14;
+    if (!number)
+        return {};
+    return std::abs(*number) < TooLarge ? Money::FromField(FieldValue(*number)).Text()
+                                        : QString::number(*number, 'f', QLocale::FloatingPointShortest);
 }

@@ -50,8 +50,6 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-    /// Takes the status of a day that has a card.
-    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
 private:
     struct Place {
@@ -60,7 +58,7 @@ private:
     };
 
     Place PlaceOf(int row) const;
-    const AttendanceEmployee& EmployeeAt(int row) const;
+    const ListedEmployee& EmployeeAt(int row) const;
     QString Text(int row, int column) const;
 
     Attendance attendance_;

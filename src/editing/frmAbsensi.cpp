@@ -1,11 +1,11 @@
 #include "editing/frmAbsensi.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/supervisor_check.h"
 #include "database/database_error.h"
 #include "editing/attendance_print.h"
 #include "editing/employee_status.h"
 #include "reports/report_file.h"
-#include "timecard/sheet_identifier.h"
 #include "ui/cell_editor.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
@@ -123,11 +123,13 @@ void frmAbsensi::SetUpGrid() {
     editing.pickListColumns = {AttendanceModel::Status};
     editing.mayEdit = [](const QModelIndex& cell) { return cell.column() == AttendanceModel::Status; };
     editing.checkedColumn = AttendanceModel::Status;
-    editing.check = [this](const QModelIndex& cell, const QString& code) {
-        return CheckStatus(cell.row(), code);
+    editing.check = [this](const QModelIndex&, const QString& code) {
+        return ListedStatus(program_.Db(), code);
     };
     editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
-    editing.saveRow = [this](int row) { return SaveRow(row); };
+    editing.saveCell = [this](const QModelIndex& cell, const QString& status) {
+        return SaveStatusCell(cell.row(), status);
+    };
     editing.gridEnterKey = [this](const QModelIndex& cell) { GridEnterKey(cell); };
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
     editing.gridDoubleClick = [this](const QModelIndex& cell) { MSHFlexGrid1_DblClick(cell); };
@@ -265,34 +267,15 @@ void frmAbsensi::LoadRow(int row) {
 }
 
 /// What another desk did to the row's card is shown at once, beside the message that says so.
-std::optional<QString> frmAbsensi::CheckStatus(int row, const QString& code) {
-    std::optional<QString> listed = ListedStatus(program_.Db(), code);
-    if (!listed)
-        return listed;
+bool frmAbsensi::SaveStatusCell(int row, const QString& status) {
     const ShownDayRow shown = RowAt(row);
     try {
-        AttendanceRecord saved = SaveStatusCell(program_.Db(), shown, *listed);
-        // The cell itself takes the code from the editor.
-        saved.status = shown.record ? shown.record->status : QString();
-        rows_.SetRecord(row, std::move(saved));
+        rows_.SetRecord(row, SaveDayStatus(program_.Db(), shown, status));
     } catch (const ConflictError&) {
         LoadRow(row);
         throw;
     }
-    ui_->lblDone->setText(u"%1, %2: status %3 tersimpan."_s.arg(shown.nip, ShownDay(shown.day), *listed));
-    return listed;
-}
-
-bool frmAbsensi::SaveRow(int row) {
-    const ShownDayRow shown = RowAt(row);
-    std::optional<AttendanceRecord> stored = SaveGridRow(program_.Db(), shown);
-    const QString which = shown.nip + u", "_s + ShownDay(shown.day);
-    if (shown.record && !stored)
-        ui_->lblDone->setText(u"%1: kartunya sudah dipindah dari komputer lain."_s.arg(which));
-    else if (stored && stored->status != shown.record->status)
-        ui_->lblDone->setText(
-            u"%1: status sudah diganti dari komputer lain menjadi %2."_s.arg(which, stored->status));
-    rows_.SetRecord(row, std::move(stored));
+    ui_->lblDone->setText(u"%1, %2: status %3 tersimpan."_s.arg(shown.nip, ShownDay(shown.day), status));
     return true;
 }
 

@@ -52,8 +52,7 @@ private:
     void GoTo(int row);
     ShownDayRow RowAt(int row) const;
     void LoadRow(int row);
-    std::optional<QString> CheckStatus(int row, const QString& code);
-    bool SaveRow(int row);
+    bool SaveStatusCell(int row, const QString& status);
 
     Program& program_;
     AttendanceBrowserNeeds needs_;

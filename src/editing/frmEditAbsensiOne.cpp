@@ -1,8 +1,9 @@
 #include "editing/frmEditAbsensiOne.h"
 
-#include "compute/time_card_computation.h"
+#include "cards/card_computation.h"
 #include "core/query_values.h"
 #include "database/statement.h"
+#include "editing/computation_words.h"
 #include "ui/busy_pointer.h"
 #include "ui/typing.h"
 #include "ui_frmEditAbsensiOne.h"
@@ -176,7 +177,11 @@ void frmEditAbsensiOne::cmdCalcHrs_Click() {
             return;
     }
     Trapped(program_, u"cmdCalcHrs_Click"_s, [this] {
-        modAbsen::CalculateTimeCard(program_.Db(), program_.dialogs, tcid_);
+        if (const auto left = modAbsen::CalculateTimeCard(program_.Db(), tcid_)) {
+            if (left->reason)
+                throw *left->reason;
+            program_.dialogs.Warn(NoDataText(*left));
+        }
         Q_EMIT Saved();
         LoadTimeCard();
     });

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/progress.h"
-#include "editing/search_pages.h"
+#include "editing/search_row.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
@@ -31,7 +31,7 @@ public:
     const QString& Clause() const { return clause_; }
     /// False while there are rows that were not fetched.
     bool IsWhole() const { return pages_.AtEnd(); }
-    const std::vector<SearchRow>& FetchedRows() const { return rows_; }
+    const std::vector<FoundDay>& FetchedRows() const { return rows_; }
     /// The identifiers of all cards of the result, also of rows that were not fetched.
     QStringList AllTcids() const;
 
@@ -65,13 +65,13 @@ Q_SIGNALS:
     void FetchFailed(std::exception_ptr failure);
 
 private:
-    void Append(std::vector<SearchRow> page);
+    void Append(std::vector<FoundDay> page);
     void ShowRowAnew(int row);
 
     Connection* connection_ = nullptr;
     QString clause_;
-    SearchPages pages_;
+    CardSearch pages_;
     bool fetchFailed_ = false;
-    std::vector<SearchRow> rows_;
+    std::vector<FoundDay> rows_;
     QHash<int, QStringList> edited_;
 };

@@ -149,21 +149,22 @@ void frmRptCriteria::cmdOK_Click() {
 }
 
 void frmRptCriteria::PrintReport() {
-    MaybePrinted printed;
+    ListedCount listed;
     {
         WorkProgress progress(this, report_->title.toString());
-        printed = report_->print(program_.Db(), Criteria(), std::ref(progress));
-        if (printed)
-            WriteReportFile(program_.folder, printed->lines);
+        ReportFile file(program_.folder);
+        listed = report_->print(
+            program_.Db(), Criteria(), [&file](const QString& line) { file.Write(line); }, std::ref(progress));
+        if (listed)
+            file.Commit();
     }
-    if (!printed) {
+    if (!listed) {
         ui_->lblDone->setText(u"Dibatalkan. Laporan sebelumnya tetap ada."_s);
         return;
     }
     program_.showReport(ReportFilePath(program_.folder));
-    ui_->lblDone->setText(printed->employees > 0
-                              ? u"Laporan dengan %L1 karyawan sudah dibuat."_s.arg(printed->employees)
-                              : u"Tidak ada data untuk kriteria ini."_s);
+    ui_->lblDone->setText(*listed > 0 ? u"Laporan dengan %L1 karyawan sudah dibuat."_s.arg(*listed)
+                                      : u"Tidak ada data untuk kriteria ini."_s);
 }
 
 void frmRptCriteria::cmdCancel_Click() {

@@ -93,7 +93,10 @@ void frmShiftEmployee::MakeEditor() {
     std::iota(editing.pickListColumns.begin(), editing.pickListColumns.end(), int{RosterModel::FirstDay});
     editing.mayEdit = [this](const QModelIndex&) { return roster_.Month().has_value(); };
     editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
-    editing.saveCell = [this](const QModelIndex& cell) { return SaveCell(cell); };
+    editing.saveCell = [this](const QModelIndex& cell, const QString& code) {
+        roster_.setData(cell, code);
+        return SaveCell(cell);
+    };
     editing.gridEnterKey = [this](const QModelIndex&) { editor_->OpenOnCurrentCell(); };
     editing.gridDoubleClick = editing.gridEnterKey;
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };

@@ -1,8 +1,8 @@
 #include "timecard/frmMain.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/supervisor_check.h"
 #include "timecard/frmAED_Absen.h"
-#include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
 #include "ui/theme.h"

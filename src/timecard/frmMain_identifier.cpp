@@ -1,8 +1,8 @@
 // The sheet's identifier in the main window: its fields, its lock, the spinner and the day tabs.
 
+#include "cards/sheet_identifier.h"
 #include "core/supervisor_check.h"
 #include "timecard/frmMain.h"
-#include "timecard/sheet_identifier.h"
 #include "ui_frmMain.h"
 
 using namespace Qt::StringLiterals;

@@ -37,12 +37,3 @@ void CloseSheet(Connection& connection, const QString& sheet) {
 void ReopenSheet(Connection& connection, const QString& sheet) {
     WriteStatus(connection, sheet, SheetStatus::Open);
 }
-
-Day SheetDate(Connection& connection, const QString& sheet, Day today) {
-    const QString prefix = sheet.contains(u'-') ? u"Left(TCID,11)="_s : u"Left(TCID,9)="_s;
-    WallTime date = today;
-    // Cards are named in upper case, whatever extension was typed.
-    modGeneral::QueryValues(
-        connection, u"select Tanggal from TimeCardDetail where "_s + prefix + Quoted(sheet.toUpper()), date);
-    return DayOf(date);
-}

@@ -1,6 +1,7 @@
 #include "timecard/sheet_model.h"
 
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "timecard/sheet_lifecycle.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 SheetEntry Absent() {
-    return {AbsentStatus.toString(), {}, {}, {}, {}};
+    return {CardStatus::Absent.toString(), {}, {}, {}, {}};
 }
 
 QString TimeCell(const std::optional<WallTime>& time) {
@@ -99,9 +100,9 @@ SheetModel::Counts SheetModel::Count() const {
     Counts counts;
     counts.employees = rowCount();
     for (const SheetEntry& entry : entries_) {
-        counts.in += entry.status == QStringView(u"IN");
-        counts.out += entry.status == QStringView(u"OUT");
-        counts.absent += entry.status == AbsentStatus;
+        counts.in += entry.status == CardStatus::In;
+        counts.out += entry.status == CardStatus::Out;
+        counts.absent += entry.status == CardStatus::Absent;
     }
     return counts;
 }

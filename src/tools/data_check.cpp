@@ -1,9 +1,9 @@
 #include "tools/data_check.h"
 
+#include "cards/sheet_identifier.h"
 #include "database/connection_text.h"
 #include "database/schema.h"
 #include "database/sqlite_engine.h"
-#include "timecard/sheet_identifier.h"
 
 #include <QFileInfo>
 #include <QMetaType>

@@ -1,6 +1,6 @@
 #include "tools/demo_attendance.h"
 
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
 #include "tools/demo_random.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 #include "tour/tour.h"
 
+#include "cards/sheet_identifier.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
-#include "timecard/sheet_identifier.h"
 #include "ui/text_viewer.h"
 
 #include <QApplication>

@@ -215,13 +215,13 @@ void CellEditor::CommitCellEdit() {
     // A text that could not be saved can be entered again as it is.
     if (!cell.isValid() || (text == TextOf(cell) && !grid_.IsMarkedUnsaved(cell)))
         return;
-    grid_.model()->setData(cell, text, Qt::EditRole);
     if (editing_.saveCell) {
         bool saved = false;
-        Trapped(program_, u"OnEnterText1"_s, [&] { saved = editing_.saveCell(cell); });
+        Trapped(program_, u"OnEnterText1"_s, [&] { saved = editing_.saveCell(cell, text); });
         grid_.MarkUnsaved(cell, !saved);
         return;
     }
+    grid_.model()->setData(cell, text, Qt::EditRole);
     rowDirty_ = true;
     lastRow_ = cell.row();
 }

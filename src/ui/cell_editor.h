@@ -31,9 +31,9 @@ struct CellEditing {
     std::function<void(QLineEdit& anchor)> openPickList;
     /// Saves a row; false when it was not saved.
     std::function<bool(int row)> saveRow;
-    /// Saves a cell as soon as its text was changed; false when it was not saved. Rows have nothing left to
-    /// save then.
-    std::function<bool(const QModelIndex&)> saveCell;
+    /// Takes a changed text into its cell and saves it at once; false when it was not saved. Rows have
+    /// nothing left to save then.
+    std::function<bool(const QModelIndex&, const QString& text)> saveCell;
     std::function<void(const QModelIndex&)> gridEnterKey;
     std::function<void(const QModelIndex&)> gridDeleteKey;
     std::function<void(const QModelIndex&)> gridDoubleClick;

@@ -1,4 +1,5 @@
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
+#include "cards/sheet_cards.h"
 #include "timecard/sheet_lifecycle.h"
 
 #include "support/failures.h"

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The rooms from the ground up: each uses what stands before it.
-const QStringList Rooms{u"database"_s, u"core"_s,   u"compute"_s, u"timecard"_s, u"reports"_s,
+const QStringList Rooms{u"database"_s, u"core"_s,   u"compute"_s, u"cards"_s, u"timecard"_s, u"reports"_s,
                         u"editing"_s,  u"shifts"_s, u"shell"_s,   u"app"_s};
 
 bool IsWindow(const QString& file) {

@@ -1,4 +1,4 @@
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,5 @@
+#include "cards/card_computation.h"
 #include "compute/shift_resolution.h"
-#include "compute/time_card_computation.h"
 #include "database/database_error.h"
 #include "support/test_company.h"
 
@@ -119,79 +119,92 @@ TEST_F(TimeCard, HoursAmountsAndDayRowFollowTheRules) {
         Db().Execute(u"DELETE FROM ShiftEmployee"_s);
         Roster(c.nip.toString(), c.roster.toString());
         PutCard(c.nip.toString(), c.status.toString(), moment(c.in), moment(c.out));
-        CalculateTimeCard(Db(), company_.dialogs, Tcid);
+        CalculateTimeCard(Db(), Tcid);
         EXPECT_EQ(Header(), c.header.toString());
         EXPECT_EQ(DayRow(),
                   c.day.isEmpty() ? u"-|-|Z"_s : moment(c.day).replace(u"|"_s, u'|' + moment(c.out) + u'|'));
     }
-    EXPECT_TRUE(company_.dialogs.texts.isEmpty());
 }
 
 TEST_F(TimeCard, EmptyTimesAndAnUnsetMealFlagCountNothing) {
     PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"1899-12-30 00:00:00"_s);
-    CalculateTimeCard(Db(), company_.dialogs, Tcid);
+    CalculateTimeCard(Db(), Tcid);
     EXPECT_EQ(Header(), u"0|0|0|0|0"_s);
     EXPECT_EQ(DayRow(), u"-|-|Z"_s);
 
     for (const QVariant& flag : {QVariant(), QVariant(0)}) {
         PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s, flag);
-        CalculateTimeCard(Db(), company_.dialogs, Tcid);
+        CalculateTimeCard(Db(), Tcid);
         EXPECT_EQ(Header(), u"9|1|0|10000|0"_s);
     }
 }
 
-TEST_F(TimeCard, ACardWithoutDataIsToldAndNothingIsWritten) {
-    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
-    Db().Execute(u"DELETE FROM TimeCardDetail"_s);
-    CalculateTimeCard(Db(), company_.dialogs, Tcid);
-    EXPECT_EQ(Header(), u"99|99|99|99|99"_s);
-    EXPECT_EQ(company_.dialogs.texts, QStringList{u"No Data found TCID="_s + Tcid});
-    EXPECT_EQ(company_.dialogs.icons.back(), Dialogs::Icon::Exclamation);
-
-    PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
-    Db().Execute(u"DELETE FROM TimeCardHeader"_s);
-    CalculateTimeCard(Db(), company_.dialogs, Tcid);
-    EXPECT_EQ(DayRow(), u"-|-|Z"_s);
-    EXPECT_EQ(company_.dialogs.texts.size(), 2);
-
-    CalculateTimeCard(Db(), company_.dialogs, u""_s);
-    EXPECT_EQ(company_.dialogs.texts.size(), 2);
+TEST_F(TimeCard, WhatCannotBeComputedIsNamedAndStopsNoNeighbour) {
+    const auto put = [this](const QString& tcid, const QString& nip) {
+        Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (?,?,'OUT')"_s, {tcid, nip});
+        Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES "
+                     "(?,?,'2026-11-20 08:00:00','2026-11-20 16:00:00')"_s,
+                     {tcid, Date});
+    };
+    Db().Execute(u"INSERT INTO Employee (NIP, RateOT) VALUES ('1e18', 1e18)"_s);
+    Roster(u"1003"_s, u"P'"_s);
+    const QStringList left{u"a day is missing"_s, u"b header is missing"_s, u"c rate"_s,
+                           u"d ' in the number"_s, u"e ' in the shift"_s};
+    Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status,OTHours) VALUES (?,'1001','OUT',99)"_s,
+                 {left[0]});
+    Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES (?,?)"_s, {left[1], Date});
+    put(left[2], u"1e18"_s);
+    put(left[3], u"O'1"_s);
+    put(left[4], u"1003"_s);
+    put(u"f"_s, u"1001"_s);
+    const auto report = CalculateTimeCards(Db(), left + QStringList{u"f"_s, u""_s});
+    EXPECT_EQ(report.computed, 1);
+    QStringList named;
+    for (const auto& card : report.notComputed) {
+        named << card.tcid;
+        EXPECT_EQ(card.reason.has_value(), named.size() > 2) << card.tcid.toStdString();
+    }
+    EXPECT_EQ(named, left);
+    EXPECT_EQ(company_.RowsOf(u"select OTHours from TimeCardHeader order by TCID"_s),
+              (QStringList{u"99"_s, u"-"_s, u"-"_s, u"-"_s, u"1"_s}));
+    EXPECT_FALSE(CalculateTimeCard(Db(), u""_s));
 }
 
 TEST_F(TimeCard, DayRowAndHeaderAreWrittenTogetherOrNotAtAll) {
     PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
     Db().ExecuteNative(u"CREATE TRIGGER refuse BEFORE UPDATE ON TimeCardHeader BEGIN "
                        "SELECT RAISE(ABORT,'disk on fire'); END"_s);
-    EXPECT_THROW(CalculateTimeCard(Db(), company_.dialogs, Tcid), DatabaseError);
+    EXPECT_THROW(CalculateTimeCard(Db(), Tcid), DatabaseError);
     EXPECT_THROW(CalculateTimeCards(Db(), {Tcid}), DatabaseError);
     EXPECT_EQ(DayRow(), u"-|-|Z"_s);
     EXPECT_EQ(Header(), u"99|99|99|99|99"_s);
 
     Db().ExecuteNative(u"DROP TRIGGER refuse"_s);
-    CalculateTimeCard(Db(), company_.dialogs, Tcid);
+    CalculateTimeCard(Db(), Tcid);
     EXPECT_EQ(Header(), u"9|1|0|10000|12500"_s) << "nothing was left open";
 }
 
-TEST_F(TimeCard, ShiftIsTheRostersElseTheOneAroundTheClockInElseTheDefault) {
-    Roster(u"1001"_s, u"M"_s);
-    Roster(u"1002"_s, u""_s);
-    const std::tuple<QString, QString, QString> cases[] = {
-        {u"1001"_s, u"2026-11-20 08:30:00"_s, u"M"_s}, // the roster wins
-        {u"1002"_s, u"2026-11-20 19:00:00"_s, u"S"_s}, // an empty roster entry gives nothing
-        {u"1003"_s, u"2026-11-20 12:30:00"_s, u"P"_s}, // in P and S: the first by code
-        {u"1003"_s, u"2026-11-20 08:00:00"_s, u"P"_s}, // capital letters come first
-        {u"1003"_s, u"2026-11-20 07:00:00"_s, u"k"_s},
-        {u"1003"_s, u"2026-11-20 20:00:00"_s, u"S"_s},
-        {u"1003"_s, u"2026-11-20 20:00:01"_s, u"P"_s}, // in none
-        {u"1003"_s, u"2026-11-20 22:30:00"_s, u"M"_s}, // before midnight the night shift is found
-        {u"1003"_s, u"2026-11-20 02:00:00"_s, u"P"_s}, // after midnight it is not
-        {u"1003"_s, u"21:30:00"_s, u"P"_s},            // one stored on one base day never is
-        {u"1003"_s, u"12:30"_s, u"P"_s},
-        {u"1003"_s, u""_s, u"P"_s},
+TEST(Shift, IsTheRostersElseTheOneAroundTheClockInElseTheDefault) {
+    const auto row = [](const QString& code, QStringView in, QStringView out) {
+        return ShiftRow{code, ReadStored(in), ReadStored(out)};
     };
-    const Day day = DayOf(Moment(Date));
-    for (const auto& [nip, clockIn, code] : cases)
-        EXPECT_EQ(ResolveShift(Db(), nip, day, clockIn), code) << clockIn.toStdString();
-    EXPECT_EQ(ResolveShift(Db(), u"1001"_s, day + std::chrono::days{1}, u"08:30:00"_s), u"P"_s);
-    EXPECT_THROW(ResolveShift(Db(), u"1003"_s, day, u"pagi"_s), DatabaseError);
+    const std::vector<ShiftRow> shifts{row(u"M"_s, u"1899-12-30 22:00:00", u"1899-12-31 06:00:00"),
+                                       row(u"N"_s, u"1899-12-30 21:00:00", u"1899-12-30 05:00:00"),
+                                       row(u"P"_s, u"1899-12-30 08:00:00", u"1899-12-30 17:00:00"),
+                                       row(u"S"_s, u"1899-12-30 12:00:00", u"1899-12-30 20:00:00"),
+                                       row(u"k"_s, u"1899-12-30 07:00:00", u"1899-12-30 09:30:00"),
+                                       row(u"Q"_s, u"", u"")};
+    const std::tuple<QString, QStringView, QString> cases[] = {
+        {u"M"_s, u"08:30:00", u"M"_s}, // the roster wins
+        {u""_s, u"19:00:00", u"S"_s},  // an empty roster entry gives nothing
+        {u""_s, u"12:30:00", u"P"_s},  // in P and S: the first in order
+        {u""_s, u"07:00:00", u"k"_s},  {u""_s, u"20:00:00", u"S"_s}, {u""_s, u"20:00:01", u"P"_s}, // in none
+        {u""_s, u"22:30:00", u"M"_s}, // before midnight the night shift is found
+        {u""_s, u"02:00:00", u"P"_s}, // after midnight it is not
+        {u""_s, u"21:30:00", u"P"_s}, // one stored on one base day never is
+        {u""_s, u"", u"P"_s},
+    };
+    for (const auto& [roster, clockIn, code] : cases)
+        EXPECT_EQ(ResolveShift(roster, ReadStored(u"2026-11-20 "_s + clockIn.toString()), shifts), code)
+            << clockIn.toString().toStdString();
 }
