@@ -1,4 +1,5 @@
 #include "app/desk_windows.h"
+#include "core/platform_files.h"
 #include "shell/frmLogin.h"
 #include "ui/message_dialogs.h"
 #include "ui/standard_texts.h"
@@ -29,6 +30,7 @@ QString HomeFolder(const QApplication& application) {
 } // namespace
 
 int main(int argc, char** argv) {
+    TellFileSizeLimitAsError();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"timeattendance"_s);
     QApplication::setApplicationVersion(u"1.0"_s);

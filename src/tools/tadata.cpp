@@ -1,4 +1,5 @@
 #include "core/clock.h"
+#include "core/platform_files.h"
 #include "database/database_error.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"
@@ -184,6 +185,7 @@ int Run(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+    TellFileSizeLimitAsError();
     const QCoreApplication application(argc, argv);
     int status = Failed;
     try {
