@@ -1,5 +1,6 @@
 #include "app/desk_windows.h"
 #include "core/platform_files.h"
+#include "core/version.h"
 #include "shell/frmLogin.h"
 #include "ui/message_dialogs.h"
 #include "ui/standard_texts.h"
@@ -33,7 +34,7 @@ int main(int argc, char** argv) {
     TellFileSizeLimitAsError();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"timeattendance"_s);
-    QApplication::setApplicationVersion(u"1.0"_s);
+    QApplication::setApplicationVersion(ProgramVersion());
     Theme::Apply(application);
     StandardTexts texts;
     QApplication::installTranslator(&texts);

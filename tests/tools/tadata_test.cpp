@@ -44,6 +44,7 @@ TEST_F(Tool, HelpIsGivenOnTheToolAndOnEachCommand) {
     } cases[] = {
         {{u"--help"_s}, u"demo"_s},
         {{u"-h"_s}, u"create"_s},
+        {{u"--version"_s}, u"tadata 1."_s},
         {{u"create"_s, u"--help"_s}, u"create FILE"_s},
         {{u"demo"_s, u"--help"_s}, u"--until"_s},
         {{u"check"_s, u"FILE"_s, u"--help"_s}, u"check FILE"_s},
