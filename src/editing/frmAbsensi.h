@@ -59,7 +59,7 @@ private:
     AttendanceBrowserNeeds needs_;
     AttendanceModel rows_;
     QString filter_; ///< who the rows that are shown were chosen by
-    QDate openedOn_;
+    Day openedOn_ = DayZero;
     std::unique_ptr<Ui::frmAbsensi> ui_;
     CellEditor* editor_ = nullptr;
 };
