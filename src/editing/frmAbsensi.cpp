@@ -128,7 +128,7 @@ void frmAbsensi::SetUpGrid() {
     editing.check = [this](const QModelIndex& cell, const QString& code) {
         return CheckStatus(cell.row(), code);
     };
-    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
+    editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
     editing.saveRow = [this](int row) { return SaveRow(row); };
     editing.gridEnterKey = [this](const QModelIndex& cell) { GridEnterKey(cell); };
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
@@ -253,10 +253,11 @@ void frmAbsensi::cmdEmpl_Click() {
         [this](const QVariantMap& values) { ui_->txtEmpl->setText(values.value(u"NIP"_s).toString()); });
 }
 
-void frmAbsensi::cmdLov_Click(QLineEdit& anchor) {
+void frmAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
     OpenPickList(
         program_, anchor, u"select [ID], [Status], [Description] from [Employee Status] ORDER BY ID"_s,
-        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); });
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); },
+        reason);
 }
 
 ShownDayRow frmAbsensi::RowAt(int row) const {
@@ -314,7 +315,7 @@ void frmAbsensi::GridEnterKey(const QModelIndex& cell) {
     if (!isEmpty)
         editor_->OpenOnCurrentCell();
     else if (inStatus)
-        editor_->OpenPickList(); // the button stands there already
+        editor_->OfferPickList(); // the button stands there already
     else
         editor_->ShowPickButton();
 }

@@ -37,7 +37,7 @@ protected:
 private:
     void Form_Load();
     void cmdEmpl_Click();
-    void cmdLov_Click(QLineEdit& anchor);
+    void cmdLov_Click(QLineEdit& anchor, const QString& reason);
     void cmdRefresh_Click();
     void cmdPrintGrid_Click();
     void cmdOpenCard_Click();

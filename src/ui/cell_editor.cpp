@@ -63,7 +63,7 @@ CellEditor::CellEditor(Program& program, DataGrid& grid, CellEditing editing)
         if (editing_.gridDoubleClick)
             Trapped(program_, u"DblClick"_s, [&] { editing_.gridDoubleClick(cell); });
     });
-    connect(cmdLov_, &QToolButton::clicked, this, &CellEditor::OpenPickList);
+    connect(cmdLov_, &QToolButton::clicked, this, [this] { OpenPickList(); });
     connect(grid.model(), &QAbstractItemModel::modelReset, this, &CellEditor::Forget);
     for (QScrollBar* bar : {grid.horizontalScrollBar(), grid.verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &CellEditor::Hide);
@@ -204,7 +204,7 @@ bool CellEditor::Text1_Validate() {
     if (listed)
         text1_->setText(*listed);
     else
-        OpenPickList();
+        OpenPickList(u"Kode %1 tidak dikenal."_s.arg(code));
     return listed.has_value();
 }
 
@@ -237,11 +237,17 @@ void CellEditor::TakePicked(const QString& code) {
         CommitCellEdit();
 }
 
-void CellEditor::OpenPickList() {
+void CellEditor::OfferPickList() {
+    const QString text = TextOf(grid_.currentIndex());
+    OpenPickList(text.isEmpty() ? u"Masih kosong: pilih kodenya."_s
+                                : u"Sekarang %1: pilih gantinya."_s.arg(text));
+}
+
+void CellEditor::OpenPickList(const QString& reason) {
     if (!editing_.openPickList || !HasPickList(grid_.currentIndex()) || !MayEdit(grid_.currentIndex()))
         return;
     PlaceOverCell(); // the list opens under the cell also while the editor is hidden
-    Trapped(program_, u"cmdLov_Click"_s, [this] { editing_.openPickList(*text1_); });
+    Trapped(program_, u"cmdLov_Click"_s, [&] { editing_.openPickList(*text1_, reason); });
 }
 
 void CellEditor::ShowPickButton() {

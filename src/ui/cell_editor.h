@@ -27,8 +27,9 @@ struct CellEditing {
     int checkedColumn = -1;
     /// The code as its table writes it; nothing when it is not listed, and the pick list opens.
     std::function<std::optional<QString>(const QModelIndex& cell, const QString& code)> check;
-    /// Opens the pick list under the anchor; its choice comes back through TakePicked.
-    std::function<void(QLineEdit& anchor)> openPickList;
+    /// Opens the pick list under the anchor; its choice comes back through TakePicked. The reason is that of
+    /// a list that opens by itself, empty where the user asked for it.
+    std::function<void(QLineEdit& anchor, const QString& reason)> openPickList;
     /// Saves a row; false when it was not saved.
     std::function<bool(int row)> saveRow;
     /// Saves a cell as soon as its text was changed; false when it was not saved. Rows have nothing left to
@@ -53,7 +54,9 @@ public:
     /// Takes a code from the pick list as if it had been typed and entered.
     void TakePicked(const QString& code);
     void ShowPickButton();
-    void OpenPickList();
+    void OpenPickList(const QString& reason = {});
+    /// Opens it where Enter on the cell means that one is to be picked.
+    void OfferPickList();
 
     bool RowDirty() const { return rowDirty_; }
     /// Asks what becomes of rows that are not saved: they are saved, thrown away, or the answer is false and

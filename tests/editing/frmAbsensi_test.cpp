@@ -143,8 +143,13 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
 
     Keys(u"XX⏎"_s); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
+    KeyboardUser::Press(Qt::Key_Return); // one too many
     EXPECT_EQ(browser.company.RowsOf(Cards).size(), 2);
-    Keys(u"↓⏎"_s);
+    KeyboardUser::Press(Qt::Key_Escape);
+    EXPECT_EQ(browser.Part<QLineEdit>("Text1").text(), u"XX"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    ASSERT_TRUE(Browser::ListIsOpen());
+    Keys(u"↓↓⏎"_s);
     EXPECT_EQ(browser.Row(2), u"0012|01-Nov-2026|||CT|T202611010012"_s);
 
     browser.Go(3, AttendanceModel::Nip); // Enter leads to an empty status and to its list
@@ -153,6 +158,8 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     KeyboardUser::Press(Qt::Key_Return);
     ASSERT_TRUE(Browser::ListIsOpen());
     KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026||||"_s);
+    Keys(u"sakit⏎"_s);
     EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026|||S|T202611020014"_s);
 
     browser.Go(1, AttendanceModel::Nip); // and to the editor where there is a status

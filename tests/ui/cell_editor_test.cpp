@@ -54,7 +54,10 @@ public:
                 return code.toUpper();
             return std::nullopt;
         };
-        editing.openPickList = [this](QLineEdit& anchor) { pickedUnder << anchor.geometry(); };
+        editing.openPickList = [this](QLineEdit& anchor, const QString& reason) {
+            pickedUnder << anchor.geometry();
+            reasons << reason;
+        };
         editing.saveRow = [this](int row) {
             saved << row;
             if (failing)
@@ -84,6 +87,7 @@ public:
     QList<int> saved;
     QList<int> deleted;
     QList<QRect> pickedUnder;
+    QStringList reasons;
     bool failing = false;
 };
 
@@ -180,6 +184,7 @@ TEST(CellEditor, StoresOnlyListedCodes) {
     EXPECT_EQ(host.CmdLov().geometry().topLeft(), host.Cell().topRight() + QPoint(1, 0));
     Keys(u"zz⏎"_s);
     EXPECT_EQ(host.pickedUnder, QList<QRect>{host.Cell()}) << "an unknown code opens the pick list";
+    EXPECT_EQ(host.reasons, QStringList{u"Kode zz tidak dikenal."_s});
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"A"_s);
     host.editor->TakePicked(u"tl"_s);
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s) << "as the table writes it";
@@ -201,7 +206,7 @@ TEST(CellEditor, ShowsTheListOnItsColumnsOnlyAndShowsWhatWasPickedThere) {
     host.Go(0, Host::Picked);
     EXPECT_TRUE(host.CmdLov().isVisible());
     KeyboardUser::Press(Qt::Key_Down, Qt::AltModifier);
-    EXPECT_EQ(host.pickedUnder.size(), 1);
+    EXPECT_EQ(host.reasons, QStringList{QString()}) << "asked for";
     host.editor->TakePicked(u"TL"_s);
     EXPECT_EQ(host.Text1().text(), u"TL"_s);
     EXPECT_EQ(host.sheet.Text(0, Host::Picked), QString()) << "not before it is entered";
