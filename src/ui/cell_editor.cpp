@@ -1,5 +1,6 @@
 #include "ui/cell_editor.h"
 
+#include "database/database_error.h"
 #include "ui/data_grid.h"
 #include "ui/typing.h"
 
@@ -199,13 +200,25 @@ bool CellEditor::Text1_Validate() {
         return cell.isValid();
     std::optional<QString> listed;
     const QString code = text1_->text().trimmed();
-    if (!Trapped(program_, u"OnEnterText1"_s, [&] { listed = editing_.check(cell, code); }))
+    if (!Attempt([&] { listed = editing_.check(cell, code); }))
         return false;
     if (listed)
         text1_->setText(*listed);
     else
         OpenPickList(u"Kode %1 tidak dikenal."_s.arg(code));
     return listed.has_value();
+}
+
+/// With what was typed still over the cell, the next Enter would overwrite what the conflict protected.
+bool CellEditor::Attempt(const std::function<void()>& action) {
+    return Trapped(program_, u"OnEnterText1"_s, [&] {
+        try {
+            action();
+        } catch (const ConflictError&) {
+            Hide();
+            throw;
+        }
+    });
 }
 
 void CellEditor::CommitCellEdit() {

@@ -16,7 +16,8 @@ class QLineEdit;
 class QToolButton;
 
 /// What a window adds to the editor of its grid. Rows and columns are the grid model's, whose first columns
-/// are fixed. What these functions throw is logged and shown; what was typed then stays.
+/// are fixed. What these functions throw is logged and shown; what was typed then stays, but for a
+/// ConflictError: the editor makes way for what another desk stored.
 struct CellEditing {
     int fixedColumns = 1;
     /// The columns that show cmdLov when a cell of them is entered.
@@ -77,6 +78,7 @@ private:
     bool GridKeyPress(const QString& typed);
     bool Text1_KeyDown(const QKeyEvent& event);
     bool Text1_Validate();
+    bool Attempt(const std::function<void()>& action);
     void CommitCellEdit();
     void Open(const QString& text);
     void Hide();

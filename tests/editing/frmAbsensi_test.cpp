@@ -181,14 +181,20 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
 TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
     Browser browser;
     browser.Open();
-    browser.Run(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
-    browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
+    const auto other = browser.company.OtherDesk();
+    other->Execute(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
+    other->Execute(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
     const QString clockedOut = u"0013|01-Nov-2026|07:45|17:00|OUT|T202611010013"_s;
     browser.Go(1);
     Keys(u"S⏎"_s);
     EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(1), clockedOut);
-    KeyboardUser::Press(Qt::Key_Return); // what was typed stands there still
+    EXPECT_FALSE(browser.Editing());
+    Keys(u"⏎⏎⎋⎋"_s); // without a look at the message
+    EXPECT_EQ(browser.company.RowsOf(Cards),
+              QStringList{u"T202611010013|0013|OUT|2026-11-01|2026-11-01 07:45:12|"
+                          "2026-11-01 17:00:00"_s});
+    Keys(u"S⏎"_s);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|S|T202611010013"_s);
 
     browser.Run(u"UPDATE TimeCardHeader SET Status='OUT'"_s);

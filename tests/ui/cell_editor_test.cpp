@@ -1,6 +1,7 @@
 #include "ui/cell_editor.h"
 
 #include "core/text_table.h"
+#include "database/database_error.h"
 #include "support/keystrokes.h"
 #include "support/window_company.h"
 #include "ui/data_grid.h"
@@ -48,6 +49,8 @@ public:
         editing.checkedColumn = Code;
         editing.mayEdit = [](const QModelIndex& cell) { return cell.column() != Locked; };
         editing.check = [this](const QModelIndex&, const QString& code) -> std::optional<QString> {
+            if (conflicting)
+                throw ConflictError(u"TimeCardHeader"_s);
             if (failing)
                 throw std::runtime_error("no table");
             if (code.toUpper() == u"A"_s || code.toUpper() == u"TL"_s)
@@ -89,6 +92,7 @@ public:
     QList<QRect> pickedUnder;
     QStringList reasons;
     bool failing = false;
+    bool conflicting = false;
 };
 
 } // namespace
@@ -195,6 +199,9 @@ TEST(CellEditor, StoresOnlyListedCodes) {
     Keys(u"a⏎"_s);
     EXPECT_EQ(host.company.dialogs.texts.size(), 1);
     EXPECT_EQ(host.Text1().text(), u"a"_s) << "what was typed stays when the check fails";
+    host.conflicting = true;
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_TRUE(host.Text1().isHidden()) << "but for a conflict, whose row is to be seen";
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s);
 }
 
