@@ -7,6 +7,7 @@
 #include "editing/employee_status.h"
 #include "reports/report_file.h"
 #include "ui/cell_editor.h"
+#include "ui/date_box.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
 #include "ui/typing.h"
@@ -68,6 +69,7 @@ frmAbsensi::frmAbsensi(Program& program, AttendanceBrowserNeeds needs, const b_f
     b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
     SetUpGrid();
     ConnectControls();
+    SetUpDateBoxes(*this, program_);
     ui_->txtEmpl->setFixedWidth(Theme::FieldWidth(*ui_->txtEmpl, u"0000000000"_s));
     for (QComboBox* list : {ui_->txtDept, ui_->txtDivisi})
         list->setMaximumWidth(Theme::FieldWidth(*list, QString(WidestName, u'n')));
@@ -126,7 +128,7 @@ void frmAbsensi::SetUpGrid() {
     editing.check = [this](const QModelIndex&, const QString& code) {
         return ListedStatus(program_.Db(), code);
     };
-    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
+    editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
     editing.saveCell = [this](const QModelIndex& cell, const QString& status) {
         return SaveStatusCell(cell.row(), status);
     };
@@ -143,25 +145,27 @@ void frmAbsensi::Form_Load() {
         FillList(program_.Db(), *ui_->txtDept,
                  u"SELECT DeptCode, DeptName FROM Departments ORDER BY DeptName"_s);
     });
-    const QDate today = ToQDate(program_.clock.Today());
+    const Day today = program_.clock.Today();
     if (std::exchange(openedOn_, today) == today)
         return;
-    ui_->txtDate1->setDate(QDate(today.year(), today.month(), 1));
-    ui_->txtDate2->setDate(today);
+    const std::chrono::year_month_day date{today};
+    ui_->txtDate1->SetValue(Day{date.year() / date.month() / 1});
+    ui_->txtDate2->SetValue(today);
 }
 
 AttendanceCriteria frmAbsensi::Criteria() const {
-    ReadTypedBoxes(*this);
     AttendanceCriteria criteria;
     criteria.nip = ui_->txtEmpl->text().trimmed();
     criteria.dept = ChosenCode(*ui_->txtDept);
     criteria.divisi = ChosenCode(*ui_->txtDivisi);
     if (ui_->chkInterval->isChecked())
-        criteria.interval = {FromQDate(ui_->txtDate1->date()), FromQDate(ui_->txtDate2->date())};
+        criteria.interval = {DayOf(ui_->txtDate1->Value()), DayOf(ui_->txtDate2->Value())};
     return criteria;
 }
 
 bool frmAbsensi::RefreshAttendance() {
+    if (!ReadTypedBoxes(*this))
+        return false;
     bool shown = false;
     Trapped(program_, u"RefreshAttendance"_s, [&] {
         const AttendanceCriteria criteria = Criteria();
@@ -251,10 +255,11 @@ void frmAbsensi::cmdEmpl_Click() {
         [this](const QVariantMap& values) { ui_->txtEmpl->setText(values.value(u"NIP"_s).toString()); });
 }
 
-void frmAbsensi::cmdLov_Click(QLineEdit& anchor) {
+void frmAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
     OpenPickList(
         program_, anchor, u"select [ID], [Status], [Description] from [Employee Status] ORDER BY ID"_s,
-        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); });
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); },
+        reason);
 }
 
 ShownDayRow frmAbsensi::RowAt(int row) const {
@@ -293,7 +298,7 @@ void frmAbsensi::GridEnterKey(const QModelIndex& cell) {
     if (!isEmpty)
         editor_->OpenOnCurrentCell();
     else if (inStatus)
-        editor_->OpenPickList(); // the button stands there already
+        editor_->OfferPickList(); // the button stands there already
     else
         editor_->ShowPickButton();
 }

@@ -37,7 +37,7 @@ protected:
 private:
     void Form_Load();
     void cmdEmpl_Click();
-    void cmdLov_Click(QLineEdit& anchor);
+    void cmdLov_Click(QLineEdit& anchor, const QString& reason);
     void cmdRefresh_Click();
     void cmdPrintGrid_Click();
     void cmdOpenCard_Click();
@@ -58,7 +58,7 @@ private:
     AttendanceBrowserNeeds needs_;
     AttendanceModel rows_;
     QString filter_; ///< who the rows that are shown were chosen by
-    QDate openedOn_;
+    Day openedOn_ = DayZero;
     std::unique_ptr<Ui::frmAbsensi> ui_;
     CellEditor* editor_ = nullptr;
 };

@@ -107,7 +107,7 @@ CellEditing frmEditAbsensi::GridEditing() {
         return ListedStatus(program_.Db(), code);
     };
     editing.mayEdit = [this](const QModelIndex& cell) { return MayTypeInto(cell); };
-    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
+    editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
     editing.saveRow = [this](int row) { return SaveGridRow(row); };
     editing.gridEnterKey = [this](const QModelIndex& cell) { GridEnterKey(cell); };
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
@@ -188,7 +188,7 @@ void frmEditAbsensi::MSHFlexGrid1_DblClick(const QModelIndex& cell) {
 
 void frmEditAbsensi::GridEnterKey(const QModelIndex& cell) {
     if (cell.column() == Status)
-        editor_->OpenPickList();
+        editor_->OfferPickList();
     else
         MSHFlexGrid1_DblClick(cell);
 }
@@ -208,10 +208,11 @@ void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
     ShowState(u"Hari pada baris %1 dihapus."_s.arg(row + 1));
 }
 
-void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor) {
+void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
     OpenPickList(
         program_, anchor, u"select Status, Description from [Employee Status] ORDER BY ID"_s,
-        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); });
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); },
+        reason);
 }
 
 /// Says why where it is not allowed.

@@ -5,6 +5,7 @@
 #include "database/statement.h"
 #include "editing/computation_words.h"
 #include "ui/busy_pointer.h"
+#include "ui/date_box.h"
 #include "ui/typing.h"
 #include "ui_frmEditAbsensiOne.h"
 
@@ -20,18 +21,18 @@ namespace {
 enum Button { Simpan = 1, Batal = 2 };
 
 /// The time that a box shows, where the card has none at all the box is not counted.
-std::optional<WallTime> TimeIn(const WallTimeEdit& box, bool given, const std::optional<WallTime>& loaded) {
+std::optional<WallTime> TimeIn(const MomentBox& box, bool given, const std::optional<WallTime>& loaded) {
     return given ? std::optional(box.Value()) : loaded;
 }
 
-void ShowTime(WallTimeEdit& box, const std::optional<WallTime>& time, WallTime ifNone) {
+void ShowTime(MomentBox& box, const std::optional<WallTime>& time, WallTime ifNone) {
     if (time)
         box.SetValue(*time);
     else
         box.Suggest(ifNone);
 }
 
-QString TimesHint(bool given, const WallTimeEdit& in, const WallTimeEdit& out) {
+QString TimesHint(bool given, const MomentBox& in, const MomentBox& out) {
     return given && out.Value() < in.Value() ? u"Jam keluar mendahului jam masuk."_s : QString();
 }
 
@@ -63,8 +64,9 @@ frmEditAbsensiOne::frmEditAbsensiOne(Program& program, const QString& tcid, cons
     connect(ui_->chkTimeIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkTimeIO_Click);
     connect(ui_->chkOTIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkOTIO_Click);
     connect(ui_->txtStatus, &QComboBox::currentTextChanged, this, &frmEditAbsensiOne::ShowStatusText);
-    for (const WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
-        connect(box, &QDateTimeEdit::dateTimeChanged, this, &frmEditAbsensiOne::ShowHints);
+    SetUpDateBoxes(*this, program_);
+    for (const MomentBox* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+        connect(box, &DateBox::Changed, this, &frmEditAbsensiOne::ShowHints);
     for (const QLineEdit* amount : {ui_->txtNAmount, ui_->txtOTAmount})
         connect(amount, &QLineEdit::textChanged, this, &frmEditAbsensiOne::ShowHints);
     ui_->txtOTAmount->setValidator(
@@ -76,7 +78,7 @@ frmEditAbsensiOne::~frmEditAbsensiOne() = default;
 
 void frmEditAbsensiOne::Form_Load() {
     const WallTime today = program_.clock.Today();
-    for (WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+    for (MomentBox* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
         box->Suggest(today);
     Trapped(program_, u"Form_Load"_s, [this] { FillStatusList(); });
     chkTimeIO_Click();
@@ -109,7 +111,7 @@ void frmEditAbsensiOne::LoadTimeCard() {
 }
 
 void frmEditAbsensiOne::ShowFields(const CardFields& fields) {
-    ui_->txtTanggal->setDate(ToQDate(fields.tanggal));
+    ui_->txtTanggal->SetValue(fields.tanggal);
     const WallTime today = program_.clock.Today();
     ShowTime(*ui_->txtTIN, fields.timeIn, today);
     ShowTime(*ui_->txtTOUT, fields.timeOut, today);
@@ -138,10 +140,9 @@ void frmEditAbsensiOne::ShowStatus(const QString& status) {
 }
 
 CardFields frmEditAbsensiOne::TypedFields() const {
-    ReadTypedBoxes(*this);
     const CardFields read = card_->Fields(program_.clock.Today());
     CardFields fields;
-    fields.tanggal = FromQDate(ui_->txtTanggal->date());
+    fields.tanggal = DayOf(ui_->txtTanggal->Value());
     fields.status = ui_->txtStatus->currentText();
     fields.keterangan = ui_->txtKeterangan->text();
     fields.mealAllowance = ui_->chkUangMakan->isChecked();
@@ -157,6 +158,8 @@ CardFields frmEditAbsensiOne::TypedFields() const {
 }
 
 bool frmEditAbsensiOne::SaveTimeCard() {
+    if (!ReadTypedBoxes(*this))
+        return false;
     bool saved = false;
     Trapped(program_, u"SaveTimeCard"_s, [&] {
         const BusyPointer busy;
@@ -202,12 +205,12 @@ void frmEditAbsensiOne::chkOTIO_Click() {
     EnableTimes(ui_->chkOTIO->isChecked(), {ui_->txtOTIN, ui_->txtOTOUT}, *ui_->txtOTHrs);
 }
 
-void frmEditAbsensiOne::EnableTimes(bool given, const std::array<WallTimeEdit*, 2>& boxes, QWidget& hours) {
-    for (WallTimeEdit* box : boxes) {
+void frmEditAbsensiOne::EnableTimes(bool given, const std::array<MomentBox*, 2>& boxes, QWidget& hours) {
+    for (MomentBox* box : boxes) {
         box->setEnabled(given);
         // A forgotten time is most likely of the card's day, whatever day it is now.
         if (given && box->HoldsSuggestion())
-            box->Suggest(FromQDate(ui_->txtTanggal->date()));
+            box->Suggest(DayOf(ui_->txtTanggal->Value()));
     }
     hours.setEnabled(given);
     ShowHints();
@@ -225,7 +228,7 @@ void frmEditAbsensiOne::ShowHints() {
 }
 
 bool frmEditAbsensiOne::IsChanged() const {
-    return card_ && TypedFields() != untouched_;
+    return card_ && (!ReadTypedBoxes(*this, Unreadable::Quiet) || TypedFields() != untouched_);
 }
 
 bool frmEditAbsensiOne::MayLeave() {

@@ -2,9 +2,9 @@
 
 #include "core/query_values.h"
 #include "reports/report_file.h"
+#include "ui/date_box.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
-#include "ui/typing.h"
 #include "ui/work_progress.h"
 #include "ui_frmRptCriteria.h"
 
@@ -54,8 +54,9 @@ frmRptCriteria::frmRptCriteria(Program& program, const QString& reportName,
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmRptCriteria::cmdCancel_Click);
     connect(ui_->cmdLov, &QToolButton::clicked, this, &frmRptCriteria::cmdLov_Click);
     connect(ui_->txtEmpl, &QLineEdit::editingFinished, this, &frmRptCriteria::txtEmpl_LostFocus);
-    for (const QDateEdit* date : {ui_->txtDate1, ui_->txtDate2})
-        connect(date, &QDateEdit::dateChanged, this, &frmRptCriteria::txtDate_Change);
+    SetUpDateBoxes(*this, program_);
+    for (const DateBox* date : {ui_->txtDate1, ui_->txtDate2})
+        connect(date, &DateBox::Changed, this, &frmRptCriteria::txtDate_Change);
     Form_Load();
 }
 
@@ -63,8 +64,8 @@ frmRptCriteria::~frmRptCriteria() = default;
 
 void frmRptCriteria::Form_Load() {
     const Day today = program_.clock.Today();
-    ui_->txtDate1->setDate(ToQDate(FirstDay(today, report_ && report_->takesPeriod)));
-    ui_->txtDate2->setDate(ToQDate(today));
+    ui_->txtDate1->SetValue(FirstDay(today, report_ && report_->takesPeriod));
+    ui_->txtDate2->SetValue(today);
     ui_->txtEmpl->setText(All);
     Trapped(program_, Routine(u"Form_Load"), [this] { FillLists(); });
     EnableCriteria();
@@ -101,7 +102,7 @@ void frmRptCriteria::EnableCriteria() {
 }
 
 void frmRptCriteria::txtDate_Change() {
-    const bool reversed = ui_->txtDate2->isEnabled() && ui_->txtDate2->date() < ui_->txtDate1->date();
+    const bool reversed = ui_->txtDate2->isEnabled() && ui_->txtDate2->Value() < ui_->txtDate1->Value();
     ui_->lblDateHint->setText(reversed ? ReversedHint : QString());
 }
 
@@ -130,8 +131,8 @@ void frmRptCriteria::LOV_AfterListClose(const QVariantMap& values) {
 }
 
 ReportCriteria frmRptCriteria::Criteria() const {
-    return {.date1 = FromQDate(ui_->txtDate1->date()),
-            .date2 = FromQDate(ui_->txtDate2->date()),
+    return {.date1 = DayOf(ui_->txtDate1->Value()),
+            .date2 = DayOf(ui_->txtDate2->Value()),
             .employee = ui_->txtEmpl->text(),
             .department = ChoiceOf(*ui_->txtDept),
             .division = ChoiceOf(*ui_->txtDivisi),
@@ -142,8 +143,8 @@ void frmRptCriteria::cmdOK_Click() {
     if (!report_)
         return;
     ui_->lblDone->clear();
-    // A mnemonic leaves the focus where it is: what is typed has not been read yet.
-    ReadTypedBoxes(*this);
+    if (!ReadTypedBoxes(*this))
+        return;
     txtEmpl_LostFocus();
     Trapped(program_, Routine(report_->routine), [this] { PrintReport(); });
 }

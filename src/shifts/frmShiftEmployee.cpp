@@ -92,7 +92,7 @@ void frmShiftEmployee::MakeEditor() {
     editing.pickListColumns.resize(RosterModel::DayColumns);
     std::iota(editing.pickListColumns.begin(), editing.pickListColumns.end(), int{RosterModel::FirstDay});
     editing.mayEdit = [this](const QModelIndex&) { return roster_.Month().has_value(); };
-    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
+    editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
     editing.saveCell = [this](const QModelIndex& cell, const QString& code) {
         roster_.setData(cell, code);
         return SaveCell(cell);
@@ -137,11 +137,12 @@ void frmShiftEmployee::cmdRefresh_Click() {
     LoadRoster();
 }
 
-void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor) {
+void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
     OpenPickList(
         program_, anchor,
         u"select Code, Mid(TimeIn,12,5) as TimeIn, Mid(TimeOut,12,5) as TimeOut from Shift ORDER BY Code"_s,
-        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Code"_s).toString()); });
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Code"_s).toString()); },
+        reason);
 }
 
 bool frmShiftEmployee::SaveCell(const QModelIndex& cell) {

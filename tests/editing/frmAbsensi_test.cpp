@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
@@ -108,7 +107,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.Part<QComboBox>("txtDivisi").setFocus();
     Keys(u"s↹"_s);
     KeyboardUser::Press(Qt::Key_Space);
-    EXPECT_FALSE(browser.Part<QDateEdit>("txtDate1").isEnabled());
+    EXPECT_FALSE(browser.Part<QLineEdit>("txtDate1").isEnabled());
     KeyboardUser::Press(Qt::Key_Return);
     EXPECT_EQ(browser.Status(), u"1 baris · Tanggal: 03-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
@@ -130,8 +129,8 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.window->close();
     browser.company.clock.now = Moment(u"2026-12-02 08:00:00");
     browser.window->show();
-    EXPECT_EQ(browser.Part<QDateEdit>("txtDate1").date(), QDate(2026, 12, 1));
-    EXPECT_EQ(browser.Part<QDateEdit>("txtDate2").date(), QDate(2026, 12, 2));
+    EXPECT_EQ(browser.Part<QLineEdit>("txtDate1").text(), u"01-Dec-2026"_s);
+    EXPECT_EQ(browser.Part<QLineEdit>("txtDate2").text(), u"02-Dec-2026"_s);
 }
 
 TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
@@ -144,8 +143,13 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
 
     Keys(u"XX⏎"_s); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
+    KeyboardUser::Press(Qt::Key_Return); // one too many
     EXPECT_EQ(browser.company.RowsOf(Cards).size(), 2);
-    Keys(u"↓⏎"_s);
+    KeyboardUser::Press(Qt::Key_Escape);
+    EXPECT_EQ(browser.Part<QLineEdit>("Text1").text(), u"XX"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    ASSERT_TRUE(Browser::ListIsOpen());
+    Keys(u"↓↓⏎"_s);
     EXPECT_EQ(browser.Row(2), u"0012|01-Nov-2026|||CT|T202611010012"_s);
 
     browser.Go(3, AttendanceModel::Nip); // Enter leads to an empty status and to its list
@@ -154,6 +158,8 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     KeyboardUser::Press(Qt::Key_Return);
     ASSERT_TRUE(Browser::ListIsOpen());
     KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026||||"_s);
+    Keys(u"sakit⏎"_s);
     EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026|||S|T202611020014"_s);
 
     browser.Go(1, AttendanceModel::Nip); // and to the editor where there is a status
@@ -175,14 +181,21 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
 TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
     Browser browser;
     browser.Open();
-    browser.Run(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
-    browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
+    const auto other = browser.company.OtherDesk();
+    other->Execute(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
+    other->Execute(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
     const QString clockedOut = u"0013|01-Nov-2026|07:45|17:00|OUT|T202611010013"_s;
     browser.Go(1);
     Keys(u"S⏎"_s);
     EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(1), clockedOut);
-    EXPECT_FALSE(browser.Editing()) << "the row must be seen before anything is typed over it";
+    EXPECT_FALSE(browser.Editing());
+    Keys(u"⏎⏎⎋⎋"_s); // without a look at the message
+    EXPECT_EQ(browser.company.RowsOf(Cards),
+              QStringList{u"T202611010013|0013|OUT|2026-11-01|2026-11-01 07:45:12|"
+                          "2026-11-01 17:00:00"_s});
+    Keys(u"S⏎"_s);
+    EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|S|T202611010013"_s);
 
     browser.Run(u"UPDATE TimeCardHeader SET Status='CT'"_s);
     browser.Go(1);

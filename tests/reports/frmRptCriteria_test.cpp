@@ -5,8 +5,8 @@
 #include "support/window_company.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -79,8 +79,8 @@ TEST(frmRptCriteria, EnablesWhatTheReportTakesAndEnterWalksThroughIt) {
     for (const Case& c : cases) {
         Criteria criteria;
         criteria.Open(c.report, [&](QWidget& window) {
-            EXPECT_EQ(Part<QDateEdit>(window, "txtDate1").text(), c.firstDay);
-            EXPECT_EQ(Part<QDateEdit>(window, "txtDate2").text(), u"22-Nov-2026"_s);
+            EXPECT_EQ(Part<QLineEdit>(window, "txtDate1").text(), c.firstDay);
+            EXPECT_EQ(Part<QLineEdit>(window, "txtDate2").text(), u"22-Nov-2026"_s);
             QStringList walk;
             while (window.focusWidget()->objectName() != u"cmdOk"_s && walk.size() < 9) {
                 walk << window.focusWidget()->objectName();
@@ -167,14 +167,21 @@ TEST(frmRptCriteria, TakesAnEmployeeFromTheListOrAsTyped) {
 TEST(frmRptCriteria, TypedDatesAreTakenAndAReversedPeriodIsHintedAt) {
     Criteria criteria;
     criteria.Open(u"AbsensiDivisi"_s, [&](QWidget& window) {
-        auto& first = Part<QDateEdit>(window, "txtDate1");
-        first.setSelectedSection(QDateEdit::DaySection);
-        KeyboardUser::Type(u"23"_s);
+        EXPECT_TRUE(Part<QWidget>(window, "txtDate1").hasFocus());
+        Keys(u"23↹"_s);
         EXPECT_NE(TextOf(window, "lblDateHint"), QString());
         criteria.PressOk();
         EXPECT_EQ(criteria.company.ReportLines().value(1), u"TANGGAL: 23-Nov-2026 s/d 22-Nov-2026"_s);
-        first.setSelectedSection(QDateEdit::DaySection);
-        KeyboardUser::Type(u"2"_s); // and no further: the second or the twenties
+        auto& first = Part<QLineEdit>(window, "txtDate1");
+        for (const QString& impossible : {u"31/2/2026"_s, u"99"_s, u"besok"_s}) {
+            first.setFocus();
+            KeyboardUser::Type(impossible);
+            criteria.PressOk(); // refused: no report with another date
+            EXPECT_TRUE(criteria.company.dialogs.Last().contains(u"Tanggal awal: \"%1\""_s.arg(impossible)));
+            EXPECT_EQ(first.text(), impossible);
+        }
+        EXPECT_EQ(criteria.company.shownReports.size(), 1);
+        KeyboardUser::Type(u"2"_s);
         criteria.PressOk();
         EXPECT_EQ(TextOf(window, "lblDateHint"), QString());
         EXPECT_EQ(criteria.company.ReportLines().value(1), u"TANGGAL: 02-Nov-2026 s/d 22-Nov-2026"_s);
