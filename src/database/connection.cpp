@@ -1,8 +1,5 @@
 #include "database/connection.h"
 
-#include "database/connection_text.h"
-#include "database/file_lookup.h"
-
 #include <QSqlRecord>
 
 using namespace Qt::StringLiterals;
@@ -31,8 +28,9 @@ std::optional<WallTime> Cursor::Time(int column) const {
     return ReadStored(Text(column));
 }
 
-Connection::Connection(std::unique_ptr<Engine> engine, const QString& connectionText)
-    : engine_(std::move(engine)), connectionText_(connectionText), database_(engine_->Open(connectionText)) {}
+Connection::Connection(std::unique_ptr<Engine> engine, const QString& path, const QString& connectionText)
+    : engine_(std::move(engine)), path_(path), connectionText_(connectionText),
+      database_(engine_->Open(path)) {}
 
 Connection::~Connection() {
     const QString name = database_.connectionName();
@@ -40,10 +38,6 @@ Connection::~Connection() {
     database_.close();
     database_ = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
-}
-
-QString Connection::FileName() const {
-    return FindFile(DataSourceOf(connectionText_));
 }
 
 Cursor Connection::Query(const QString& statement, const QVariantList& values) {

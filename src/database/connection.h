@@ -50,14 +50,16 @@ struct ChangeStamp {
 /// reports a failure. Statements are given in the program's dialect (see Engine::Translate).
 class Connection {
 public:
-    Connection(std::unique_ptr<Engine> engine, const QString& connectionText);
+    /// Opens the database that stands at the path; the connection text is only kept for those who ask.
+    Connection(std::unique_ptr<Engine> engine, const QString& path, const QString& connectionText = {});
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
+    /// The text that tells this connection from others; "" when it was opened without one.
     const QString& ConnectionString() const { return connectionText_; }
-    /// The database file's path.
-    QString FileName() const;
+    /// The database file's path; empty when the file no longer stands there.
+    QString FileName() const { return engine_->FileAt(path_); }
 
     /// Runs a statement that reads, with the values bound to its "?" in order.
     Cursor Query(const QString& statement, const QVariantList& values = {});
@@ -105,6 +107,7 @@ private:
     void Run(QSqlQuery& query) const;
 
     std::unique_ptr<Engine> engine_;
+    QString path_;
     QString connectionText_;
     QSqlDatabase database_;
     std::unique_ptr<QSqlQuery> foreignChanges_;

@@ -16,9 +16,12 @@ class Engine {
 public:
     virtual ~Engine() = default;
 
-    /// Opens the database that the connection text names, for reading and writing. Throws DatabaseError when
-    /// it is missing, locked, read-only or no database; never creates a file.
-    virtual QSqlDatabase Open(const QString& connectionText) const = 0;
+    /// Opens the database at the path for reading and writing. Throws DatabaseError when it is missing,
+    /// locked, read-only or no database; never creates a file.
+    virtual QSqlDatabase Open(const QString& path) const = 0;
+
+    /// The file that holds the database at the path; empty when there is none.
+    virtual QString FileAt(const QString& path) const = 0;
 
     /// Turns a statement of the program's dialect into one of the engine's. Throws StatementError when the
     /// statement is refused.

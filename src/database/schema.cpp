@@ -1,6 +1,5 @@
 #include "database/schema.h"
 
-#include "database/connection_text.h"
 #include "database/sqlite_engine.h"
 
 #include <QDir>
@@ -184,8 +183,7 @@ void CreateDatabase(const QString& path) {
                                              ? u"%1 exists already"_s.arg(path)
                                              : u"%1 cannot be made: %2"_s.arg(path, file.errorString()));
     file.close();
-    Connection connection(std::make_unique<SqliteEngine>(),
-                          ConnectionText(QFileInfo(path).absoluteFilePath()));
+    Connection connection(std::make_unique<SqliteEngine>(), QFileInfo(path).absoluteFilePath());
     RunSteps(connection, SchemaSteps());
 }
 
@@ -214,8 +212,8 @@ void PrepareSchema(Connection& connection, std::span<const SchemaStep> steps) {
 }
 
 std::unique_ptr<Connection> OpenDatabaseFile(const QString& path) {
-    auto connection = std::make_unique<Connection>(std::make_unique<SqliteEngine>(),
-                                                   ConnectionText(QFileInfo(path).absoluteFilePath()));
+    auto connection =
+        std::make_unique<Connection>(std::make_unique<SqliteEngine>(), QFileInfo(path).absoluteFilePath());
     PrepareSchema(*connection);
     return connection;
 }

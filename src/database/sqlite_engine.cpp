@@ -1,6 +1,5 @@
 #include "database/sqlite_engine.h"
 
-#include "database/connection_text.h"
 #include "database/file_lookup.h"
 #include "database/sqlite_dialect.h"
 
@@ -95,33 +94,36 @@ QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
 
 } // namespace
 
-QSqlDatabase SqliteEngine::Open(const QString& connectionText) const {
-    const QString source = DataSourceOf(connectionText);
-    const QString path = FindFile(source);
-    if (path.isEmpty()) {
+QString SqliteEngine::FileAt(const QString& path) const {
+    return FindFile(path);
+}
+
+QSqlDatabase SqliteEngine::Open(const QString& path) const {
+    const QString file = FileAt(path);
+    if (file.isEmpty()) {
         throw DatabaseError(
             {CantOpen, u"SQLite"_s,
              u"File database tidak ditemukan: %1\nPeriksa apakah file itu ada dan dapat dibaca."_s.arg(
-                 QDir::toNativeSeparators(ToLocalPath(source)))});
+                 QDir::toNativeSeparators(ToLocalPath(path)))});
     }
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
     database.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(DefaultPatience.count()));
-    database.setDatabaseName(ExistingFileUri(path));
+    database.setDatabaseName(ExistingFileUri(file));
 
     DatabaseFailure failure;
     if (!database.open()) {
         failure = Describe(database.lastError());
     } else {
         QSqlQuery query(database);
-        if (const QSqlError error = Prepare(query, BeginStatement(), path); error.isValid())
+        if (const QSqlError error = Prepare(query, BeginStatement(), file); error.isValid())
             failure = Describe(error);
     }
     if (failure.number != 0) {
         database.close();
         database = QSqlDatabase();
         QSqlDatabase::removeDatabase(name);
-        failure.description += u'\n' + QDir::toNativeSeparators(path);
+        failure.description += u'\n' + QDir::toNativeSeparators(file);
         throw DatabaseError(failure);
     }
     return database;

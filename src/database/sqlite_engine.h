@@ -5,7 +5,8 @@
 /// SQLite through Qt Sql: the embedded database.
 class SqliteEngine : public Engine {
 public:
-    QSqlDatabase Open(const QString& connectionText) const override;
+    QSqlDatabase Open(const QString& path) const override;
+    QString FileAt(const QString& path) const override;
     QString Translate(const QString& statement) const override;
     DatabaseFailure Describe(const QSqlError& error) const override;
     QString BeginStatement() const override;

@@ -1,6 +1,5 @@
 #include "tools/data_check.h"
 
-#include "database/connection_text.h"
 #include "database/schema.h"
 #include "database/sqlite_engine.h"
 #include "timecard/sheet_identifier.h"
@@ -324,8 +323,8 @@ QString Finding::Line() const {
 }
 
 std::unique_ptr<Connection> OpenUnchanged(const QString& path) {
-    auto connection = std::make_unique<Connection>(std::make_unique<SqliteEngine>(),
-                                                   ConnectionText(QFileInfo(path).absoluteFilePath()));
+    auto connection =
+        std::make_unique<Connection>(std::make_unique<SqliteEngine>(), QFileInfo(path).absoluteFilePath());
     const int newest = SchemaSteps().back().version;
     Cursor rows = connection->QueryNative(u"PRAGMA user_version"_s);
     const int version = rows.Next() ? static_cast<int>(rows.Value(0).Number()) : 0;

@@ -1,6 +1,5 @@
 #include "database/schema.h"
 
-#include "database/connection_text.h"
 #include "database/sqlite_engine.h"
 #include "support/failures.h"
 #include "support/test_company.h"
@@ -30,7 +29,7 @@ int VersionOf(Connection& connection) {
 
 /// Opens a file as any engine would, without looking at its schema.
 std::unique_ptr<Connection> OpenUnprepared(const QString& path) {
-    return std::make_unique<Connection>(std::make_unique<SqliteEngine>(), ConnectionText(path));
+    return std::make_unique<Connection>(std::make_unique<SqliteEngine>(), path);
 }
 
 } // namespace
