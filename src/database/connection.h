@@ -1,43 +1,11 @@
 #pragma once
 
+#include "database/cursor.h"
 #include "database/engine.h"
-#include "database/field_value.h"
-
-#include <QSqlDatabase>
-#include <QSqlQuery>
-#include <QString>
-#include <QVariant>
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <type_traits>
-#include <utility>
-
-class Connection;
-
-/// The rows of one query, read from first to last. Columns are counted from 0 in the query's order.
-class Cursor {
-public:
-    /// Steps to the next row; false after the last. Throws DatabaseError when reading fails.
-    bool Next();
-
-    QStringList ColumnNames() const;
-    /// The column of that name, in any letter case; -1 when there is none.
-    int ColumnOf(const QString& name) const;
-    FieldValue Value(int column) const { return FieldValue(query_.value(column)); }
-    /// The text of a field, "" for null.
-    QString Text(int column) const { return query_.value(column).toString(); }
-    /// The moment that a field holds; nothing when it is null or no date.
-    std::optional<WallTime> Time(int column) const;
-
-private:
-    friend class Connection;
-    Cursor(QSqlQuery query, const Engine& engine) : query_(std::move(query)), engine_(&engine) {}
-
-    QSqlQuery query_;
-    const Engine* engine_;
-};
 
 /// Tells two states of the database apart.
 struct ChangeStamp {
