@@ -6,7 +6,7 @@
 
 #include "app/desk_windows.h"
 #include "compute/time_card_computation.h"
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
 #include "timecard/sheet_identifier.h"

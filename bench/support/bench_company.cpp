@@ -1,6 +1,6 @@
 #include "support/bench_company.h"
 
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "timecard/sheet_identifier.h"
 
 #include <QDir>

@@ -1,8 +1,7 @@
 #include "core/shared_connection.h"
 
 #include "core/settings.h"
-#include "database/schema.h"
-#include "database/sqlite_engine.h"
+#include "database/database_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,9 +40,7 @@ std::unique_ptr<Connection> Opened(const ProgramFolder& folder) {
     const bool beside = !folder.Existing(u"\\data.mdb").isEmpty();
     const QString path = folder.Joined(beside ? u"\\DATA.mdb" : u"\\..\\UI\\DATA.mdb");
     text = ConnectionText(path);
-    auto connection = std::make_unique<Connection>(std::make_unique<SqliteEngine>(), path, text);
-    PrepareSchema(*connection);
-    return connection;
+    return OpenDatabaseFile(path, text);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "database/connection.h"
 
-using namespace Qt::StringLiterals;
-
 Connection::Connection(std::unique_ptr<Engine> engine, const QString& path, const QString& connectionText)
     : engine_(std::move(engine)), path_(path), connectionText_(connectionText),
       database_(engine_->Open(path)) {}
@@ -102,11 +100,11 @@ Transaction::~Transaction() {
     ++connection_.ownChanges_; // what was read inside is no longer so
     // The engine itself takes a transaction back that cannot be finished; then this statement fails, rightly.
     QSqlQuery query(connection_.database_);
-    query.exec(u"ROLLBACK"_s);
+    query.exec(connection_.engine_->RollbackStatement());
 }
 
 void Transaction::Commit() {
-    connection_.ExecuteNative(u"COMMIT"_s);
+    connection_.ExecuteNative(connection_.engine_->CommitStatement());
     connection_.inTransaction_ = false;
     open_ = false;
 }

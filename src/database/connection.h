@@ -29,6 +29,8 @@ public:
     /// The database file's path; empty when the file no longer stands there.
     QString FileName() const { return engine_->FileAt(path_); }
 
+    const Engine& UsedEngine() const { return *engine_; }
+
     /// Runs a statement that reads, with the values bound to its "?" in order.
     Cursor Query(const QString& statement, const QVariantList& values = {});
 

@@ -10,6 +10,9 @@ public:
     QString Translate(const QString& statement) const override;
     DatabaseFailure Describe(const QSqlError& error) const override;
     QString BeginStatement() const override;
+    QString CommitStatement() const override;
+    QString RollbackStatement() const override;
     QString ForeignChangesQuery() const override;
     QString PatienceStatement(std::chrono::milliseconds patience) const override;
+    const EngineSchema& Schema() const override;
 };

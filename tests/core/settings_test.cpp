@@ -1,7 +1,7 @@
 #include "core/settings.h"
 
 #include "core/program_folder.h"
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "support/test_company.h"
 
 #include <QDir>

@@ -1,5 +1,4 @@
-#include "database/schema.h"
-#include "database/sqlite_engine.h"
+#include "database/database_file.h"
 #include "support/failures.h"
 #include "support/test_company.h"
 
@@ -34,7 +33,7 @@ QByteArray ForeignDatabase() {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"other.db"_s);
     Write(path, {});
-    Connection(std::make_unique<SqliteEngine>(), path).ExecuteNative(u"CREATE TABLE Employee (NIP)"_s);
+    ConnectToFile(path)->ExecuteNative(u"CREATE TABLE Employee (NIP)"_s);
     return BytesOf(path);
 }
 

@@ -1,6 +1,6 @@
-#include "database/schema.h"
+#include "database/sqlite_schema.h"
 
-#include "database/sqlite_engine.h"
+#include "database/database_file.h"
 #include "support/failures.h"
 #include "support/test_company.h"
 
@@ -15,7 +15,8 @@ namespace {
 
 /// The steps of today and two that might follow them.
 std::vector<SchemaStep> LaterSteps(const QString& third = u"CREATE TABLE Libur (Tgl TEXT)"_s) {
-    std::vector<SchemaStep> steps(SchemaSteps().begin(), SchemaSteps().end());
+    const std::span<const SchemaStep> today = SqliteSchema().Steps();
+    std::vector<SchemaStep> steps(today.begin(), today.end());
     const int newest = steps.back().version;
     steps.push_back({newest + 1, {u"ALTER TABLE Employee ADD COLUMN Telepon TEXT"_s}});
     steps.push_back({newest + 2, {u"UPDATE Employee SET Telepon='-'"_s, third}});
@@ -25,11 +26,6 @@ std::vector<SchemaStep> LaterSteps(const QString& third = u"CREATE TABLE Libur (
 int VersionOf(Connection& connection) {
     Cursor rows = connection.QueryNative(u"PRAGMA user_version"_s);
     return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : -1;
-}
-
-/// Opens a file as any engine would, without looking at its schema.
-std::unique_ptr<Connection> OpenUnprepared(const QString& path) {
-    return std::make_unique<Connection>(std::make_unique<SqliteEngine>(), path);
 }
 
 } // namespace
@@ -96,7 +92,7 @@ TEST(SchemaUpgrade, TakesAllFurtherStepsAndCopiesTheFileAside) {
         CreateDatabase(path);
         OpenDatabaseFile(path)->ExecuteNative(u"INSERT INTO Employee (NIP,Nama) VALUES ('0012','Budi')"_s);
         for (int start = 0; start < 2; ++start) {
-            const auto connection = OpenUnprepared(path);
+            const auto connection = ConnectToFile(path);
             PrepareSchema(*connection, LaterSteps());
             EXPECT_EQ(VersionOf(*connection), 3);
             Cursor rows = connection->QueryNative(u"SELECT Nama||Telepon FROM Employee"_s);
@@ -127,7 +123,7 @@ TEST(SchemaUpgrade, TwoProgramsUpgradeOneDatabase) {
         std::barrier ready(2);
         QString failures[2];
         const auto upgrade = [&](QString& failure) {
-            const auto connection = OpenUnprepared(company.DatabaseFile());
+            const auto connection = ConnectToFile(company.DatabaseFile());
             ready.arrive_and_wait();
             failure = FailureOf([&] { PrepareSchema(*connection, LaterSteps()); });
             EXPECT_EQ(VersionOf(*connection), 3);
