@@ -23,9 +23,8 @@ QByteArray DatabaseWithManyRows() {
     QList<QVariantList> rows;
     for (int i = 0; i < 500; ++i)
         rows << QVariantList{QString::number(i), QString(60, u'x')};
-    Transaction transaction(company.Db());
-    company.Db().ExecuteMany(u"INSERT INTO Division (DivKode,DivName) VALUES (?,?)"_s, rows);
-    transaction.Commit();
+    company.Db().InTransaction(
+        [&] { company.Db().ExecuteMany(u"INSERT INTO Division (DivKode,DivName) VALUES (?,?)"_s, rows); });
     return BytesOf(company.DatabaseFile());
 }
 

@@ -62,8 +62,9 @@ TEST(Schema, StoredFormsAreEnforced) {
     };
     for (const auto& [insert, bad, good] : columns) {
         const auto refusal = [&, &insert = insert](const QString& value) {
-            const Transaction takenBack(company.Db());
-            return FailureOf([&] { company.Db().Execute(u"INSERT INTO "_s + insert, {value}); });
+            return FailureOf([&] {
+                TakenBack(company.Db(), [&] { company.Db().Execute(u"INSERT INTO "_s + insert, {value}); });
+            });
         };
         for (const QString& value : bad)
             EXPECT_NE(refusal(value), QString()) << insert.toStdString() << " took " << value.toStdString();
