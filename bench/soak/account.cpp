@@ -1,7 +1,7 @@
 #include "soak/account.h"
 
-#include "compute/time_card_computation.h"
-#include "database/schema.h"
+#include "cards/card_computation.h"
+#include "database/database_file.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -7,8 +7,8 @@
 //
 // A fault makes something go wrong on purpose: the soak must notice.
 
-#include "compute/time_card_computation.h"
-#include "database/schema.h"
+#include "cards/card_computation.h"
+#include "database/database_file.h"
 #include "soak/desk_worker.h"
 #include "soak/faults.h"
 #include "timecard/clock_recording.h"

@@ -102,7 +102,7 @@ void Recordset::Insert(const Row& row) {
 Recordset::Condition Recordset::StandsAsRead(const Row& row) const {
     QStringList conditions;
     for (const QString& name : columns_)
-        conditions << u'[' + name + u"] IS ?"_s;
+        conditions << u"Same(["_s + name + u"],?)"_s;
     return {u" WHERE "_s + conditions.join(u" AND "_s), QVariantList(row.read.cbegin(), row.read.cend())};
 }
 

@@ -94,6 +94,8 @@ public:
             return u"CAST(substr(%1,1,4) AS INTEGER)"_s.arg(Translated(arguments_[0]));
         if (Is(u"Month", 1))
             return u"CAST(substr(%1,6,2) AS INTEGER)"_s.arg(Translated(arguments_[0]));
+        if (Is(u"Same", 2))
+            return u"%1 IS %2"_s.arg(Translated(arguments_[0]), Translated(arguments_[1]));
         if (Is(u"CDATE", 1)) {
             // A stored date is its own date value; only a typed text has to be read.
             const Tokens value = arguments_[0];

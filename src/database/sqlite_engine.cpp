@@ -1,8 +1,8 @@
 #include "database/sqlite_engine.h"
 
-#include "database/connection_text.h"
 #include "database/file_lookup.h"
 #include "database/sqlite_dialect.h"
+#include "database/sqlite_schema.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -72,10 +72,10 @@ QString ExistingFileUri(const QString& path) {
 /// already and takes it back. That tells a locked, read-only, damaged or foreign file apart from a good one
 /// before the first employee stands at the desk; only to begin is not enough, since the engine begins on a
 /// file that it can only read, too. Returns an error that is not valid when all went well.
-QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
+QSqlError Prepare(QSqlQuery& query, const Engine& engine, const QString& path) {
     for (const QString& statement :
          {u"PRAGMA case_sensitive_like=ON"_s, u"PRAGMA temp_store=MEMORY"_s, u"PRAGMA synchronous=FULL"_s,
-          u"PRAGMA cache_size=-32000"_s, begin,
+          u"PRAGMA cache_size=-32000"_s, engine.BeginStatement(),
           u"SELECT user_version, page_size FROM pragma_user_version, pragma_page_size"_s}) {
         if (!query.exec(statement))
             return query.lastError();
@@ -86,7 +86,7 @@ QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
     // The engine itself notices only whole pages that are missing.
     if (pageSize > 0 && QFileInfo(path).size() % pageSize != 0)
         return QSqlError({}, u"incomplete page"_s, QSqlError::ConnectionError, QString::number(Corrupt));
-    for (const QString& statement : {u"PRAGMA user_version="_s + version, u"ROLLBACK"_s}) {
+    for (const QString& statement : {u"PRAGMA user_version="_s + version, engine.RollbackStatement()}) {
         if (!query.exec(statement))
             return query.lastError();
     }
@@ -95,33 +95,36 @@ QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
 
 } // namespace
 
-QSqlDatabase SqliteEngine::Open(const QString& connectionText) const {
-    const QString source = DataSourceOf(connectionText);
-    const QString path = FindFile(source);
-    if (path.isEmpty()) {
+QString SqliteEngine::FileAt(const QString& path) const {
+    return FindFile(path);
+}
+
+QSqlDatabase SqliteEngine::Open(const QString& path) const {
+    const QString file = FileAt(path);
+    if (file.isEmpty()) {
         throw DatabaseError(
             {CantOpen, u"SQLite"_s,
              u"File database tidak ditemukan: %1\nPeriksa apakah file itu ada dan dapat dibaca."_s.arg(
-                 QDir::toNativeSeparators(ToLocalPath(source)))});
+                 QDir::toNativeSeparators(ToLocalPath(path)))});
     }
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
     database.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(DefaultPatience.count()));
-    database.setDatabaseName(ExistingFileUri(path));
+    database.setDatabaseName(ExistingFileUri(file));
 
     DatabaseFailure failure;
     if (!database.open()) {
         failure = Describe(database.lastError());
     } else {
         QSqlQuery query(database);
-        if (const QSqlError error = Prepare(query, BeginStatement(), path); error.isValid())
+        if (const QSqlError error = Prepare(query, *this, file); error.isValid())
             failure = Describe(error);
     }
     if (failure.number != 0) {
         database.close();
         database = QSqlDatabase();
         QSqlDatabase::removeDatabase(name);
-        failure.description += u'\n' + QDir::toNativeSeparators(path);
+        failure.description += u'\n' + QDir::toNativeSeparators(file);
         throw DatabaseError(failure);
     }
     return database;
@@ -141,10 +144,23 @@ QString SqliteEngine::BeginStatement() const {
     return u"BEGIN IMMEDIATE"_s;
 }
 
+QString SqliteEngine::CommitStatement() const {
+    return u"COMMIT"_s;
+}
+
+QString SqliteEngine::RollbackStatement() const {
+    return u"ROLLBACK"_s;
+}
+
 QString SqliteEngine::ForeignChangesQuery() const {
     return u"PRAGMA data_version"_s;
 }
 
 QString SqliteEngine::PatienceStatement(std::chrono::milliseconds patience) const {
     return u"PRAGMA busy_timeout=%1"_s.arg(patience.count());
+}
+
+const EngineSchema& SqliteEngine::Schema() const {
+    static const SqliteSchema schema;
+    return schema;
 }

@@ -11,15 +11,15 @@ namespace {
 void WriteStatus(Connection& connection, const QString& sheet, SheetStatus status) {
     if (sheet.isEmpty())
         return;
-    Transaction transaction(connection);
-    Recordset master(connection, u"select * from timecardmaster where tcid="_s + Quoted(sheet));
-    if (master.AtEnd()) {
-        master.AddNew();
-        master.Set(u"TCID"_s, sheet);
-    }
-    master.Set(u"Status"_s, static_cast<int>(status));
-    master.Update();
-    transaction.Commit();
+    connection.InTransaction([&] {
+        Recordset master(connection, u"select * from timecardmaster where tcid="_s + Quoted(sheet));
+        if (master.AtEnd()) {
+            master.AddNew();
+            master.Set(u"TCID"_s, sheet);
+        }
+        master.Set(u"Status"_s, static_cast<int>(status));
+        master.Update();
+    });
 }
 
 } // namespace

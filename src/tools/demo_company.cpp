@@ -228,24 +228,23 @@ DemoSummary FillDemoCompany(Connection& connection, const DemoOptions& options,
     const std::vector<DemoEmployee> staff = MakeDemoStaff(options.employees);
     const Period attendance = AttendanceOf(options);
     const Period roster = RosterOf(options);
-    WorkDone work(options.employees * (roster.Length() + 2 * attendance.Length()), progress);
+    return connection.InTransaction([&]() -> DemoSummary {
+        WorkDone work(options.employees * (roster.Length() + 2 * attendance.Length()), progress);
+        WriteCodeTables(connection);
+        WriteUsers(connection, staff);
+        WriteStaff(connection, staff);
+        WriteRoster(connection, staff, roster, work);
 
-    Transaction transaction(connection);
-    WriteCodeTables(connection);
-    WriteUsers(connection, staff);
-    WriteStaff(connection, staff);
-    WriteRoster(connection, staff, roster, work);
-
-    // One sheet was opened again for a correction; the others are closed.
-    const Day reopened = attendance.last - weeks{1};
-    AttendanceWriter writer(connection);
-    for (Day day = attendance.first; day <= attendance.last; day += days{1}) {
-        writer.AddDay(staff, day, day == reopened ? SheetStatus::Open : SheetStatus::Closed);
-        work.Advance(qint64{2} * options.employees);
-    }
-    writer.Flush();
-    transaction.Commit();
-    return {attendance.first, writer.CardCount(), writer.SheetCount()};
+        // One sheet was opened again for a correction; the others are closed.
+        const Day reopened = attendance.last - weeks{1};
+        AttendanceWriter writer(connection);
+        for (Day day = attendance.first; day <= attendance.last; day += days{1}) {
+            writer.AddDay(staff, day, day == reopened ? SheetStatus::Open : SheetStatus::Closed);
+            work.Advance(qint64{2} * options.employees);
+        }
+        writer.Flush();
+        return {attendance.first, writer.CardCount(), writer.SheetCount()};
+    });
 }
 
 DemoSummary MakeDemoCompany(const QString& path, const DemoOptions& options, const DemoProgress& progress) {

@@ -1,6 +1,6 @@
 #include "tools/new_database_file.h"
 
-#include "database/schema.h"
+#include "database/database_file.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -104,7 +104,7 @@ private:
 
 void Store(Connection& db, const RandomCompany& company) {
     db.ExecuteNative(u"PRAGMA synchronous=OFF"_s);
-    Transaction transaction(db);
+    db.InTransaction([&] {
     for (const auto& [code, shift] : company.shifts)
         db.Execute(u"INSERT INTO Shift VALUES (?,?,?)"_s, {code, OrNull(shift.in), OrNull(shift.out)});
     for (const auto& [nip, pay] : company.employees)
@@ -119,7 +119,7 @@ void Store(Connection& db, const RandomCompany& company) {
             u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,BeriUangMakan) VALUES (?,?,?,?,?)"_s,
             {card.tcid, card.day, OrNull(card.in), OrNull(card.out), OrNull(card.meal)});
     }
-    transaction.Commit();
+    });
 }
 
 /// The rules once more, on the texts that stand in the database.

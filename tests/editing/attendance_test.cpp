@@ -1,4 +1,3 @@
-#include "database/connection_text.h"
 #include "database/sqlite_dialect.h"
 #include "editing/attendance_cards.h"
 #include "editing/attendance_model.h"
@@ -146,7 +145,7 @@ TEST_F(AttendanceTest, RefusesWhatNoGridHoldsAndStopsWhenAsked) {
 /// The history grows for years while the days that are shown stay few.
 TEST_F(AttendanceTest, ReadsInTwoStatementsByAnIndex) {
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), ConnectionText(company.DatabaseFile()));
+    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
     const DayRange day{company.clock.Today(), company.clock.Today()};
     for (const AttendanceCriteria& criteria :
          {AttendanceCriteria{{}, {}, {}, day}, AttendanceCriteria{{}, u"PROD"_s, u"A"_s, day},

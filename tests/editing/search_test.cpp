@@ -1,5 +1,4 @@
 #include "core/text_table.h"
-#include "database/connection_text.h"
 #include "editing/grid_row.h"
 #include "editing/search_criteria.h"
 #include "editing/search_model.h"
@@ -101,7 +100,7 @@ TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
 TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
     AddCards(301, 3);
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), ConnectionText(company.DatabaseFile()));
+    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
     model.Search(desk, u""_s);
     EXPECT_EQ(model.rowCount(), 198) << "the last card of the page would be cut";
     EXPECT_FALSE(model.IsWhole());

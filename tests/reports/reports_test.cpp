@@ -208,7 +208,7 @@ TEST(Reports, EveryLineOfATableIsAsLongAsItsRules) {
             made += pieces[static_cast<qsizetype>(random() % static_cast<unsigned>(pieces.size()))];
         return made;
     };
-    Transaction transaction(office.Db());
+    office.Db().InTransaction([&] {
     for (int i = 0; i < 60; ++i) {
         const QString nip = u"R%1"_s.arg(i, 1 + static_cast<int>(random() % 12), 10, QChar(u'0'));
         office.AddEmployee(nip, text(), u"x"_s, text(), text());
@@ -218,7 +218,7 @@ TEST(Reports, EveryLineOfATableIsAsLongAsItsRules) {
     for (int i = 10; i < 20; ++i)
         office.Db().Execute(u"INSERT INTO [Employee Status] VALUES (?,?,?)"_s,
                             {i, QString::number(i) + text(), text()});
-    transaction.Commit();
+    });
     for (const QStringView name : AllReports) {
         int width = 0;
         int tableLines = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/database_error.h"
+#include "database/connection.h"
 
 #include <QString>
 
@@ -13,4 +13,17 @@ QString FailureOf(Action&& action) {
         return error.Description();
     }
     return {};
+}
+
+/// Runs an action in a transaction that is taken back.
+template<class Action>
+void TakenBack(Connection& connection, Action&& action) {
+    struct Stop {};
+    try {
+        connection.InTransaction([&] {
+            action();
+            throw Stop();
+        });
+    } catch (const Stop&) {
+    }
 }
