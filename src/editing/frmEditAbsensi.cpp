@@ -1,6 +1,7 @@
 #include "editing/frmEditAbsensi.h"
 
 #include "compute/time_card_computation.h"
+#include "core/code_lists.h"
 #include "core/supervisor_check.h"
 #include "core/text_table.h"
 #include "editing/employee_status.h"
@@ -206,9 +207,9 @@ void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
 }
 
 void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor) {
-    OpenPickList(
-        program_, anchor, u"select Status, Description from [Employee Status] ORDER BY ID"_s,
-        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); });
+    OpenPickList(program_, anchor, PickListQuery::SearchStatuses, [this](const QVariantMap& values) {
+        editor_->TakePicked(values.value(u"Status"_s).toString());
+    });
 }
 
 /// Says why where it is not allowed.

@@ -1,5 +1,6 @@
 #include "shifts/frmShiftEmployee.h"
 
+#include "core/code_lists.h"
 #include "ui/cell_editor.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
@@ -135,10 +136,9 @@ void frmShiftEmployee::cmdRefresh_Click() {
 }
 
 void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor) {
-    OpenPickList(
-        program_, anchor,
-        u"select Code, Mid(TimeIn,12,5) as TimeIn, Mid(TimeOut,12,5) as TimeOut from Shift ORDER BY Code"_s,
-        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Code"_s).toString()); });
+    OpenPickList(program_, anchor, PickListQuery::Shifts, [this](const QVariantMap& values) {
+        editor_->TakePicked(values.value(u"Code"_s).toString());
+    });
 }
 
 bool frmShiftEmployee::SaveCell(const QModelIndex& cell) {

@@ -135,7 +135,7 @@ bool frmMain::Form_Load() {
     ui_->txtTCID->setText(SheetIdentifierOf(today));
     ui_->txtTanggal->setDate(ToQDate(today));
     SetUpGrid();
-    LoadEmployees(u" ORDER BY NAMA"_s);
+    LoadEmployees(SheetModel::FirstOrder());
     Timer1_Timer();
     Timer1.start();
     RestorePlace(*this, FirstSize);
@@ -264,7 +264,7 @@ void frmMain::LoadEmployees(const QString& sortClause) {
 }
 
 void frmMain::MSHFlexGrid1_MouseDown(int column) {
-    const QString clause = u" ORDER BY ["_s + sheet_.headerData(column, Qt::Horizontal).toString() + u"]"_s;
+    const QString clause = sheet_.OrderBy(column);
     if (clause != sortClause_)
         LoadEmployees(clause);
 }

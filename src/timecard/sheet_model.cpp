@@ -21,6 +21,14 @@ QString TimeCell(const std::optional<WallTime>& time) {
 
 SheetModel::SheetModel(const Clock& clock, QObject* parent) : QAbstractTableModel(parent), clock_(clock) {}
 
+QString SheetModel::FirstOrder() {
+    return u" ORDER BY NAMA"_s;
+}
+
+QString SheetModel::OrderBy(int column) const {
+    return u" ORDER BY ["_s + headerData(column, Qt::Horizontal).toString() + u']';
+}
+
 void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
     std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy);
     beginResetModel();

@@ -34,6 +34,10 @@ public:
         int absent = 0;
     };
 
+    /// The clauses that put the employee list in order: at first by name, then by a column as it is headed.
+    static QString FirstOrder();
+    QString OrderBy(int column) const;
+
     explicit SheetModel(const Clock& clock, QObject* parent = nullptr);
 
     /// Reads the employee list in the order of the clause; all are absent until the next refresh. Throws
