@@ -80,7 +80,6 @@ void frmAbsensi::ConnectControls() {
 void frmAbsensi::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&rows_);
-    grid.PaintStatus(AttendanceModel::Status, AttendanceModel::StatusRole);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
     const QFontMetrics metrics = grid.fontMetrics();
     const int padding = metrics.horizontalAdvance(u"MM"_s);

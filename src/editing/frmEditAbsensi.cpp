@@ -87,7 +87,6 @@ void frmEditAbsensi::ConnectControls() {
 void frmEditAbsensi::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&model_);
-    grid.PaintStatus(Status, SearchModel::StatusRole);
     grid.SetEmptyText(u"Isi kriteria lalu tekan Enter. Tanpa kriteria semua data dicari."_s);
     editor_ = new CellEditor(program_, grid, GridEditing());
     const QFontMetrics metrics = grid.fontMetrics();

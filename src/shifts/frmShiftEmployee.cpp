@@ -76,7 +76,6 @@ void frmShiftEmployee::ConnectControls() {
 void frmShiftEmployee::InitGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&roster_);
-    grid.PaintLooks(RosterModel::LookRole);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
     const QFontMetrics metrics = grid.fontMetrics();
     const int padding = 2 * Theme::CellPadding;

@@ -1,5 +1,6 @@
 #include "timecard/frmMain.h"
 
+#include "core/status_codes.h"
 #include "core/supervisor_check.h"
 #include "timecard/frmAED_Absen.h"
 #include "timecard/sheet_identifier.h"
@@ -29,9 +30,6 @@ constexpr int TickMilliseconds = 1200;
 constexpr Seconds RefreshEvery{5};
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
 constexpr std::chrono::milliseconds ClockPatience{200};
-/// The mode under which the entry window records a departure.
-const QString ClockOutMode = u"N"_s;
-const QString ClockInMode = u"IN"_s;
 constexpr int FileNotFoundNumber = 53;
 
 /// Ctrl+1 to Ctrl+9 and Ctrl+0 stand for a press on the header of the first to the tenth column.
@@ -146,7 +144,6 @@ bool frmMain::Form_Load() {
 void frmMain::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&sheet_);
-    grid.PaintStatus(SheetModel::Status, SheetModel::StatusRole);
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
     grid.horizontalHeader()->setToolTip(u"Klik judul kolom, atau Ctrl+1 sampai Ctrl+0, untuk mengurutkan"_s);
     const QFontMetrics metrics = grid.fontMetrics();
@@ -294,11 +291,11 @@ void frmMain::cmdButtons_Click(int index) {
 }
 
 void frmMain::mnIN_Click() {
-    OpenClockEntry(ClockInMode);
+    OpenClockEntry(ClockMode::In.toString());
 }
 
 void frmMain::mnOUT_Click() {
-    OpenClockEntry(ClockOutMode);
+    OpenClockEntry(ClockMode::Out.toString());
 }
 
 void frmMain::OpenClockEntry(const QString& mode) {

@@ -1,5 +1,6 @@
 #include "timecard/sheet_model.h"
 
+#include "core/status_codes.h"
 #include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 SheetEntry Absent() {
-    return {AbsentStatus.toString(), {}, {}, {}, {}};
+    return {CardStatus::Absent.toString(), {}, {}, {}, {}};
 }
 
 QString TimeCell(const std::optional<WallTime>& time) {
@@ -19,7 +20,19 @@ QString TimeCell(const std::optional<WallTime>& time) {
 
 } // namespace
 
-SheetModel::SheetModel(const Clock& clock, QObject* parent) : QAbstractTableModel(parent), clock_(clock) {}
+SheetModel::SheetModel(const Clock& clock, QObject* parent)
+    : TableModel({{u"Status"_s},
+                  {u"Dept"_s},
+                  {u"NIP"_s},
+                  {u"Nama"_s},
+                  {u"Time In"_s, Qt::AlignRight},
+                  {u"Time Out"_s, Qt::AlignRight},
+                  {u"Hours"_s, Qt::AlignRight},
+                  {u"OT In"_s, Qt::AlignRight},
+                  {u"OT Out"_s, Qt::AlignRight},
+                  {u"OT Hours"_s, Qt::AlignRight}},
+                 parent),
+      clock_(clock) {}
 
 QString SheetModel::FirstOrder() {
     return u" ORDER BY NAMA"_s;
@@ -98,18 +111,13 @@ void SheetModel::ForgetCards() {
     NotifyColumns(Status, OvertimeHours);
 }
 
-void SheetModel::NotifyColumns(int first, int last) {
-    if (!entries_.empty())
-        Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, last));
-}
-
 SheetModel::Counts SheetModel::Count() const {
     Counts counts;
     counts.employees = rowCount();
     for (const SheetEntry& entry : entries_) {
-        counts.in += entry.status == QStringView(u"IN");
-        counts.out += entry.status == QStringView(u"OUT");
-        counts.absent += entry.status == AbsentStatus;
+        counts.in += entry.status == CardStatus::In;
+        counts.out += entry.status == CardStatus::Out;
+        counts.absent += entry.status == CardStatus::Absent;
     }
     return counts;
 }
@@ -119,28 +127,8 @@ int SheetModel::RowOf(const QString& nip) const {
     return found == employees_.end() ? -1 : static_cast<int>(found - employees_.begin());
 }
 
-int SheetModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(employees_.size());
-}
-
-int SheetModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-QVariant SheetModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-        return Text(index.row(), index.column());
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(Qt::Alignment(index.column() >= TimeIn ? Qt::AlignRight : Qt::AlignLeft)
-                                   | Qt::AlignVCenter);
-    case StatusRole:
-        return entries_[static_cast<size_t>(index.row())].status;
-    default:
-        return {};
-    }
+CellLook SheetModel::LookOf(int row, int column) const {
+    return column == Status ? LookOfStatus(entries_[static_cast<size_t>(row)].status) : CellLook::Plain;
 }
 
 QString SheetModel::Text(int row, int column) const {
@@ -170,15 +158,4 @@ QString SheetModel::Text(int row, int column) const {
     default:
         return {};
     }
-}
-
-QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const QStringList headers{u"Status"_s,   u"Dept"_s,  u"NIP"_s,   u"Nama"_s,   u"Time In"_s,
-                                     u"Time Out"_s, u"Hours"_s, u"OT In"_s, u"OT Out"_s, u"OT Hours"_s};
-    if (orientation != Qt::Horizontal)
-        return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::Alignment(section >= TimeIn ? Qt::AlignRight : Qt::AlignLeft)
-                                   | Qt::AlignVCenter);
-    return role == Qt::DisplayRole ? QVariant(headers.value(section)) : QVariant();
 }

@@ -1,5 +1,6 @@
 #include "tour/tour.h"
 
+#include "core/status_codes.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
 #include "timecard/sheet_identifier.h"
@@ -75,9 +76,9 @@ void Tour::RecordColleagues() {
         if (nip == Employee || number % 6 == 0)
             continue;
         const WallTime arrival = TimeOnDay(today, 7h + 20min + Seconds{number * 37});
-        RecordClockEntry(program_.Db(), {sheet, today, u"IN"_s, arrival}, nip);
+        RecordClockEntry(program_.Db(), {sheet, today, ClockMode::In.toString(), arrival}, nip);
         if (number % 13 == 0)
-            RecordClockEntry(program_.Db(), {sheet, today, u"N"_s, arrival + 15min}, nip);
+            RecordClockEntry(program_.Db(), {sheet, today, ClockMode::Out.toString(), arrival + 15min}, nip);
     }
 }
 
