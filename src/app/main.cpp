@@ -1,11 +1,11 @@
 #include "app/desk_windows.h"
 #include "shell/frmLogin.h"
+#include "ui/guarded_application.h"
 #include "ui/message_dialogs.h"
 #include "ui/standard_texts.h"
 #include "ui/text_viewer.h"
 #include "ui/theme.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 
 using namespace Qt::StringLiterals;
@@ -29,7 +29,7 @@ QString HomeFolder(const QApplication& application) {
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QApplication::setApplicationName(u"timeattendance"_s);
     QApplication::setApplicationVersion(u"1.0"_s);
     Theme::Apply(application);
@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
         [&](LoginHandOver& channel) { frmLogin(clock, channel, skin, QApplication::activeWindow()).exec(); },
         ShowTextFile};
 
+    const auto guard = application.ReportTo(program);
     DeskWindows windows(program, skin);
     if (!windows.Desk().Form_Load())
         return 1;

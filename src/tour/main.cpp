@@ -1,9 +1,9 @@
 #include "tools/demo_company.h"
 #include "tour/tour.h"
+#include "ui/guarded_application.h"
 #include "ui/standard_texts.h"
 #include "ui/theme.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -28,7 +28,7 @@ void FillProgramFolder(const QDir& folder, const QDir& assets) {
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QStandardPaths::setTestModeEnabled(true);
     Theme::Apply(application);
     StandardTexts texts;
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
         const QTemporaryDir folder;
         FillProgramFolder(QDir(folder.path()), QDir(parser.value(assets)));
         QDir().mkpath(parser.value(pictures));
-        return Tour(folder.path(), parser.value(pictures)).Run() ? 0 : 1;
+        return Tour(application, folder.path(), parser.value(pictures)).Run() ? 0 : 1;
     } catch (const std::exception& error) {
         QTextStream(stderr) << error.what() << Qt::endl;
         return 2;

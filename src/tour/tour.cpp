@@ -26,7 +26,7 @@ void Print(const QString& line) {
 
 } // namespace
 
-Tour::Tour(const QString& programFolder, const QString& pictureFolder)
+Tour::Tour(GuardedApplication& application, const QString& programFolder, const QString& pictureFolder)
     : pictures_(pictureFolder), log_(programFolder + u"/VELTLOG.TXT"_s),
       program_{ProgramFolder(programFolder),
                clock_,
@@ -37,7 +37,8 @@ Tour::Tour(const QString& programFolder, const QString& pictureFolder)
                    frmLogin(clock_, channel, skin_, QApplication::activeWindow()).exec();
                },
                OpenTextViewer},
-      windows_(program_, skin_, [] { return u"United States"_s; }), desk_(&windows_.Desk()) {
+      windows_(program_, skin_, [] { return u"United States"_s; }), desk_(&windows_.Desk()),
+      guard_(application.ReportTo(program_)) {
     clock_.now = TimeOnDay(*MakeDay(2026, 11, 23), 7h + 41min + 5s);
 }
 

@@ -1,6 +1,7 @@
 #include "timecard/frmMain.h"
 
 #include "support/window_company.h"
+#include "ui/guarded_application.h"
 #include "ui/message_dialogs.h"
 
 #include <QAction>
@@ -278,6 +279,20 @@ TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
     });
     desk.company.clock.now = Moment(u"2026-11-22 07:58:30");
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.user.IsDone(); }));
+}
+
+TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
+    WindowCompany desk({.openSettings = [] { throw std::runtime_error("escaped"); }});
+    const auto guard = static_cast<GuardedApplication*>(qApp)->ReportTo(desk.company.program);
+    desk.window->SetAdminMode(true);
+    desk.Part<QPushButton>("cmdButtons_2").setFocus();
+    KeyboardUser::Press(Qt::Key_Space);
+    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"escaped"_s));
+    EXPECT_TRUE(BytesOf(desk.company.folder.filePath(u"VELTLOG.TXT"_s))
+                    .contains("Sub/Function: QPushButton.KeyRelease"));
+    EXPECT_TRUE(desk.window->isVisible());
+    desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
+    EXPECT_EQ(desk.company.RowsOf(Cards).size(), 1);
 }
 
 TEST(frmMain, ASheetIdentifierThatIsEmptyOrQuotedOpensNoEntryAndOneThatIsTypedReadsNoMonth) {
