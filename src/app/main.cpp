@@ -2,12 +2,12 @@
 #include "core/platform_files.h"
 #include "core/version.h"
 #include "shell/frmLogin.h"
+#include "ui/guarded_application.h"
 #include "ui/message_dialogs.h"
 #include "ui/standard_texts.h"
 #include "ui/text_viewer.h"
 #include "ui/theme.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 
 using namespace Qt::StringLiterals;
@@ -32,7 +32,7 @@ QString HomeFolder(const QApplication& application) {
 
 int main(int argc, char** argv) {
     TellFileSizeLimitAsError();
-    QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QApplication::setApplicationName(u"timeattendance"_s);
     QApplication::setApplicationVersion(ProgramVersion());
     Theme::Apply(application);
@@ -53,6 +53,7 @@ int main(int argc, char** argv) {
         [&](LoginHandOver& channel) { frmLogin(clock, channel, skin, QApplication::activeWindow()).exec(); },
         ShowTextFile};
 
+    const auto guard = application.ReportTo(program);
     DeskWindows windows(program, skin);
     if (!windows.Desk().Form_Load())
         return 1;

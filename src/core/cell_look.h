@@ -1,11 +1,25 @@
 #pragma once
 
-/// What is to be noticed about a cell of a grid. A model tells it under a role of its own; the theme gives it
-/// its colours.
+#include <Qt>
+
+/// What is to be noticed about a cell of a grid. A model tells it under CellLookRole; the theme gives it its
+/// colours. A chip is a code that is told by its colour, too.
 enum class CellLook {
     Plain,
     Tinted,   ///< set off from its neighbours: a day of rest
     Marked,   ///< the one that counts now: today
     Hatched,  ///< nothing can stand there
     Doubtful, ///< its contents need attention
+    Quiet,    ///< there is nothing to look at
+    GreenChip,
+    SlateChip,
+    AmberChip,
+    OrangeChip,
+    BlueChip,
 };
+
+constexpr bool IsChip(CellLook look) {
+    return look >= CellLook::GreenChip;
+}
+
+inline constexpr int CellLookRole = Qt::UserRole;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/cell_look.h"
+
 #include <QStringView>
 
 // The codes that the program itself gives a meaning. A company keeps the full lists of its codes in the
@@ -36,3 +38,6 @@ inline constexpr QStringView DayOff = u"O";
 namespace PayType {
 inline constexpr QStringView Daily = u"HRN";
 } // namespace PayType
+
+/// How a card's status is to be noticed in a grid.
+CellLook LookOfStatus(QStringView status);

@@ -85,7 +85,10 @@ void AppendPadded(QString& line, const QString& text, int width) {
 
 void TextGrid::SetHeaders(const QStringList& headers) {
     beginResetModel();
-    headers_ = headers;
+    std::vector<TableColumn> columns;
+    for (const QString& title : headers)
+        columns.push_back({title});
+    SetColumns(std::move(columns));
     rows_.clear();
     endResetModel();
 }
@@ -94,7 +97,7 @@ int TextGrid::AddRow(const QStringList& cells) {
     const int row = rowCount();
     beginInsertRows({}, row, row);
     QStringList padded = cells;
-    padded.resize(headers_.size());
+    padded.resize(columnCount());
     rows_.push_back(std::move(padded));
     endInsertRows();
     return row;
@@ -113,26 +116,6 @@ void TextGrid::SetRows(std::vector<QStringList> rows) {
     beginResetModel();
     rows_ = std::move(rows);
     endResetModel();
-}
-
-int TextGrid::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
-int TextGrid::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(headers_.size());
-}
-
-QVariant TextGrid::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole)
-        return {};
-    return Text(index.row(), index.column());
-}
-
-QVariant TextGrid::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
-        return {};
-    return headers_.value(section);
 }
 
 void SetupGrid(TextGrid& grid, const QStringList& headers) {

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "core/progress.h"
+#include "core/table_model.h"
 
-#include <QAbstractTableModel>
-#include <QString>
 #include <QStringList>
 
 #include <vector>
@@ -22,27 +21,22 @@ QString PadText(const QString& text, int width);
 void AppendPadded(QString& line, const QString& text, int width);
 
 /// A small table of texts: work grids of prints, the rows of a pick list.
-class TextGrid : public QAbstractTableModel {
+class TextGrid : public TableModel {
     Q_OBJECT
 public:
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit TextGrid(QObject* parent = nullptr) : TableModel({}, parent) {}
 
     void SetHeaders(const QStringList& headers);
-    const QStringList& Headers() const { return headers_; }
     /// Takes all rows at once, in place of the present ones. Each has a cell for every header.
     void SetRows(std::vector<QStringList> rows);
     /// Adds a row and returns its number, counted from 0. Missing cells are empty.
     int AddRow(const QStringList& cells);
     void SetText(int row, int column, const QString& text);
-    QString Text(int row, int column) const;
-
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    QString Text(int row, int column) const override;
 
 private:
-    QStringList headers_;
+    int RowCount() const override { return static_cast<int>(rows_.size()); }
+
     std::vector<QStringList> rows_;
 };
 

@@ -1,5 +1,7 @@
 #include "editing/attendance_model.h"
 
+#include "core/status_codes.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -24,13 +26,21 @@ QString CardText(const AttendanceRecord& record, int column) {
     }
 }
 
-QVariant AlignmentOf(int column) {
-    const bool figure = column == AttendanceModel::SerialNumber || column == AttendanceModel::TimeIn
-                        || column == AttendanceModel::TimeOut;
-    return QVariant::fromValue(Qt::Alignment(figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-}
-
 } // namespace
+
+AttendanceModel::AttendanceModel(QObject* parent)
+    : TableModel({{u"Sr.No"_s, Qt::AlignRight},
+                  {u"NIP"_s},
+                  {u"Nama"_s},
+                  {u"Dept"_s},
+                  {u"Divisi"_s},
+                  {u"Tanggal"_s},
+                  {u"TimeIN"_s, Qt::AlignRight},
+                  {u"TimeOUT"_s, Qt::AlignRight},
+                  {u"Status"_s},
+                  {u"Keterangan"_s},
+                  {u"TCID"_s}},
+                 parent) {}
 
 void AttendanceModel::Show(Attendance attendance) {
     beginResetModel();
@@ -76,28 +86,8 @@ void AttendanceModel::SetRecord(int row, std::optional<AttendanceRecord> record)
     Q_EMIT dataChanged(index(row, TimeIn), index(row, Tcid));
 }
 
-int AttendanceModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(attendance_.RowCount());
-}
-
-int AttendanceModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-QVariant AttendanceModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return Text(index.row(), index.column());
-    case Qt::TextAlignmentRole:
-        return AlignmentOf(index.column());
-    case StatusRole:
-        return Text(index.row(), Status);
-    default:
-        return {};
-    }
+CellLook AttendanceModel::LookOf(int row, int column) const {
+    return column == Status ? LookOfStatus(Text(row, column)) : CellLook::Plain;
 }
 
 QString AttendanceModel::Text(int row, int column) const {
@@ -121,15 +111,4 @@ QString AttendanceModel::Text(int row, int column) const {
     const Place place = PlaceOf(row);
     const AttendanceRecord* record = attendance_.Find(place.day, place.employee);
     return record ? CardText(*record, column) : QString();
-}
-
-QVariant AttendanceModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const QStringList headers{u"Sr.No"_s,  u"NIP"_s,        u"Nama"_s,   u"Dept"_s,
-                                     u"Divisi"_s, u"Tanggal"_s,    u"TimeIN"_s, u"TimeOUT"_s,
-                                     u"Status"_s, u"Keterangan"_s, u"TCID"_s};
-    if (orientation != Qt::Horizontal)
-        return {};
-    if (role == Qt::TextAlignmentRole)
-        return AlignmentOf(section);
-    return role == Qt::DisplayRole ? QVariant(headers.value(section)) : QVariant();
 }

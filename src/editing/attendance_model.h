@@ -1,12 +1,11 @@
 #pragma once
 
+#include "core/table_model.h"
 #include "editing/attendance_refresh.h"
-
-#include <QAbstractTableModel>
 
 /// One row for every employee on every day, days outermost, whether or not there is a card. It holds
 /// employees, days and cards; a cell's text is made when the cell is shown.
-class AttendanceModel : public QAbstractTableModel {
+class AttendanceModel : public TableModel {
     Q_OBJECT
 public:
     enum Column {
@@ -23,7 +22,6 @@ public:
         Tcid,
         ColumnCount
     };
-    enum Role { StatusRole = Qt::UserRole };
 
     /// Whose day a row is.
     struct RowKey {
@@ -31,7 +29,7 @@ public:
         Day day{};
     };
 
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit AttendanceModel(QObject* parent = nullptr);
 
     /// Shows these in place of the present rows.
     void Show(Attendance attendance);
@@ -46,11 +44,6 @@ public:
     /// Nothing: the day has no card (any more).
     void SetRecord(int row, std::optional<AttendanceRecord> record);
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-
 private:
     struct Place {
         size_t employee;
@@ -59,7 +52,9 @@ private:
 
     Place PlaceOf(int row) const;
     const ListedEmployee& EmployeeAt(int row) const;
-    QString Text(int row, int column) const;
+    int RowCount() const override { return static_cast<int>(attendance_.RowCount()); }
+    QString Text(int row, int column) const override;
+    CellLook LookOf(int row, int column) const override;
 
     Attendance attendance_;
 };

@@ -7,6 +7,7 @@
 #include "editing/employee_status.h"
 #include "reports/report_file.h"
 #include "ui/cell_editor.h"
+#include "ui/code_combo.h"
 #include "ui/date_box.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
@@ -24,28 +25,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize FirstSize(1280, 700);
-const QString All = u"<ALL>"_s;
 /// How many letters of a department or division are seen at once.
 constexpr int WidestName = 28;
-
-std::optional<QString> ChosenCode(const QComboBox& list) {
-    return list.currentIndex() > 0 ? std::optional(list.currentData().toString()) : std::nullopt;
-}
-
-/// What was chosen stays chosen.
-void FillList(Connection& connection, QComboBox& list, const QString& query) {
-    const std::optional<QString> chosen = ChosenCode(list);
-    Cursor rows = connection.Query(query);
-    list.clear();
-    list.addItem(All);
-    while (rows.Next()) {
-        const QString code = rows.Text(0);
-        const QString name = rows.Text(1);
-        list.addItem(name.isEmpty() ? code : name, code);
-        if (code == chosen)
-            list.setCurrentIndex(list.count() - 1);
-    }
-}
 
 QString FilterText(const AttendanceCriteria& criteria, const QComboBox& dept, const QComboBox& divisi) {
     if (!criteria.nip.isEmpty())
@@ -101,7 +82,6 @@ void frmAbsensi::ConnectControls() {
 void frmAbsensi::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&rows_);
-    grid.PaintStatus(AttendanceModel::Status, AttendanceModel::StatusRole);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
     const QFontMetrics metrics = grid.fontMetrics();
     const int padding = metrics.horizontalAdvance(u"MM"_s);
@@ -141,9 +121,9 @@ void frmAbsensi::SetUpGrid() {
 /// The window is kept while it is closed: what it offers is that of the moment when it opens.
 void frmAbsensi::Form_Load() {
     Trapped(program_, u"Form_Load"_s, [this] {
-        FillList(program_.Db(), *ui_->txtDivisi, u"SELECT DivKode, DivName FROM Division ORDER BY DivName"_s);
-        FillList(program_.Db(), *ui_->txtDept,
-                 u"SELECT DeptCode, DeptName FROM Departments ORDER BY DeptName"_s);
+        using enum CodeLists::DepartmentColumns;
+        OfferCodes(*ui_->txtDivisi, CodeLists::Divisions(program_.Db()));
+        OfferCodes(*ui_->txtDept, CodeLists::Departments(program_.Db(), Joined));
     });
     const Day today = program_.clock.Today();
     if (std::exchange(openedOn_, today) == today)
@@ -250,14 +230,14 @@ void frmAbsensi::cmdOpenCard_Click() {
 }
 
 void frmAbsensi::cmdEmpl_Click() {
-    OpenPickList(
-        program_, *ui_->txtEmpl, u"select NIP, Nama from Employee ORDER BY NIP"_s,
-        [this](const QVariantMap& values) { ui_->txtEmpl->setText(values.value(u"NIP"_s).toString()); });
+    OpenPickList(program_, *ui_->txtEmpl, PickListQuery::BrowserEmployees, [this](const QVariantMap& values) {
+        ui_->txtEmpl->setText(values.value(u"NIP"_s).toString());
+    });
 }
 
 void frmAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
     OpenPickList(
-        program_, anchor, u"select [ID], [Status], [Description] from [Employee Status] ORDER BY ID"_s,
+        program_, anchor, PickListQuery::BrowserStatuses,
         [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); },
         reason);
 }

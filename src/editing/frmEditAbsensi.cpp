@@ -1,6 +1,7 @@
 #include "editing/frmEditAbsensi.h"
 
 #include "cards/card_computation.h"
+#include "core/code_lists.h"
 #include "core/supervisor_check.h"
 #include "core/text_table.h"
 #include "editing/computation_words.h"
@@ -87,7 +88,6 @@ void frmEditAbsensi::ConnectControls() {
 void frmEditAbsensi::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&model_);
-    grid.PaintStatus(Status, SearchModel::StatusRole);
     grid.SetEmptyText(u"Isi kriteria lalu tekan Enter. Tanpa kriteria semua data dicari."_s);
     editor_ = new CellEditor(program_, grid, GridEditing());
     const QFontMetrics metrics = grid.fontMetrics();
@@ -210,7 +210,7 @@ void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
 
 void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
     OpenPickList(
-        program_, anchor, u"select Status, Description from [Employee Status] ORDER BY ID"_s,
+        program_, anchor, PickListQuery::SearchStatuses,
         [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); },
         reason);
 }

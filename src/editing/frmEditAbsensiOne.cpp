@@ -1,6 +1,7 @@
 #include "editing/frmEditAbsensiOne.h"
 
 #include "cards/card_computation.h"
+#include "core/code_lists.h"
 #include "core/query_values.h"
 #include "database/statement.h"
 #include "editing/computation_words.h"
@@ -20,8 +21,8 @@ namespace {
 
 enum Button { Simpan = 1, Batal = 2 };
 
-/// The time that a box shows, where the card has none at all the box is not counted.
-std::optional<WallTime> TimeIn(const MomentBox& box, bool given, const std::optional<WallTime>& loaded) {
+/// The time that a box shows; what was loaded while the box does not count.
+std::optional<WallTime> TimeOf(const MomentBox& box, bool given, const std::optional<WallTime>& loaded) {
     return given ? std::optional(box.Value()) : loaded;
 }
 
@@ -87,9 +88,8 @@ void frmEditAbsensiOne::Form_Load() {
 
 void frmEditAbsensiOne::FillStatusList() {
     ui_->txtStatus->clear();
-    Cursor rows = program_.Db().Query(u"SELECT Kode,Keterangan FROM AbsenTipe ORDER BY Kode"_s);
-    while (rows.Next())
-        ui_->txtStatus->addItem(rows.Text(0), rows.Text(1));
+    for (const CodeName& type : CodeLists::AbsenceTypes(program_.Db()))
+        ui_->txtStatus->addItem(type.code, type.name);
 }
 
 void frmEditAbsensiOne::Form_Activate() {
@@ -99,8 +99,7 @@ void frmEditAbsensiOne::Form_Activate() {
 
 void frmEditAbsensiOne::LoadTimeCard() {
     auto card = std::make_unique<EditedCard>(program_.Db(), tcid_, nip_);
-    QString name;
-    modGeneral::QueryValues(program_.Db(), u"select Nama from Employee where nip="_s + Quoted(nip_), name);
+    const QString name = EmployeeName(program_.Db(), nip_).value_or(QString());
     card_ = std::move(card);
     ui_->lblNama->setText(name);
     ShowFields(card_->Fields(program_.clock.Today()));
@@ -147,11 +146,11 @@ CardFields frmEditAbsensiOne::TypedFields() const {
     fields.keterangan = ui_->txtKeterangan->text();
     fields.mealAllowance = ui_->chkUangMakan->isChecked();
     fields.normalGiven = ui_->chkTimeIO->isChecked();
-    fields.timeIn = TimeIn(*ui_->txtTIN, fields.normalGiven, read.timeIn);
-    fields.timeOut = TimeIn(*ui_->txtTOUT, fields.normalGiven, read.timeOut);
+    fields.timeIn = TimeOf(*ui_->txtTIN, fields.normalGiven, read.timeIn);
+    fields.timeOut = TimeOf(*ui_->txtTOUT, fields.normalGiven, read.timeOut);
     fields.overtimeGiven = ui_->chkOTIO->isChecked();
-    fields.overtimeIn = TimeIn(*ui_->txtOTIN, fields.overtimeGiven, read.overtimeIn);
-    fields.overtimeOut = TimeIn(*ui_->txtOTOUT, fields.overtimeGiven, read.overtimeOut);
+    fields.overtimeIn = TimeOf(*ui_->txtOTIN, fields.overtimeGiven, read.overtimeIn);
+    fields.overtimeOut = TimeOf(*ui_->txtOTOUT, fields.overtimeGiven, read.overtimeOut);
     fields.normalAmount = ui_->txtNAmount->text();
     fields.otAmount = ui_->txtOTAmount->text();
     return fields;

@@ -1,5 +1,6 @@
 #include "editing/search_model.h"
 
+#include "core/status_codes.h"
 #include "database/database_error.h"
 #include "editing/grid_row.h"
 
@@ -22,7 +23,16 @@ QString FlagText(const QString& typed) {
     return yes.contains(typed.trimmed().toLower()) ? u"True"_s : u"False"_s;
 }
 
+std::vector<TableColumn> Columns() {
+    std::vector<TableColumn> columns;
+    for (int column = 0; column < ColumnCount; ++column)
+        columns.push_back({SearchColumnName(column), IsFigure(column) ? Qt::AlignRight : Qt::AlignLeft});
+    return columns;
+}
+
 } // namespace
+
+SearchModel::SearchModel(QObject* parent) : TableModel(Columns(), parent) {}
 
 void SearchModel::Search(Connection& connection, const QString& whereClause) {
     CardSearch pages(whereClause);
@@ -59,8 +69,7 @@ void SearchModel::Reread(const Progress& progress) {
         // As a rule the same rows: the grid keeps its place.
         rows_ = std::move(rows);
         edited_.clear();
-        if (!rows_.empty())
-            Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+        NotifyColumns(0, ColumnCount - 1);
     } else {
         beginResetModel();
         rows_ = std::move(rows);
@@ -128,31 +137,19 @@ void SearchModel::DeleteRow(int row) {
 
 void SearchModel::ShowRowAnew(int row) {
     edited_.remove(row);
-    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+    NotifyRow(row);
 }
 
-int SearchModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
-int SearchModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-QVariant SearchModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::Alignment(IsFigure(index.column()) ? Qt::AlignRight : Qt::AlignLeft)
-                                   | Qt::AlignVCenter);
-    const int column = role == StatusRole ? static_cast<int>(Status) : index.column();
-    if (role != Qt::DisplayRole && role != Qt::EditRole && role != StatusRole)
-        return {};
+QString SearchModel::Text(int row, int column) const {
     if (column == SerialNo)
-        return QString::number(index.row() + 1);
-    const auto edited = edited_.constFind(index.row());
+        return QString::number(row + 1);
+    const auto edited = edited_.constFind(row);
     return edited != edited_.cend() ? edited->at(column - 1)
-                                    : SearchCellText(rows_[static_cast<size_t>(index.row())], column);
+                                    : SearchCellText(rows_[static_cast<size_t>(row)], column);
+}
+
+CellLook SearchModel::LookOf(int row, int column) const {
+    return column == Status ? LookOfStatus(Text(row, column)) : CellLook::Plain;
 }
 
 bool SearchModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -164,15 +161,6 @@ bool SearchModel::setData(const QModelIndex& index, const QVariant& value, int r
     edited_.insert(index.row(), elements);
     Q_EMIT dataChanged(index, index);
     return true;
-}
-
-QVariant SearchModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal)
-        return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::Alignment(IsFigure(section) ? Qt::AlignRight : Qt::AlignLeft)
-                                   | Qt::AlignVCenter);
-    return role == Qt::DisplayRole ? QVariant(SearchColumnName(section)) : QVariant();
 }
 
 bool SearchModel::canFetchMore(const QModelIndex& parent) const {

@@ -1,22 +1,20 @@
 #pragma once
 
+#include "cards/card_search.h"
 #include "core/progress.h"
+#include "core/table_model.h"
 #include "editing/search_row.h"
 
-#include <QAbstractTableModel>
 #include <QHash>
 
 #include <exception>
 
 /// The search's result as the grid shows it, and what was typed into its rows and is not saved yet. Rows are
 /// fetched as they come into sight and kept compact; a cell's text is made when the cell is shown.
-class SearchModel : public QAbstractTableModel {
+class SearchModel : public TableModel {
     Q_OBJECT
 public:
-    /// The status code of a row, for painting.
-    enum Role { StatusRole = Qt::UserRole };
-
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit SearchModel(QObject* parent = nullptr);
 
     /// Runs the search and shows its first rows. Throws DatabaseError, and shows what it showed before then.
     void Search(Connection& connection, const QString& whereClause);
@@ -52,11 +50,7 @@ public:
     /// like DeleteRowsDay.
     void DeleteRow(int row);
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
 
@@ -65,6 +59,9 @@ Q_SIGNALS:
     void FetchFailed(std::exception_ptr failure);
 
 private:
+    int RowCount() const override { return static_cast<int>(rows_.size()); }
+    QString Text(int row, int column) const override;
+    CellLook LookOf(int row, int column) const override;
     void Append(std::vector<FoundDay> page);
     void ShowRowAnew(int row);
 

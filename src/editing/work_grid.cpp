@@ -92,7 +92,7 @@ QStringList WorkGrid::Lines(const QStringList& pageHeading) const {
     int dayWidth = LeastDayWidth;
     for (int column = FirstDayColumn; column < grdTemp.columnCount(); ++column)
         dayWidth = WidthOf(column, dayWidth);
-    const int serialNoWidth = modGeneral::CharactersIn(grdTemp.Headers().first());
+    const int serialNoWidth = modGeneral::CharactersIn(grdTemp.headerData(0, Qt::Horizontal).toString());
     modGeneral::ColumnWidths widths{WidthOf(0, serialNoWidth), WidthOf(1, KeyWidth), NameWidth};
     widths.resize(static_cast<size_t>(grdTemp.columnCount()), dayWidth);
     return modGeneral::GridToTextTable(grdTemp, widths, pageHeading);

@@ -1,7 +1,7 @@
 #include "reports/frmRptCriteria.h"
 
-#include "core/query_values.h"
 #include "reports/report_file.h"
+#include "ui/code_combo.h"
 #include "ui/date_box.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
@@ -19,15 +19,6 @@ const QString ReversedHint = u"Tanggal akhir mendahului tanggal awal: laporan ti
 
 QString Routine(QStringView name) {
     return u"frmRptCriteria.%1"_s.arg(name);
-}
-
-/// The rows of a query as code and name, after the choice of all.
-void FillCodes(QComboBox& list, Connection& connection, const QString& query) {
-    list.clear();
-    list.addItem(All, All);
-    Cursor rows = connection.Query(query);
-    while (rows.Next())
-        list.addItem(rows.Text(1), rows.Text(0));
 }
 
 ReportChoice ChoiceOf(const QComboBox& list) {
@@ -81,9 +72,9 @@ void frmRptCriteria::FillLists() {
           std::pair{u"Dept,Nama"_s, u"Departemen"_s}, std::pair{u"Divisi,Nama"_s, u"Divisi"_s}})
         ui_->txtSort->addItem(shown, sort);
     ui_->txtSort->setCurrentIndex(ui_->txtSort->findData(u"Nama"_s));
-    FillCodes(*ui_->txtDept, program_.Db(),
-              u"SELECT [Dept Code], [Dept Name] FROM [Departments] ORDER BY [Dept Name]"_s);
-    FillCodes(*ui_->txtDivisi, program_.Db(), u"SELECT DivKode, DivName FROM Division ORDER BY DivName"_s);
+    using enum CodeLists::DepartmentColumns;
+    OfferCodes(*ui_->txtDept, CodeLists::Departments(program_.Db(), Spaced));
+    OfferCodes(*ui_->txtDivisi, CodeLists::Divisions(program_.Db()));
 }
 
 void frmRptCriteria::EnableCriteria() {
@@ -116,12 +107,12 @@ void frmRptCriteria::ShowEmployeeName() {
     ui_->lblEmplName->clear();
     if (ui_->txtEmpl->text() == All)
         return;
-    Cursor rows = program_.Db().Query(u"select Nama from Employee where NIP=?"_s, {ui_->txtEmpl->text()});
-    ui_->lblEmplName->setText(rows.Next() ? rows.Text(0) : u"NIP ini tidak terdaftar."_s);
+    ui_->lblEmplName->setText(
+        EmployeeName(program_.Db(), ui_->txtEmpl->text()).value_or(u"NIP ini tidak terdaftar."_s));
 }
 
 void frmRptCriteria::cmdLov_Click() {
-    OpenPickList(program_, *ui_->txtEmpl, u"select [NIP], [Nama] from [Employee] ORDER BY [NIP]"_s,
+    OpenPickList(program_, *ui_->txtEmpl, PickListQuery::ReportEmployees,
                  [this](const QVariantMap& values) { LOV_AfterListClose(values); });
 }
 
@@ -155,7 +146,8 @@ void frmRptCriteria::PrintReport() {
         WorkProgress progress(this, report_->title.toString());
         ReportFile file(program_.folder);
         listed = report_->print(
-            program_.Db(), Criteria(), [&file](const QString& line) { file.Write(line); }, std::ref(progress));
+            program_.Db(), Criteria(), [&file](const QString& line) { file.Write(line); },
+            std::ref(progress));
         if (listed)
             file.Commit();
     }

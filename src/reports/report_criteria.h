@@ -1,11 +1,9 @@
 #pragma once
 
 #include "cards/card_lines.h"
+#include "core/code_lists.h"
 
 #include <QString>
-
-/// The criterion that does not filter.
-inline constexpr QStringView AllChoice = u"<ALL>";
 
 /// A department or division as it was chosen: what rows hold, and what the user reads.
 struct ReportChoice {

@@ -41,7 +41,6 @@ void frmShiftCode::SetUpGrid() {
     DataGrid& grid = *ui_->DataGrid1;
     grid.setModel(&rstShift_);
     grid.EditCells(0);
-    grid.PaintLooks(ShiftCodeModel::LookRole);
     grid.setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
     const QFontMetrics metrics = grid.fontMetrics();

@@ -1,5 +1,6 @@
 #include "shifts/frmShiftEmployee.h"
 
+#include "core/code_lists.h"
 #include "ui/cell_editor.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
@@ -75,7 +76,6 @@ void frmShiftEmployee::ConnectControls() {
 void frmShiftEmployee::InitGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&roster_);
-    grid.PaintLooks(RosterModel::LookRole);
     grid.SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
     const QFontMetrics metrics = grid.fontMetrics();
     const int padding = 2 * Theme::CellPadding;
@@ -139,8 +139,7 @@ void frmShiftEmployee::cmdRefresh_Click() {
 
 void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
     OpenPickList(
-        program_, anchor,
-        u"select Code, Mid(TimeIn,12,5) as TimeIn, Mid(TimeOut,12,5) as TimeOut from Shift ORDER BY Code"_s,
+        program_, anchor, PickListQuery::Shifts,
         [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Code"_s).toString()); },
         reason);
 }

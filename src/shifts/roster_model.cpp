@@ -32,10 +32,17 @@ PeriodText ReadPeriod(const QString& period) {
         "202611."_s.arg(period));
 }
 
+std::vector<TableColumn> Columns() {
+    std::vector<TableColumn> columns{{u"Sr.No"_s, Qt::AlignRight}, {u"NIP"_s}, {u"Nama"_s}};
+    for (int day = 1; day <= RosterModel::DayColumns; ++day)
+        columns.push_back({QString::number(day), Qt::AlignHCenter});
+    return columns;
+}
+
 } // namespace
 
 RosterModel::RosterModel(const Clock& clock, QObject* parent)
-    : QAbstractTableModel(parent), clock_(clock), codes_(1) {}
+    : TableModel(Columns(), parent), clock_(clock), codes_(1) {}
 
 bool RosterModel::LoadEmployees(Connection& connection, const Progress& progress) {
     std::vector<RosterEmployee> employees;
@@ -79,8 +86,7 @@ bool RosterModel::LoadRoster(Connection& connection, const QString& period, cons
     roster_ = std::move(roster);
     month_ = read.value;
     SetDayLooks();
-    if (!employees_.empty())
-        Q_EMIT dataChanged(index(0, FirstDay), index(rowCount() - 1, ColumnCount - 1));
+    NotifyColumns(FirstDay, ColumnCount - 1);
     Q_EMIT headerDataChanged(Qt::Horizontal, FirstDay, ColumnCount - 1);
     return true;
 }
@@ -203,54 +209,26 @@ int RosterModel::CountUnlisted() const {
     return count;
 }
 
-int RosterModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(employees_.size());
-}
-
-int RosterModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
+QString RosterModel::Text(int row, int column) const {
+    if (column == SrNo)
+        return QString::number(row + 1);
+    if (column >= FirstDay)
+        return CodeOf(row, column).text;
+    const RosterEmployee& employee = employees_[static_cast<size_t>(row)];
+    return column == Nip ? employee.nip : employee.nama;
 }
 
 QVariant RosterModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    const int column = index.column();
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        if (column == SrNo)
-            return QString::number(index.row() + 1);
-        if (column >= FirstDay)
-            return CodeOf(index.row(), column).text;
-        return column == Nip ? employees_[static_cast<size_t>(index.row())].nip
-                             : employees_[static_cast<size_t>(index.row())].nama;
-    case Qt::ToolTipRole:
-        return column >= FirstDay ? DescribeCell(index) : employees_[static_cast<size_t>(index.row())].nama;
-    case LookRole:
-        return static_cast<int>(LookOf(index.row(), column));
-    case Qt::TextAlignmentRole:
-        return headerData(column, Qt::Horizontal, role);
-    default:
-        return {};
-    }
+    if (!index.isValid() || role != Qt::ToolTipRole)
+        return TableModel::data(index, role);
+    return index.column() >= FirstDay ? DescribeCell(index) : Text(index.row(), Nama);
 }
 
 QVariant RosterModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
-        return {};
-    if (role == Qt::TextAlignmentRole) {
-        const Qt::Alignment across =
-            section == SrNo ? Qt::AlignRight : (section < FirstDay ? Qt::AlignLeft : Qt::AlignHCenter);
-        return QVariant::fromValue(across | Qt::AlignVCenter);
-    }
-    if (role == Qt::ToolTipRole) {
-        const std::optional<Day> day = DayOfColumn(section);
-        return day ? ShownDay(*day) : QVariant();
-    }
-    if (role != Qt::DisplayRole)
-        return {};
-    static const QStringList titles{u"Sr.No"_s, u"NIP"_s, u"Nama"_s};
-    return section < FirstDay ? titles.at(section) : QString::number(section - FirstDay + 1);
+    if (orientation != Qt::Horizontal || role != Qt::ToolTipRole)
+        return TableModel::headerData(section, orientation, role);
+    const std::optional<Day> day = DayOfColumn(section);
+    return day ? ShownDay(*day) : QVariant();
 }
 
 bool RosterModel::setData(const QModelIndex& index, const QVariant& value, int role) {

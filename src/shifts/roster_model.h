@@ -1,11 +1,10 @@
 #pragma once
 
-#include "core/cell_look.h"
 #include "core/clock.h"
 #include "core/progress.h"
+#include "core/table_model.h"
 #include "database/connection.h"
 
-#include <QAbstractTableModel>
 #include <QHash>
 
 #include <array>
@@ -13,13 +12,11 @@
 
 /// The shift roster of one month: a row for each employee, a column for each day. There are always 31 day
 /// columns. A cell keeps the number of its code, not the text: a month of thousands of employees stays small.
-class RosterModel : public QAbstractTableModel {
+class RosterModel : public TableModel {
     Q_OBJECT
 public:
     static constexpr int DayColumns = 31;
     enum Column { SrNo, Nip, Nama, FirstDay, ColumnCount = FirstDay + DayColumns };
-    /// The role of a cell's CellLook.
-    static constexpr int LookRole = Qt::UserRole;
 
     explicit RosterModel(const Clock& clock, QObject* parent = nullptr);
 
@@ -46,8 +43,6 @@ public:
     /// How many cells hold a code that is none of the shift codes.
     int CountUnlisted() const;
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
@@ -69,7 +64,9 @@ private:
     void PlaceShift(std::vector<Days>& roster, const QString& nip, Day day, const QString& shiftCode);
     int NumberOf(const QString& code);
     const Code& CodeOf(int row, int column) const;
-    CellLook LookOf(int row, int column) const;
+    int RowCount() const override { return static_cast<int>(employees_.size()); }
+    QString Text(int row, int column) const override;
+    CellLook LookOf(int row, int column) const override;
     std::optional<Day> DayOfColumn(int column) const;
     void SetDayLooks();
 

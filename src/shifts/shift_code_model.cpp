@@ -19,11 +19,8 @@ constexpr int BadValueNumber = 13;
 constexpr int NotReadNumber = 91;
 constexpr std::chrono::days OneDay{1};
 
-/// In the order of the columns.
-const QStringList& Titles() {
-    static const QStringList titles{u"Code"_s, u"TimeIn"_s, u"TimeOut"_s};
-    return titles;
-}
+/// The columns are headed as the fields that they show.
+constexpr QStringView Titles[] = {u"Code", u"TimeIn", u"TimeOut"};
 
 /// A time of day as it is typed.
 struct TypedTime {
@@ -50,10 +47,14 @@ WallTime EndOfShift(const std::optional<TypedTime>& start, const TypedTime& end)
 [[noreturn]] void RefuseTime(int column, const QString& text) {
     throw ProgramError(
         BadValueNumber,
-        u"%1: \"%2\" bukan jam. Ketik jam sebagai hh:mm, misalnya 07:30."_s.arg(Titles().at(column), text));
+        u"%1: \"%2\" bukan jam. Ketik jam sebagai hh:mm, misalnya 07:30."_s.arg(Titles[column], text));
 }
 
 } // namespace
+
+ShiftCodeModel::ShiftCodeModel(QObject* parent)
+    : TableModel({{Titles[Code].toString()}, {Titles[TimeIn].toString()}, {Titles[TimeOut].toString()}},
+                 parent) {}
 
 void ShiftCodeModel::Refresh(Connection& connection) {
     auto read = std::make_unique<Recordset>(connection, u"select Code,TimeIn,TimeOut from Shift"_s);
@@ -195,18 +196,13 @@ void ShiftCodeModel::ShowNextDay() {
         typed_[TimeOut] = ShownShiftTime(EndOfShift(start, *end), DayZero);
 }
 
-void ShiftCodeModel::NotifyRow(int row) {
-    if (row < rowCount())
-        Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
-}
-
 QString ShiftCodeModel::Text(int row, int column) const {
     return row == rowInEdit_ ? typed_[static_cast<size_t>(column)] : StoredText(row, column);
 }
 
 QString ShiftCodeModel::StoredText(int row, int column) const {
     rstShift_->MoveTo(row);
-    const FieldValue value = rstShift_->Field(Titles().at(column));
+    const FieldValue value = rstShift_->Field(Titles[column].toString());
     const std::optional<WallTime> time = column == Code ? std::nullopt : value.Time();
     if (!time)
         return value.Text();
@@ -214,31 +210,8 @@ QString ShiftCodeModel::StoredText(int row, int column) const {
     return ShownShiftTime(*time, start ? DayOf(*start) : DayZero);
 }
 
-int ShiftCodeModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() || !rstShift_ ? 0 : rstShift_->RowCount();
-}
-
-int ShiftCodeModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-QVariant ShiftCodeModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return Text(index.row(), index.column());
-    case LookRole:
-        return static_cast<int>(index.row() == rowInEdit_ ? CellLook::Doubtful : CellLook::Plain);
-    default:
-        return {};
-    }
-}
-
-QVariant ShiftCodeModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    return orientation == Qt::Horizontal && role == Qt::DisplayRole ? QVariant(Titles().value(section))
-                                                                    : QVariant();
+CellLook ShiftCodeModel::LookOf(int row, int /*column*/) const {
+    return row == rowInEdit_ ? CellLook::Doubtful : CellLook::Plain;
 }
 
 Qt::ItemFlags ShiftCodeModel::flags(const QModelIndex& index) const {

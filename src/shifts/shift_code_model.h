@@ -1,8 +1,7 @@
 #pragma once
 
+#include "core/table_model.h"
 #include "database/recordset.h"
-
-#include <QAbstractTableModel>
 
 #include <array>
 #include <memory>
@@ -12,14 +11,12 @@
 ///
 /// A shift's times stand on the base date. An end that is typed earlier than its start stands on the day
 /// after it, shown as "06:00 (+1)": only so the computation finds the end of a night shift.
-class ShiftCodeModel : public QAbstractTableModel {
+class ShiftCodeModel : public TableModel {
     Q_OBJECT
 public:
     enum Column { Code, TimeIn, TimeOut, ColumnCount };
-    /// The role of a cell's CellLook.
-    static constexpr int LookRole = Qt::UserRole;
 
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit ShiftCodeModel(QObject* parent = nullptr);
 
     /// Reads all rows anew; what was typed and not written is gone. Throws DatabaseError.
     void Refresh(Connection& connection);
@@ -43,23 +40,20 @@ public:
     /// Removes a row that is not in edit. Throws as UpdateRow does.
     void DeleteRow(int row);
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// Puts the row in edit. False while another row is.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
 private:
-    QString Text(int row, int column) const;
+    int RowCount() const override { return rstShift_ ? rstShift_->RowCount() : 0; }
+    QString Text(int row, int column) const override;
+    CellLook LookOf(int row, int column) const override;
     QString StoredText(int row, int column) const;
     void StartEdit(int row, bool isNew);
     void EndEdit();
     void ShowNextDay();
     void CheckTyped() const;
     void SetTyped();
-    void NotifyRow(int row);
 
     Connection* connection_ = nullptr;
     std::unique_ptr<Recordset> rstShift_;

@@ -1,5 +1,6 @@
 #include "timecard/frmAED_Absen.h"
 
+#include "core/code_lists.h"
 #include "timecard/employee_details.h"
 #include "ui/pick_list.h"
 #include "ui/typing.h"
@@ -179,7 +180,7 @@ void frmAED_Absen::cmdButtons_Click(int index) {
 
 void frmAED_Absen::ShowEmployeeList() {
     if (!recorded_)
-        OpenPickList(program_, *ui_->txtNIK, u"select Nama,NIP from Employee"_s,
+        OpenPickList(program_, *ui_->txtNIK, PickListQuery::EntryEmployees,
                      [this](const QVariantMap& values) { LOV_AfterListClose(values); });
 }
 

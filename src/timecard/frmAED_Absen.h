@@ -13,7 +13,7 @@ namespace Ui {
 class frmAED_Absen;
 }
 
-/// Records one employee's arrival (mode "IN") or departure (any other mode) on a sheet. Each opening serves
+/// Records one employee's arrival or departure, by its mode, on a sheet. Each opening serves
 /// one employee; the time recorded is that at which the window opened.
 class frmAED_Absen : public QDialog {
     Q_OBJECT

@@ -1,12 +1,11 @@
 #include "timecard/frmMain.h"
 
 #include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "core/supervisor_check.h"
 #include "timecard/frmAED_Absen.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
-#include "ui/theme.h"
-#include "ui/typing.h"
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
 
@@ -15,7 +14,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QRegularExpressionValidator>
 
 using namespace Qt::StringLiterals;
 using modGeneral::AskAdminPass;
@@ -29,9 +27,6 @@ constexpr int TickMilliseconds = 1200;
 constexpr Seconds RefreshEvery{5};
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
 constexpr std::chrono::milliseconds ClockPatience{200};
-/// The mode under which the entry window records a departure.
-const QString ClockOutMode = u"N"_s;
-const QString ClockInMode = u"IN"_s;
 constexpr int FileNotFoundNumber = 53;
 
 /// Ctrl+1 to Ctrl+9 and Ctrl+0 stand for a press on the header of the first to the tenth column.
@@ -55,7 +50,7 @@ bool RefreshIsDue(WallTime lastTick, WallTime now) {
 } // namespace
 
 frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNeeds needs)
-    : program_(program), skin_(skin), needs_(std::move(needs)), sheet_(program.clock),
+    : program_(program), skin_(skin), needs_(std::move(needs)), sheet_(program.clock), failures_(program),
       ui_(std::make_unique<Ui::frmMain>()) {
     ui_->setupUi(this);
     lblCounts_ = new QLabel(this);
@@ -64,30 +59,14 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     lblUpdated_->setObjectName(u"lblUpdated"_s);
     ui_->statusbar->addWidget(lblCounts_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
-    SizeFields();
+    ui_->boxSheet->Connect(program_, *ui_->tabTgl);
     ui_->picCloseTcid->hide();
     ui_->lblOtherDay->hide();
     ui_->lblAdminMode->hide();
     ConnectControls();
 }
 
-frmMain::~frmMain() {
-    // The field that has the focus loses it while the window goes, when there is nothing left to answer with.
-    for (QObject* control : findChildren<QObject*>())
-        control->disconnect(this);
-}
-
-void frmMain::SizeFields() {
-    const std::pair<QLineEdit*, QString> samples[] = {{ui_->txtTcIDLeft, u"T000000"_s},
-                                                      {ui_->txtTcIDRight, u"00"_s},
-                                                      {ui_->txtExt, u"W"_s},
-                                                      {ui_->txtTCID, u"T00000000-W"_s}};
-    for (const auto& [field, sample] : samples)
-        field->setFixedWidth(Theme::FieldWidth(*field, sample));
-    const int height = ui_->txtTcIDRight->sizeHint().height() / 2;
-    for (QToolButton* button : {ui_->UpDown1_Up, ui_->UpDown1_Down})
-        button->setFixedSize(height * 3 / 2, height);
-}
+frmMain::~frmMain() = default;
 
 void frmMain::ConnectControls() {
     auto* cmdButtons = new QButtonGroup(this);
@@ -106,19 +85,7 @@ void frmMain::ConnectControls() {
     connect(ui_->mnAdminMode, &QAction::triggered, this, &frmMain::mnAdminMode_Click);
     connect(ui_->mnExit, &QAction::triggered, this, &QWidget::close);
 
-    connect(ui_->cmdTCID, &QPushButton::clicked, this, &frmMain::cmdTCID_Click);
-    connect(ui_->txtTCID, &QLineEdit::textChanged, this, &frmMain::txtTCID_Change);
-    connect(ui_->txtTCID, &QLineEdit::editingFinished, this, [this] { RefreshSheet(Cause::User); });
-    connect(ui_->txtTcIDRight, &QLineEdit::editingFinished, this, &frmMain::txtTcIDRight_LostFocus);
-    connect(ui_->txtExt, &QLineEdit::editingFinished, this, &frmMain::txtTcIDRight_LostFocus);
-    ui_->txtTcIDRight->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), ui_->txtTcIDRight));
-    // Cards carry their identifier in upper case: it is shown as it will stand on them.
-    for (QLineEdit* field : {ui_->txtExt, ui_->txtTCID})
-        TypeUpperCase(*field);
-    connect(ui_->tabTgl, &DayTabs::DayChosen, this, &frmMain::tabTgl_Click);
-    connect(ui_->UpDown1_Up, &QToolButton::clicked, this, [this] { UpDown1_Change(+1); });
-    connect(ui_->UpDown1_Down, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
+    connect(ui_->boxSheet, &SheetIdentifierBox::SheetEntered, this, [this] { RefreshSheet(Cause::User); });
     connect(ui_->MSHFlexGrid1, &DataGrid::HeaderPressed, this, &frmMain::MSHFlexGrid1_MouseDown);
     connect(ui_->MSHFlexGrid1, &DataGrid::RowChosen, this, &frmMain::MSHFlexGrid1_DblClick);
     Timer1.setInterval(TickMilliseconds);
@@ -131,11 +98,11 @@ bool frmMain::Form_Load() {
     b_form_skin::SkinWindow(*this, skin_.Picture(modAbsen::Background::Big));
     const Day today = program_.clock.Today();
     lastTick_ = program_.clock.Now();
-    StartDay(today);
-    ui_->txtTCID->setText(SheetIdentifierOf(today));
+    ui_->boxSheet->StartDay(today);
+    ui_->boxSheet->SetSheet(SheetIdentifierOf(today));
     ui_->txtTanggal->setDate(ToQDate(today));
     SetUpGrid();
-    LoadEmployees(u" ORDER BY NAMA"_s);
+    LoadEmployees(SheetModel::FirstOrder());
     Timer1_Timer();
     Timer1.start();
     RestorePlace(*this, FirstSize);
@@ -146,7 +113,6 @@ bool frmMain::Form_Load() {
 void frmMain::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&sheet_);
-    grid.PaintStatus(SheetModel::Status, SheetModel::StatusRole);
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
     grid.horizontalHeader()->setToolTip(u"Klik judul kolom, atau Ctrl+1 sampai Ctrl+0, untuk mengurutkan"_s);
     const QFontMetrics metrics = grid.fontMetrics();
@@ -169,12 +135,12 @@ void frmMain::SetAdminMode(bool on) {
 
 void frmMain::Timer1_Timer() {
     const WallTime now = program_.clock.Now();
-    sheetIdentifier_ = ui_->txtTCID->text();
+    sheetIdentifier_ = ui_->boxSheet->Sheet();
     sheetDate_ = FromQDate(ui_->txtTanggal->date());
     const Seconds rest = SecondOfMinute(now) % RefreshEvery;
     ui_->lblTimer->setText(ShownTime(now) + u'-' + QString::number(rest.count()));
     if (DayOf(lastTick_) != DayOf(now))
-        StartDay(DayOf(now));
+        ui_->boxSheet->StartDay(DayOf(now));
     const bool due = RefreshIsDue(lastTick_, now);
     lastTick_ = now;
     if (due) {
@@ -192,27 +158,9 @@ bool frmMain::RefreshSheet(Cause cause) {
     } catch (const std::exception&) {
         failure = std::current_exception();
     }
-    const bool failedBefore = std::exchange(refreshFailing_, bool(failure));
-    ShowState();
-    if (failure && cause == Cause::User)
-        TellFailure(failure);
-    else if (failure && !failedBefore && !tellingFailure_)
-        TellLater(failure);
+    ShowState(!failure);
+    failures_.Report(failure, cause);
     return !failure;
-}
-
-void frmMain::TellFailure(const std::exception_ptr& failure) {
-    tellingFailure_ = true;
-    Trapped(program_, u"RefreshSheet"_s, [&failure] { std::rethrow_exception(failure); });
-    tellingFailure_ = false;
-}
-
-/// While the clock's refreshes keep failing, one message is enough; the status bar tells the rest. It is not
-/// shown from within the timer's own call, because the clock would stand still for as long as it is shown.
-void frmMain::TellLater(const std::exception_ptr& failure) {
-    tellingFailure_ = true;
-    QMetaObject::invokeMethod(
-        this, [this, failure] { TellFailure(failure); }, Qt::QueuedConnection);
 }
 
 void frmMain::ReadSheet(Cause cause) {
@@ -225,27 +173,24 @@ void frmMain::ReadSheet(Cause cause) {
     std::optional<ShortPatience> patience;
     if (cause == Cause::Clock)
         patience.emplace(connection, ClockPatience);
-    sheet_.Refresh(connection, ui_->txtTCID->text());
+    sheet_.Refresh(connection, ui_->boxSheet->Sheet());
     if (sheet_.IsClosed())
         return;
     ui_->txtTanggal->setDate(ToQDate(sheet_.SheetDay()));
     sheetDate_ = sheet_.SheetDay();
 }
 
-void frmMain::ShowState() {
-    const Day today = program_.clock.Today();
-    const QString sheet = ui_->txtTCID->text();
+void frmMain::ShowState(bool refreshed) {
     ui_->picCloseTcid->setVisible(sheet_.IsClosed());
-    ui_->lblOtherDay->setVisible(sheet.left(SheetIdentifierOf(today).size()) != SheetIdentifierOf(today));
+    ui_->lblOtherDay->setVisible(!ui_->boxSheet->IsOfToday());
     const SheetModel::Counts counts = sheet_.Count();
     lblCounts_->setText(u"%1 karyawan · %2 masuk · %3 keluar · %4 belum hadir"_s.arg(counts.employees)
                             .arg(counts.in)
                             .arg(counts.out)
                             .arg(counts.absent));
     const QString file = QFileInfo(program_.Db().FileName()).fileName();
-    lblUpdated_->setText(
-        (refreshFailing_ ? u"TIDAK dapat diperbarui sejak %1 · %2"_s : u"diperbarui %1 · %2"_s)
-            .arg(ShownTime(lastRefresh_), file));
+    lblUpdated_->setText((refreshed ? u"diperbarui %1 · %2"_s : u"TIDAK dapat diperbarui sejak %1 · %2"_s)
+                             .arg(ShownTime(lastRefresh_), file));
 }
 
 void frmMain::LoadEmployees(const QString& sortClause) {
@@ -264,14 +209,14 @@ void frmMain::LoadEmployees(const QString& sortClause) {
 }
 
 void frmMain::MSHFlexGrid1_MouseDown(int column) {
-    const QString clause = u" ORDER BY ["_s + sheet_.headerData(column, Qt::Horizontal).toString() + u"]"_s;
+    const QString clause = sheet_.OrderBy(column);
     if (clause != sortClause_)
         LoadEmployees(clause);
 }
 
 void frmMain::MSHFlexGrid1_DblClick(int row) {
     if (adminMode_ && needs_.editCard)
-        needs_.editCard(CardIdentifier(ui_->txtTCID->text(), sheet_.NipAt(row)), sheet_.NipAt(row));
+        needs_.editCard(CardIdentifier(ui_->boxSheet->Sheet(), sheet_.NipAt(row)), sheet_.NipAt(row));
 }
 
 void frmMain::Form_KeyDown(int key) {
@@ -294,15 +239,15 @@ void frmMain::cmdButtons_Click(int index) {
 }
 
 void frmMain::mnIN_Click() {
-    OpenClockEntry(ClockInMode);
+    OpenClockEntry(ClockMode::In.toString());
 }
 
 void frmMain::mnOUT_Click() {
-    OpenClockEntry(ClockOutMode);
+    OpenClockEntry(ClockMode::Out.toString());
 }
 
 void frmMain::OpenClockEntry(const QString& mode) {
-    sheetIdentifier_ = ui_->txtTCID->text();
+    sheetIdentifier_ = ui_->boxSheet->Sheet();
     if (sheetIdentifier_.isEmpty())
         return;
     bool closed = false;
@@ -339,7 +284,7 @@ void frmMain::mnBukaTcid_Click() {
 void frmMain::ChangeSheet(bool close) {
     if (!AskAdminPass(program_))
         return;
-    const QString sheet = ui_->txtTCID->text();
+    const QString sheet = ui_->boxSheet->Sheet();
     if (sheet.isEmpty())
         return;
     const bool written = Trapped(program_, u"ChangeSheet"_s, [&] {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "core/program.h"
+#include "timecard/refresh_failures.h"
 #include "timecard/sheet_model.h"
 #include "ui/form_skin.h"
 
 #include <QMainWindow>
 #include <QTimer>
 
-#include <exception>
 #include <functional>
 #include <memory>
 
@@ -50,43 +50,29 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    enum class Cause { User, Clock };
+    using Cause = RefreshFailures::Cause;
 
-    void SizeFields();
     void ConnectControls();
     void SetUpGrid();
-    void StartDay(Day today);
 
     void Form_KeyDown(int key);
     void cmdButtons_Click(int index);
-    void cmdTCID_Click();
     void mnIN_Click();
     void mnOUT_Click();
     void mnAdmin_Click();
     void mnTcidTutup_Click();
     void mnBukaTcid_Click();
     void mnAdminMode_Click();
-    void txtTCID_Change();
-    void txtTcIDRight_LostFocus();
-    void tabTgl_Click(int day);
-    void UpDown1_Change(int step);
     void MSHFlexGrid1_MouseDown(int column);
     void MSHFlexGrid1_DblClick(int row);
 
-    bool IsUnlocked() const;
-    bool MaySwitchTo(const QString& day);
-    void SwitchToDay(const QString& day);
-    void ComposeIdentifier();
     void OpenClockEntry(const QString& mode);
     void ChangeSheet(bool close);
     void LoadEmployees(const QString& sortClause);
     /// False when it failed; the user is told.
     bool RefreshSheet(Cause cause);
     void ReadSheet(Cause cause);
-    void TellFailure(const std::exception_ptr& failure);
-    void TellLater(const std::exception_ptr& failure);
-    void ShowState();
-    void ShowDayTab();
+    void ShowState(bool refreshed);
 
     Program& program_;
     b_form_skin::Backgrounds& skin_;
@@ -98,9 +84,7 @@ private:
     QString sortClause_;
     bool adminMode_ = false;
     bool blink_ = false;
-    /// The last refresh failed; the user has been told.
-    bool refreshFailing_ = false;
-    bool tellingFailure_ = false;
+    RefreshFailures failures_;
     WallTime lastTick_{};
     WallTime lastRefresh_{};
     std::unique_ptr<Ui::frmMain> ui_;

@@ -20,7 +20,27 @@ QString TimeCell(const std::optional<WallTime>& time) {
 
 } // namespace
 
-SheetModel::SheetModel(const Clock& clock, QObject* parent) : QAbstractTableModel(parent), clock_(clock) {}
+SheetModel::SheetModel(const Clock& clock, QObject* parent)
+    : TableModel({{u"Status"_s},
+                  {u"Dept"_s},
+                  {u"NIP"_s},
+                  {u"Nama"_s},
+                  {u"Time In"_s, Qt::AlignRight},
+                  {u"Time Out"_s, Qt::AlignRight},
+                  {u"Hours"_s, Qt::AlignRight},
+                  {u"OT In"_s, Qt::AlignRight},
+                  {u"OT Out"_s, Qt::AlignRight},
+                  {u"OT Hours"_s, Qt::AlignRight}},
+                 parent),
+      clock_(clock) {}
+
+QString SheetModel::FirstOrder() {
+    return u" ORDER BY NAMA"_s;
+}
+
+QString SheetModel::OrderBy(int column) const {
+    return u" ORDER BY ["_s + headerData(column, Qt::Horizontal).toString() + u']';
+}
 
 void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
     std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy);
@@ -91,11 +111,6 @@ void SheetModel::ForgetCards() {
     NotifyColumns(Status, OvertimeHours);
 }
 
-void SheetModel::NotifyColumns(int first, int last) {
-    if (!entries_.empty())
-        Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, last));
-}
-
 SheetModel::Counts SheetModel::Count() const {
     Counts counts;
     counts.employees = rowCount();
@@ -112,28 +127,8 @@ int SheetModel::RowOf(const QString& nip) const {
     return found == employees_.end() ? -1 : static_cast<int>(found - employees_.begin());
 }
 
-int SheetModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(employees_.size());
-}
-
-int SheetModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-QVariant SheetModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-        return Text(index.row(), index.column());
-    case Qt::TextAlignmentRole:
-        return QVariant::fromValue(Qt::Alignment(index.column() >= TimeIn ? Qt::AlignRight : Qt::AlignLeft)
-                                   | Qt::AlignVCenter);
-    case StatusRole:
-        return entries_[static_cast<size_t>(index.row())].status;
-    default:
-        return {};
-    }
+CellLook SheetModel::LookOf(int row, int column) const {
+    return column == Status ? LookOfStatus(entries_[static_cast<size_t>(row)].status) : CellLook::Plain;
 }
 
 QString SheetModel::Text(int row, int column) const {
@@ -163,15 +158,4 @@ QString SheetModel::Text(int row, int column) const {
     default:
         return {};
     }
-}
-
-QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const QStringList headers{u"Status"_s,   u"Dept"_s,  u"NIP"_s,   u"Nama"_s,   u"Time In"_s,
-                                     u"Time Out"_s, u"Hours"_s, u"OT In"_s, u"OT Out"_s, u"OT Hours"_s};
-    if (orientation != Qt::Horizontal)
-        return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::Alignment(section >= TimeIn ? Qt::AlignRight : Qt::AlignLeft)
-                                   | Qt::AlignVCenter);
-    return role == Qt::DisplayRole ? QVariant(headers.value(section)) : QVariant();
 }

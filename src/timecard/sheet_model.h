@@ -1,13 +1,12 @@
 #pragma once
 
 #include "core/clock.h"
+#include "core/table_model.h"
 #include "timecard/day_sheet.h"
-
-#include <QAbstractTableModel>
 
 /// The day's sheet as the main window shows it: one row per employee. It holds compact rows; a cell's text is
 /// made when the cell is shown.
-class SheetModel : public QAbstractTableModel {
+class SheetModel : public TableModel {
     Q_OBJECT
 public:
     enum Column {
@@ -23,8 +22,6 @@ public:
         OvertimeHours,
         ColumnCount
     };
-    /// The status code of a row, for painting and counting.
-    enum Role { StatusRole = Qt::UserRole };
 
     /// How many employees stand in which state.
     struct Counts {
@@ -33,6 +30,10 @@ public:
         int out = 0;
         int absent = 0;
     };
+
+    /// The clauses that put the employee list in order: at first by name, then by a column as it is headed.
+    static QString FirstOrder();
+    QString OrderBy(int column) const;
 
     explicit SheetModel(const Clock& clock, QObject* parent = nullptr);
 
@@ -53,11 +54,6 @@ public:
     /// -1 when no employee has that number.
     int RowOf(const QString& nip) const;
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
-
 private:
     /// All that a refresh depends on; equal to the last one, nothing needs to be read.
     struct RefreshKey {
@@ -73,11 +69,12 @@ private:
         size_t row;
     };
 
-    QString Text(int row, int column) const;
+    int RowCount() const override { return static_cast<int>(employees_.size()); }
+    QString Text(int row, int column) const override;
+    CellLook LookOf(int row, int column) const override;
     void Read(Connection& connection, const RefreshKey& key);
     void TakeCards(const std::vector<SheetCard>& cards, const QString& sheet);
     void ForgetCards();
-    void NotifyColumns(int first, int last);
 
     const Clock& clock_;
     std::vector<SheetEmployee> employees_;

@@ -1,10 +1,10 @@
 #include "tools/demo_company.h"
 #include "tour/quiet_platform.h"
 #include "tour/tour.h"
+#include "ui/guarded_application.h"
 #include "ui/standard_texts.h"
 #include "ui/theme.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QuietPlatform();
-    QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QStandardPaths::setTestModeEnabled(true);
     Theme::Apply(application);
     StandardTexts texts;
@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
         const QTemporaryDir folder;
         FillProgramFolder(QDir(folder.path()), QDir(parser.value(assets)));
         QDir().mkpath(parser.value(pictures));
-        return Tour(folder.path(), parser.value(pictures)).Run() ? 0 : 1;
+        return Tour(application, folder.path(), parser.value(pictures)).Run() ? 0 : 1;
     } catch (const std::exception& error) {
         QTextStream(stderr) << error.what() << Qt::endl;
         return 2;

@@ -1,6 +1,7 @@
 #include "tour/tour.h"
 
 #include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
 #include "ui/text_viewer.h"
@@ -25,7 +26,7 @@ void Print(const QString& line) {
 
 } // namespace
 
-Tour::Tour(const QString& programFolder, const QString& pictureFolder)
+Tour::Tour(GuardedApplication& application, const QString& programFolder, const QString& pictureFolder)
     : pictures_(pictureFolder), log_(programFolder + u"/VELTLOG.TXT"_s),
       program_{ProgramFolder(programFolder),
                clock_,
@@ -36,7 +37,8 @@ Tour::Tour(const QString& programFolder, const QString& pictureFolder)
                    frmLogin(clock_, channel, skin_, QApplication::activeWindow()).exec();
                },
                OpenTextViewer},
-      windows_(program_, skin_, [] { return u"United States"_s; }), desk_(&windows_.Desk()) {
+      windows_(program_, skin_, [] { return u"United States"_s; }), desk_(&windows_.Desk()),
+      guard_(application.ReportTo(program_)) {
     clock_.now = TimeOnDay(*MakeDay(2026, 11, 23), 7h + 41min + 5s);
 }
 
@@ -75,9 +77,9 @@ void Tour::RecordColleagues() {
         if (nip == Employee || number % 6 == 0)
             continue;
         const WallTime arrival = TimeOnDay(today, 7h + 20min + Seconds{number * 37});
-        RecordClockEntry(program_.Db(), {sheet, today, u"IN"_s, arrival}, nip);
+        RecordClockEntry(program_.Db(), {sheet, today, ClockMode::In.toString(), arrival}, nip);
         if (number % 13 == 0)
-            RecordClockEntry(program_.Db(), {sheet, today, u"N"_s, arrival + 15min}, nip);
+            RecordClockEntry(program_.Db(), {sheet, today, ClockMode::Out.toString(), arrival + 15min}, nip);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "app/desk_windows.h"
 #include "core/program.h"
 #include "tour/keyboard_user.h"
+#include "ui/guarded_application.h"
 #include "ui/message_dialogs.h"
 
 #include <QDir>
@@ -14,7 +15,7 @@
 class Tour {
 public:
     /// The program folder holds a demo company whose attendance ends before the clock's day.
-    Tour(const QString& programFolder, const QString& pictureFolder);
+    Tour(GuardedApplication& application, const QString& programFolder, const QString& pictureFolder);
 
     /// False when a window did not come or show what it should; the reason was printed.
     bool Run();
@@ -68,6 +69,7 @@ private:
     KeyboardUser user_;
     DeskWindows windows_;
     frmMain* desk_;
+    GuardedApplication::Guard guard_;
     int pictureCount_ = 0;
     QStringList failures_;
 };

@@ -1,3 +1,4 @@
+#include "core/status_codes.h"
 #include "editing/attendance_model.h"
 #include "editing/search_row.h"
 #include "shifts/roster_model.h"
@@ -59,7 +60,7 @@ void Tour::PlanShiftCodes() {
 void Tour::PlanRoster() {
     user_.WhenIn(u"frmShiftEmployee"_s, [this](QWidget& roster) {
         roster.resize(OfficeSize);
-        for (const QString& code : {u"PAGI"_s, u"SIANG"_s, u"P"_s}) {
+        for (const QString& code : {u"PAGI"_s, u"SIANG"_s, ShiftCode::Default.toString()}) {
             KeyboardUser::Type(code);
             KeyboardUser::Press(Qt::Key_Return);
             KeyboardUser::Press(Qt::Key_Down);
@@ -100,7 +101,7 @@ void Tour::PlanBrowser() {
         KeyboardUser::Press(Qt::Key_End, Qt::ControlModifier);
         KeyboardUser::Press(Qt::Key_Home);
         Walk(Qt::Key_Right, AttendanceModel::Status);
-        KeyboardUser::Type(u"TL"_s);
+        KeyboardUser::Type(CardStatus::OnDuty.toString());
         Picture(browser, u"browser"_s);
         KeyboardUser::Press(Qt::Key_Escape);
         KeyboardUser::Press(Qt::Key_L, Qt::AltModifier);

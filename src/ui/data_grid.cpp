@@ -19,13 +19,11 @@ constexpr qreal NarrowestText = 0.55;
 /// What widths in whole pixels may lack.
 constexpr int Rounding = 2;
 
-/// Paints a cell: the row's own colour or that of what is to be noticed about the cell, or, in the status
-/// column, that of the status; then the text, set off from the lines of the grid.
+/// Paints a cell: the row's own colour or that of what is to be noticed about the cell, which it keeps in a
+/// selected row; then the text, set off from the lines of the grid.
 class CellDelegate : public QStyledItemDelegate {
 public:
     explicit CellDelegate(DataGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
-
-    void SetStatusRole(int role) { statusRole_ = role; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
@@ -35,19 +33,14 @@ public:
         QBrush fill = cell.backgroundBrush;
         if (cell.state.testFlag(QStyle::State_Selected))
             fill = cell.palette.highlight();
-        if (const auto colours =
-                statusRole_ ? Theme::StatusColours(index.data(statusRole_).toString()) : std::nullopt) {
-            textColour = colours->text;
-            if (colours->fill.isValid())
-                fill = colours->fill; // a selected row keeps the colour of its status
-            cell.font.setBold(colours->fill.isValid());
-        }
         const CellLook look = LookOf(index);
         if (const auto colours = Theme::LookColours(look)) {
-            fill = QBrush(colours->fill, look == CellLook::Hatched ? Qt::BDiagPattern : Qt::SolidPattern);
+            if (colours->fill.isValid())
+                fill = QBrush(colours->fill, look == CellLook::Hatched ? Qt::BDiagPattern : Qt::SolidPattern);
             if (colours->text.isValid())
                 textColour = colours->text;
         }
+        cell.font.setBold(IsChip(look));
         if (grid_->EditsCells())
             ColourEdited(index, fill, textColour);
         painter->save();
@@ -64,9 +57,8 @@ public:
     }
 
 private:
-    CellLook LookOf(const QModelIndex& index) const {
-        return grid_->LookRole() ? static_cast<CellLook>(index.data(grid_->LookRole()).toInt())
-                                 : CellLook::Plain;
+    static CellLook LookOf(const QModelIndex& index) {
+        return static_cast<CellLook>(index.data(CellLookRole).toInt());
     }
 
     void PaintText(QPainter& painter, const QStyleOptionViewItem& cell, const QModelIndex& index) const {
@@ -92,8 +84,7 @@ private:
         const QModelIndex current = grid_->currentIndex();
         const bool fixed = index.column() < grid_->FixedCols();
         const CellLook look = LookOf(index);
-        const bool keepsFill = look == CellLook::Hatched || look == CellLook::Doubtful
-                               || (statusRole_ && fill.style() != Qt::NoBrush);
+        const bool keepsFill = look == CellLook::Hatched || look == CellLook::Doubtful || IsChip(look);
         if (index == current && !fixed) {
             fill = Theme::EditedCell();
             textColour = Qt::black;
@@ -108,7 +99,6 @@ private:
     }
 
     DataGrid* grid_;
-    int statusRole_ = 0;
 };
 
 } // namespace
@@ -132,12 +122,6 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
     connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &DataGrid::HeaderPressed);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { Q_EMIT RowChosen(index.row()); });
-}
-
-void DataGrid::PaintStatus(int column, int role) {
-    auto* delegate = new CellDelegate(this);
-    delegate->SetStatusRole(role);
-    setItemDelegateForColumn(column, delegate);
 }
 
 void DataGrid::EditCells(int fixedColumns) {

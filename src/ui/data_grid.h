@@ -7,19 +7,12 @@
 class FrozenColumns;
 
 /// The program's grid: rows to look at and walk through by keys, one selected at a time. What a double-click
-/// does, Enter does too. A grid whose cells are edited has a cell cursor instead.
+/// does, Enter does too. Cells are painted as the model tells under CellLookRole. A grid whose cells are
+/// edited has a cell cursor instead.
 class DataGrid : public QTableView {
     Q_OBJECT
 public:
     explicit DataGrid(QWidget* parent = nullptr);
-
-    /// The role under which the model tells a row's status code; cells of the status column are painted in
-    /// its colours.
-    void PaintStatus(int column, int role);
-
-    /// The role under which the model tells a cell's CellLook.
-    void PaintLooks(int role) { lookRole_ = role; }
-    int LookRole() const { return lookRole_; }
 
     /// Lets the keys walk from cell to cell, the present one painted as the one to be edited, its row tinted;
     /// the first columns are painted as headers.
@@ -68,7 +61,6 @@ private:
     int stretchedColumn_ = -1;
     int firstShared_ = -1;
     int leastWidth_ = 0;
-    int lookRole_ = 0;
     FrozenColumns* frozen_ = nullptr;
     QString emptyText_;
     int fixedColumns_ = -1;

@@ -132,7 +132,8 @@ void PickList::Choose(int row) {
     if (row < 0 || row >= filtered_->rowCount())
         return;
     for (int column = 0; column < filtered_->columnCount(); ++column)
-        values_.insert(rows_->Headers().at(column), filtered_->index(row, column).data());
+        values_.insert(rows_->headerData(column, Qt::Horizontal).toString(),
+                       filtered_->index(row, column).data());
     itemSelected_ = true;
     hide();
 }

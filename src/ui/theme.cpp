@@ -11,16 +11,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct StatusLook {
-    QStringView status;
+struct LookRow {
+    CellLook look;
+    QStringView name; ///< what a legend label says in its property "chip" or "cell"
     QStringView fill;
     QStringView text;
 };
 
-/// The fills differ in lightness as well as in hue, so that they are told apart without seeing colours.
-constexpr StatusLook StatusLooks[] = {
-    {u"IN", u"#BFEBCB", u"#0B4A26"}, {u"OUT", u"#D9DFE7", u"#2F3A48"}, {u"OU", u"#D9DFE7", u"#2F3A48"},
-    {u"KI", u"#FFE9A8", u"#5C4300"}, {u"PC", u"#FFCFB3", u"#6E2A00"},  {u"TL", u"#CBDCFF", u"#15317A"},
+/// The fills of the chips differ in lightness as well as in hue, so that they are told apart without seeing
+/// colours.
+constexpr LookRow Looks[] = {
+    {CellLook::Tinted, u"tinted", u"#FBEDEE", {}},
+    {CellLook::Marked, u"marked", u"#DDF0E3", {}},
+    {CellLook::Hatched, u"hatched", u"#C3CCD6", {}},
+    {CellLook::Doubtful, u"doubtful", u"#FFE0D1", u"#6E2A00"},
+    {CellLook::Quiet, u"quiet", {}, u"#566273"},
+    {CellLook::GreenChip, u"green", u"#BFEBCB", u"#0B4A26"},
+    {CellLook::SlateChip, u"slate", u"#D9DFE7", u"#2F3A48"},
+    {CellLook::AmberChip, u"amber", u"#FFE9A8", u"#5C4300"},
+    {CellLook::OrangeChip, u"orange", u"#FFCFB3", u"#6E2A00"},
+    {CellLook::BlueChip, u"blue", u"#CBDCFF", u"#15317A"},
 };
 
 constexpr int BaseFontSize = 10;
@@ -60,10 +70,7 @@ QFrame[look="notice"] { background: #FFF1C2; color: #5C4300; font-weight: 600;
 QFrame[look="notice"] QLabel { background: transparent; color: #5C4300; font-weight: 600; border: none; }
 QLabel[look="photo"] { background: white; border: 1px solid #E1E6EC; border-radius: 4px; }
 QLabel[cell] { padding: 2px 8px; border-radius: 4px; }
-QLabel[cell="tinted"] { background: #FBEDEE; }
-QLabel[cell="marked"] { background: #DDF0E3; }
-QLabel[cell="doubtful"] { background: #FFE0D1; color: #6E2A00; }
-QLabel[status] { padding: 3px 10px; border-radius: 4px; }
+QLabel[chip] { padding: 3px 10px; border-radius: 4px; }
 
 QPushButton { background: white; border: 1px solid #B9C4D0; border-radius: 4px; padding: 4px 14px; min-height: 22px; }
 QPushButton:hover { background: #F0F5FA; border-color: #8FA3B8; }
@@ -126,11 +133,13 @@ QStatusBar::item { border: none; }
 QToolTip, QLabel[look="tip"] { background: white; color: #1B2430; border: 1px solid #B9C4D0; padding: 4px; }
 )"_s;
 
-QString StatusRules() {
+QString LegendRules() {
     QString rules;
-    for (const StatusLook& look : StatusLooks)
-        rules += u"QLabel[status=\"%1\"] { background: %2; color: %3; }\n"_s.arg(look.status, look.fill,
-                                                                                 look.text);
+    for (const LookRow& row : Looks) {
+        const QString colour = row.text.isEmpty() ? QString() : u" color: %1;"_s.arg(row.text);
+        rules += u"QLabel[%1=\"%2\"] { background: %3;%4 }\n"_s.arg(IsChip(row.look) ? u"chip"_s : u"cell"_s,
+                                                                    row.name, row.fill, colour);
+    }
     return rules;
 }
 
@@ -149,31 +158,14 @@ void Theme::Apply(QApplication& application) {
     // weeks needs no more of them than this.
     constexpr int kibibytes = 4096;
     QPixmapCache::setCacheLimit(kibibytes);
-    application.setStyleSheet(BaseSheet.arg(scaled(13), scaled(40)) + StatusRules());
-}
-
-std::optional<Theme::Colours> Theme::StatusColours(QStringView status) {
-    if (status == QStringView(u"A"))
-        return Colours{QColor(), QuietText()};
-    for (const StatusLook& look : StatusLooks) {
-        if (look.status == status)
-            return Colours{QColor(look.fill), QColor(look.text)};
-    }
-    return std::nullopt;
+    application.setStyleSheet(BaseSheet.arg(scaled(13), scaled(40)) + LegendRules());
 }
 
 std::optional<Theme::Colours> Theme::LookColours(CellLook look) {
-    switch (look) {
-    case CellLook::Tinted:
-        return Colours{QColor(u"#FBEDEE"_s), QColor()};
-    case CellLook::Marked:
-        return Colours{QColor(u"#DDF0E3"_s), QColor()};
-    case CellLook::Hatched:
-        return Colours{QColor(u"#C3CCD6"_s), QColor()};
-    case CellLook::Doubtful:
-        return Colours{QColor(u"#FFE0D1"_s), QColor(u"#6E2A00"_s)};
-    case CellLook::Plain:
-        break;
+    const auto colour = [](QStringView name) { return name.isEmpty() ? QColor() : QColor(name); };
+    for (const LookRow& row : Looks) {
+        if (row.look == look)
+            return Colours{colour(row.fill), colour(row.text)};
     }
     return std::nullopt;
 }

@@ -12,7 +12,7 @@ class QWidget;
 
 /// The one look of all windows: colours, fonts and spacing stand here and nowhere else. Widgets say what they
 /// are by the dynamic property "look" ("heading", "quiet", "notice"; theme.cpp has them all), legend labels
-/// by the properties "status" and "cell".
+/// by the properties "chip" and "cell".
 namespace Theme {
 
 /// Sets style, palette, font and style sheet. Sizes follow the system's font.
@@ -23,10 +23,7 @@ struct Colours {
     QColor text;
 };
 
-/// How a status code is painted; nothing for a code without colours of its own.
-std::optional<Colours> StatusColours(QStringView status);
-
-/// How a cell with something to be noticed is painted; an invalid text colour is the usual one. Nothing for a
+/// How a cell with something to be noticed is painted; an invalid colour is the usual one. Nothing for a
 /// plain cell.
 std::optional<Colours> LookColours(CellLook look);
 

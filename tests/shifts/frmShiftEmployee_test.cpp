@@ -55,7 +55,7 @@ public:
         return codes.join(u", "_s);
     }
     static CellLook Look(QWidget& window, int row, int day) {
-        return static_cast<CellLook>(Cell(window, row, day).data(RosterModel::LookRole).toInt());
+        return static_cast<CellLook>(Cell(window, row, day).data(CellLookRole).toInt());
     }
     /// What is stored of November 2026 for one employee, as "day code".
     QString Stored(const QString& nip) {

@@ -1,8 +1,8 @@
+#include "ui/guarded_application.h"
 #include "ui/theme.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QStandardPaths>
 
 int main(int argc, char** argv) {
@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QStandardPaths::setTestModeEnabled(true);
-    QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     Theme::Apply(application);
     return RUN_ALL_TESTS();
 }

@@ -1,5 +1,6 @@
-#include "cards/sheet_identifier.h"
 #include "cards/sheet_cards.h"
+#include "cards/sheet_identifier.h"
+#include "timecard/sheet_choice.h"
 #include "timecard/sheet_lifecycle.h"
 
 #include "support/failures.h"
@@ -30,6 +31,41 @@ TEST(SheetIdentifier, IsComposedOfMonthDayAndExtension) {
         EXPECT_EQ(DayOfIdentifier(named), DayOf(Moment(u"2004-05-15"))) << named.toStdString();
     for (const QString& none : {u""_s, u"T"_s, u"T2004051"_s, u"T20040431"_s, u"X20040515"_s, u"T2004-A"_s})
         EXPECT_FALSE(DayOfIdentifier(none)) << none.toStdString();
+}
+
+TEST(SheetChoice, IsOfThisMonthAndAnotherDayIsForSupervisorsUnlessUnlocked) {
+    const Day today = DayOf(Moment(u"2026-11-22"));
+    struct Case {
+        QString before, day, extension;
+        QString sheet, dayText;
+        int marked;
+    };
+    const Case cases[] = {
+        {u"T20261122"_s, u" 5 "_s, u""_s, u"T20261105"_s, u"05"_s, 5},
+        {u"T20261122"_s, u"7"_s, u" A "_s, u"T20261107-A"_s, u"07"_s, 7},
+        {u"T20261107-A"_s, u""_s, u""_s, u"T20261107-A"_s, u"07"_s, 7},
+        {u"T20261122"_s, u"31"_s, u""_s, u"T20261131"_s, u"31"_s, 31},
+        {u"T20261022"_s, u""_s, u"A"_s, u"T20261022"_s, u"22"_s, 0},
+        {u"T20261022"_s, u"22"_s, u""_s, u"T20261122"_s, u"22"_s, 22},
+    };
+    for (const Case& c : cases) {
+        SheetChoice choice;
+        choice.SetSheet(c.before);
+        choice.Compose(today, c.day, c.extension);
+        EXPECT_EQ(choice.Sheet(), c.sheet);
+        EXPECT_EQ(choice.DayText(), c.dayText) << c.sheet.toStdString();
+        EXPECT_EQ(choice.MarkedDay(today), c.marked) << c.sheet.toStdString();
+        EXPECT_EQ(choice.IsOfDay(today, c.dayText), c.marked > 0) << c.sheet.toStdString();
+        EXPECT_EQ(choice.IsOfToday(today), c.marked == 22) << c.sheet.toStdString();
+    }
+    SheetChoice choice;
+    EXPECT_TRUE(choice.NeedsSupervisor(today, u"05"_s));
+    EXPECT_FALSE(choice.NeedsSupervisor(today, u"22"_s));
+    choice.SetUnlocked(true);
+    EXPECT_FALSE(choice.NeedsSupervisor(today, u"05"_s));
+    for (const auto& [day, days, next] :
+         {std::tuple{u"30"_s, 1, u"31"_s}, {u"31"_s, 1, u""_s}, {u"02"_s, -1, u"01"_s}, {u"1"_s, -1, u""_s}})
+        EXPECT_EQ(SheetChoice::Step(day, days).value_or(u""_s), next) << day.toStdString();
 }
 
 TEST(Sheet, OnlyStatusOneIsClosedAndClosingAndReopeningKeepOneRow) {

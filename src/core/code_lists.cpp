@@ -1,0 +1,39 @@
+#include "core/code_lists.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::vector<CodeName> ReadList(Connection& connection, const QString& query) {
+    Cursor rows = connection.Query(query);
+    std::vector<CodeName> list;
+    while (rows.Next())
+        list.push_back({rows.Text(0), rows.Text(1)});
+    return list;
+}
+
+} // namespace
+
+namespace CodeLists {
+
+std::vector<CodeName> Departments(Connection& connection, DepartmentColumns columns) {
+    return ReadList(connection,
+                    columns == DepartmentColumns::Joined
+                        ? u"SELECT DeptCode, DeptName FROM Departments ORDER BY DeptName"_s
+                        : u"SELECT [Dept Code], [Dept Name] FROM [Departments] ORDER BY [Dept Name]"_s);
+}
+
+std::vector<CodeName> Divisions(Connection& connection) {
+    return ReadList(connection, u"SELECT DivKode, DivName FROM Division ORDER BY DivName"_s);
+}
+
+std::vector<CodeName> AbsenceTypes(Connection& connection) {
+    return ReadList(connection, u"SELECT Kode,Keterangan FROM AbsenTipe ORDER BY Kode"_s);
+}
+
+} // namespace CodeLists
+
+std::optional<QString> EmployeeName(Connection& connection, const QString& nip) {
+    Cursor rows = connection.Query(u"select Nama from Employee where NIP=?"_s, {nip});
+    return rows.Next() ? std::optional(rows.Text(0)) : std::nullopt;
+}

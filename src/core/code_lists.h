@@ -1,0 +1,48 @@
+#pragma once
+
+#include "database/connection.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// The choice of a list that does not filter.
+inline constexpr QStringView AllChoice = u"<ALL>";
+
+/// What rows hold, and what people read.
+struct CodeName {
+    QString code;
+    QString name;
+};
+
+/// The lists that windows offer, each in its fixed order. All functions throw DatabaseError.
+namespace CodeLists {
+
+/// A database answers to two spellings of the departments' columns: DeptCode, which the browser reads, and
+/// [Dept Code], which the reports read.
+enum class DepartmentColumns { Joined, Spaced };
+
+std::vector<CodeName> Departments(Connection& connection, DepartmentColumns columns);
+std::vector<CodeName> Divisions(Connection& connection);
+std::vector<CodeName> AbsenceTypes(Connection& connection);
+
+} // namespace CodeLists
+
+/// Nothing for a number that no employee has. Throws DatabaseError.
+std::optional<QString> EmployeeName(Connection& connection, const QString& nip);
+
+/// What the pick lists of the windows show: the columns are headed as here.
+namespace PickListQuery {
+
+inline const QString EntryEmployees = QStringLiteral("select Nama,NIP from Employee");
+inline const QString BrowserEmployees = QStringLiteral("select NIP, Nama from Employee ORDER BY NIP");
+inline const QString ReportEmployees = QStringLiteral("select [NIP], [Nama] from [Employee] ORDER BY [NIP]");
+inline const QString BrowserStatuses =
+    QStringLiteral("select [ID], [Status], [Description] from [Employee Status] ORDER BY ID");
+inline const QString SearchStatuses =
+    QStringLiteral("select Status, Description from [Employee Status] ORDER BY ID");
+inline const QString Shifts = QStringLiteral(
+    "select Code, Mid(TimeIn,12,5) as TimeIn, Mid(TimeOut,12,5) as TimeOut from Shift ORDER BY Code");
+
+} // namespace PickListQuery

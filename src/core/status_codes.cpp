@@ -1,0 +1,21 @@
+#include "core/status_codes.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+constexpr std::pair<QStringView, CellLook> Looks[] = {
+    {CardStatus::In, CellLook::GreenChip},         {CardStatus::Out, CellLook::SlateChip},
+    {CardStatus::OutShort, CellLook::SlateChip},   {CardStatus::OnBreak, CellLook::AmberChip},
+    {CardStatus::LeftEarly, CellLook::OrangeChip}, {CardStatus::OnDuty, CellLook::BlueChip},
+    {CardStatus::Absent, CellLook::Quiet},
+};
+
+} // namespace
+
+CellLook LookOfStatus(QStringView status) {
+    const auto* found = std::ranges::find(Looks, status, &std::pair<QStringView, CellLook>::first);
+    return found == std::end(Looks) ? CellLook::Plain : found->second;
+}
