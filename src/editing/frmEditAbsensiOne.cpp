@@ -4,7 +4,7 @@
 #include "core/query_values.h"
 #include "database/statement.h"
 #include "ui/busy_pointer.h"
-#include "ui/date_box.h"
+#include "ui/moment_box.h"
 #include "ui/typing.h"
 #include "ui_frmEditAbsensiOne.h"
 

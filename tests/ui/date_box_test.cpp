@@ -1,4 +1,4 @@
-#include "ui/date_box.h"
+#include "ui/moment_box.h"
 
 #include "support/keystrokes.h"
 #include "support/window_company.h"
