@@ -6,7 +6,7 @@
 #include "database/statement.h"
 #include "editing/computation_words.h"
 #include "ui/busy_pointer.h"
-#include "ui/date_box.h"
+#include "ui/moment_box.h"
 #include "ui/typing.h"
 #include "ui_frmEditAbsensiOne.h"
 

@@ -6,25 +6,33 @@
 #include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QScreen>
+#include <QTableView>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-using std::chrono::days;
-using std::chrono::floor;
-using std::chrono::hours;
-using std::chrono::minutes;
 
 namespace {
-
-/// Where the time begins in what a moment box shows.
-constexpr int TimeStart = 12;
 
 bool OpensCalendar(const QKeyEvent& event) {
     return event.key() == Qt::Key_F4
            || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
+}
+
+/// The arrow of a drop-down list, in the square that a box's action fills.
+QIcon ArrowIcon() {
+    constexpr int sharpness = 2;
+    QPixmap square(16 * sharpness, 16 * sharpness);
+    square.setDevicePixelRatio(sharpness);
+    square.fill(Qt::transparent);
+    QPainter painter(&square);
+    painter.drawPixmap(QRect(3, 5, 11, 6), QPixmap(u":/ui/down@2x.png"_s));
+    painter.end();
+    return square;
 }
 
 /// Whether the focus comes back to the window without the user having left the box.
@@ -42,7 +50,7 @@ DateBox::DateBox(const QString& sample, QWidget* parent) : QLineEdit(parent), sa
 
 DateBox::DateBox(QWidget* parent) : DateBox(u"00-MMM-0000"_s, parent) {
     hasCalendar_ = true;
-    const QAction* open = addAction(QIcon(u":/ui/down.png"_s), TrailingPosition);
+    const QAction* open = addAction(ArrowIcon(), TrailingPosition);
     connect(open, &QAction::triggered, this, &DateBox::OpenCalendar);
     setToolTip(u"Ketik hari lebih dulu, misalnya 31/1/2026, 31Jan2026, 310126 atau 31; +1 dan -1 menggeser "
                "sehari, t hari ini, Alt+↓ membuka kalender."_s);
@@ -196,6 +204,9 @@ void DateBox::OpenCalendar() {
     frame->setFrameShape(QFrame::StyledPanel);
     auto* calendar = new QCalendarWidget(frame);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    // The headers' padding would make its rows higher than the room that it asks for.
+    for (const QTableView* view : calendar->findChildren<QTableView*>())
+        view->verticalHeader()->setMinimumSectionSize(1);
     calendar->setDateRange(QDate(FirstTypedYear, 1, 1), QDate(LastTypedYear, 12, 31));
     ReadText();
     calendar->setSelectedDate(ToQDate(DayOf(value_)));
@@ -223,34 +234,6 @@ QSize DateBox::sizeHint() const {
     QSize size = QLineEdit::sizeHint();
     size.setWidth(Theme::FieldWidth(*this, sample_) + (hasCalendar_ ? size.height() : 0));
     return size;
-}
-
-MomentBox::MomentBox(QWidget* parent) : DateBox(u"00-MMM-0000 00:00"_s, parent) {
-    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    setToolTip(
-        u"Ketik jamnya, misalnya 17:30 atau 1730; bila harinya lain, hari lebih dulu: 31/1/2026 17:30, +1 "
-        "6:00."_s);
-}
-
-std::optional<WallTime> MomentBox::Read(const QString& typed) const {
-    const auto read = ReadTypedMoment(typed, Value(), Today());
-    if (!read)
-        return read;
-    const Seconds time = TimeOfDay(*read);
-    const Seconds set = TimeOfDay(LastSet());
-    return TimeOnDay(DayOf(*read), time == floor<minutes>(set) ? set : time);
-}
-
-QString MomentBox::Shown(WallTime value) const {
-    return ShownDay(DayOf(value)) + u' ' + ShownMinute(value);
-}
-
-void MomentBox::SelectPart() {
-    setSelection(TimeStart, static_cast<int>(text().size()) - TimeStart);
-}
-
-std::optional<WallTime> MomentBox::Stepped(int by) const {
-    return cursorPosition() < TimeStart ? DateBox::Stepped(by) : Read(Shown(Value() + hours{by}));
 }
 
 void SetUpDateBoxes(const QWidget& window, Program& program) {

@@ -82,25 +82,11 @@ private:
     QLabel* reading_ = nullptr;
 };
 
-/// A box for a moment: a date and a time, either of which may be typed alone. Seconds are not shown: those
-/// that were set are kept as long as hour and minute stay, a typed hour or minute has none.
-class MomentBox : public DateBox {
-    Q_OBJECT
-public:
-    explicit MomentBox(QWidget* parent = nullptr);
-
-protected:
-    std::optional<WallTime> Read(const QString& typed) const override;
-    QString Shown(WallTime value) const override;
-    void SelectPart() override;
-    std::optional<WallTime> Stepped(int by) const override;
-};
-
 /// Hands the program to all date boxes of a window.
 void SetUpDateBoxes(const QWidget& window, Program& program);
 
-/// Reads what is half typed in the window's date boxes, as leaving them would: a mnemonic leaves the focus
-/// where it is. False when one cannot be read: what is done with dates is not done then. The box has said
-/// why, unless it was to be quiet.
+/// Whether a box that cannot be read says so and takes the focus.
 enum class Unreadable { Told, Quiet };
+/// Reads what is half typed in the window's date boxes, as leaving them would: a mnemonic leaves the focus
+/// where it is. False when one cannot be read: what is done with dates is not done then.
 bool ReadTypedBoxes(const QWidget& window, Unreadable unreadable = Unreadable::Told);

@@ -118,7 +118,17 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
 
-    browser.Part<QLineEdit>("txtEmpl").clear(); // what another desk writes while it is closed
+    browser.Part<QLineEdit>("txtEmpl").clear();
+    browser.Part<QCheckBox>("chkInterval").setChecked(true);
+    KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+    Keys(u"31/2⏎"_s); // no such day: not with another one either
+    EXPECT_TRUE(browser.company.dialogs.Last().startsWith(u"Sampai tanggal: \"31/2\""_s));
+    EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
+    Keys(u"2/11⏎"_s);
+    EXPECT_EQ(browser.Status(),
+              u"2 baris · Tanggal: 01-Nov-2026 s/d 02-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
+
+    // What another desk writes while it is closed.
     browser.window->close();
     browser.Run(u"UPDATE TimeCardHeader SET NIP='0012'"_s);
     browser.Run(u"INSERT INTO Departments (DeptCode,DeptName) VALUES ('B','Bengkel')"_s);

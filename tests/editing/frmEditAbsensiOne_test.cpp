@@ -313,17 +313,22 @@ TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
 
 TEST(frmEditAbsensiOne, LeavingWithUnsavedChangesAsksExceptByBatal) {
     using Answer = Dialogs::Answer;
-    for (const auto& [answer, leaves, keterangan] : {std::tuple{Answer::Cancel, false, u"-"_s},
-                                                     {Answer::No, true, u"-"_s},
-                                                     {Answer::Yes, true, u"baru"_s}}) {
-        SCOPED_TRACE(static_cast<int>(answer));
+    // A time that cannot be read is a change, too, but none that can be saved.
+    for (const auto& [box, answer, leaves, keterangan] :
+         {std::tuple{"txtKeterangan", Answer::Cancel, false, u"-"_s},
+          {"txtKeterangan", Answer::No, true, u"-"_s},
+          {"txtKeterangan", Answer::Yes, true, u"baru"_s},
+          {"txtTOUT", Answer::No, true, u"-"_s},
+          {"txtTOUT", Answer::Yes, false, u"-"_s}}) {
+        SCOPED_TRACE(box + std::to_string(static_cast<int>(answer)));
         CardEditor editor(u"OUT"_s);
         editor.company.dialogs.answers = {answer};
-        editor.Open([&, leaves = leaves](QWidget& window) {
-            Part<QLineEdit>(window, "txtKeterangan").setText(u"baru"_s);
+        editor.Open([&, box = box, leaves = leaves](QWidget& window) {
+            TypeInto(window, box, u"baru"_s);
             KeyboardUser::Press(Qt::Key_Escape);
             EXPECT_EQ(window.isVisible(), !leaves);
         });
+        EXPECT_EQ(editor.saved, keterangan == u"baru"_s ? 1 : 0);
         EXPECT_EQ(editor.company.dialogs.questions.size(), 1);
         EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{keterangan});
     }

@@ -1,4 +1,4 @@
-#include "ui/date_box.h"
+#include "ui/moment_box.h"
 
 #include "support/keystrokes.h"
 #include "support/window_company.h"
@@ -110,19 +110,17 @@ TEST(DateBox, KeepsWhatIsNoDateAndTheFocusUntilItIsCorrectedOrLeftFor) {
 }
 
 TEST(DateBox, TheCalendarIsReachedByKeys) {
-    const std::pair<Qt::Key, Qt::KeyboardModifiers> openers[] = {{Qt::Key_F4, Qt::NoModifier},
-                                                                 {Qt::Key_Down, Qt::AltModifier}};
-    for (const auto& [key, modifiers] : openers) {
-        Host host;
-        for (const QString& keys : {u"⎋"_s, u"→⏎"_s}) {
-            KeyboardUser::Press(key, modifiers);
-            EXPECT_TRUE(QApplication::activePopupWidget());
-            Keys(keys);
-            EXPECT_FALSE(QApplication::activePopupWidget());
-            EXPECT_TRUE(host.date.hasFocus());
-        }
-        EXPECT_EQ(host.date.Value(), Moment(u"2026-11-24"));
+    Host host;
+    for (const auto& [opener, modifiers, keys] :
+         {std::tuple{Qt::Key_F4, Qt::NoModifier, u"⎋"_s}, {Qt::Key_Down, Qt::AltModifier, u"→⏎"_s}}) {
+        EXPECT_EQ(host.date.Value(), Moment(u"2026-11-23"));
+        KeyboardUser::Press(opener, modifiers);
+        EXPECT_TRUE(QApplication::activePopupWidget());
+        Keys(keys);
+        EXPECT_FALSE(QApplication::activePopupWidget());
+        EXPECT_TRUE(host.date.hasFocus());
     }
+    EXPECT_EQ(host.date.Value(), Moment(u"2026-11-24"));
 }
 
 TEST(MomentBox, IsEnteredAtItsTimeAndKeepsTheSecondsOfTheSameMinute) {
@@ -136,9 +134,4 @@ TEST(MomentBox, IsEnteredAtItsTimeAndKeepsTheSecondsOfTheSameMinute) {
         Keys(u"↹"_s + keys + u"↹"_s);
         EXPECT_EQ(StoredTime(host.moment.Value()), moment) << keys.toStdString();
     }
-    Host host;
-    Keys(u"↹"_s);
-    KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
-    Keys(u"31/1/2026 17:30↹"_s);
-    EXPECT_EQ(StoredTime(host.moment.Value()), u"2026-01-31 17:30:00"_s);
 }
