@@ -8,6 +8,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -132,28 +133,23 @@ void TellProblem(const QString& what) {
     Say(u"problem\t"_s + what);
 }
 
-void TellCount(const QString& what, int count) {
-    Say(u"count\t%1\t%2"_s.arg(what).arg(count));
-}
-
-Account ReadAccount(const QString& file) {
-    Account account;
+void ReadAccount(const QString& file, const QString& worker, Account& account) {
     QFile lines(file);
     if (!lines.open(QIODevice::ReadOnly))
         account.problems << file + u": "_s + lines.errorString();
     while (!lines.atEnd()) {
-        const QStringList fields = QString::fromUtf8(lines.readLine()).trimmed().split(u'\t');
+        const QString line = QString::fromUtf8(lines.readLine()).trimmed();
+        const QStringList fields = line.split(u'\t');
         if (fields[Word] == u"wrote"_s && fields.size() == FieldCount)
             account.writings.push_back({static_cast<Writing::Kind>(fields[KindField].toInt()),
                                         fields[NipField], fields[KeyField], fields[ValueField],
                                         fields[BeganField].toLongLong(), fields[EndedField].toLongLong(),
                                         fields[CertainField] == u"1"_s});
-        else if (fields[Word] == u"count"_s && fields.size() == 3)
-            account.counts[fields[1]] += fields[2].toInt();
+        else if (fields[Word] == u"problem"_s)
+            account.problems << worker + u": "_s + fields.last();
         else
-            account.problems << fields.mid(fields[Word] == u"problem"_s ? 1 : 0).join(u' ');
+            Say(worker + u": "_s + line);
     }
-    return account;
 }
 
 QStringList LostWritings(Connection& connection, const std::vector<Writing>& writings) {

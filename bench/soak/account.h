@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <map>
 #include <vector>
 
 /// What a worker wrote into the database, and when: in milliseconds of a clock that all programs of this
@@ -29,15 +28,14 @@ qint64 SharedMoment();
 void Say(const QString& line);
 void Tell(const Writing& writing);
 void TellProblem(const QString& what);
-void TellCount(const QString& what, int count);
 
-/// What one worker reported.
+/// What workers reported.
 struct Account {
     std::vector<Writing> writings;
     QStringList problems;
-    std::map<QString, int> counts;
 };
-Account ReadAccount(const QString& file);
+/// Adds what one worker reported; what is neither a writing nor a problem is printed.
+void ReadAccount(const QString& file, const QString& worker, Account& account);
 
 /// The values that do not stand in the database although nobody can have overwritten them, and arrivals that
 /// were recorded twice, a line each.

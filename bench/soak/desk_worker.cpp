@@ -28,7 +28,7 @@ constexpr int ReopenSheetEntry = 5;
 constexpr int Patience = 20'000;
 /// In KiB: what the memory of a desk may still grow by after the first quarter of the work, beside a share
 /// of it: caches fill.
-constexpr long FreeGrowth = 12 * 1024;
+constexpr long FreeGrowth = 12L * 1024;
 constexpr long GrowthShare = 10;
 
 int Below(int bound) {
@@ -121,8 +121,7 @@ void DeskWorker::Work(QDeadlineTimer until) {
             before = ResidentMemory();
     }
     const long growth = ResidentMemory() - before;
-    TellCount(u"KiB of memory"_s, static_cast<int>(before));
-    TellCount(u"KiB grown"_s, static_cast<int>(growth));
+    Say(u"memory: %1 KiB, grown by %2 KiB"_s.arg(before).arg(growth));
     if (growth > FreeGrowth + before / GrowthShare)
         TellProblem(u"the memory grew from %1 by %2 KiB"_s.arg(before).arg(growth));
     TellWhatWasShown();
@@ -132,11 +131,11 @@ void DeskWorker::TellWhatWasShown() {
     done_[u"reports shown"_s] = reportsShown_;
     for (const auto& counts : {done_, dialogs_.asked}) {
         for (const auto& [what, count] : counts)
-            TellCount(what, count);
+            Say(u"%1 %2"_s.arg(count).arg(what));
     }
     for (const auto& [text, count] : dialogs_.shown) {
         if (IsExpected(text))
-            TellCount(text, count);
+            Say(u"%1 times: %2"_s.arg(count).arg(text));
         else
             TellProblem(u"shown %1 times: %2"_s.arg(count).arg(text));
     }

@@ -140,8 +140,8 @@ QStringList RunWorkers(double minutes, const QString& folder, const QString& fau
         worker.setStandardErrorFile(folder + u"/errors%1.txt"_s.arg(i));
         worker.setStandardOutputFile(AccountFile(folder, i));
         worker.start(QCoreApplication::applicationFilePath(),
-                     {QString::number(minutes), u"--fault"_s, fault, u"--role"_s, Roles[i], u"--number"_s,
-                      QString::number(i), u"--folder"_s, folder});
+                     {QString::number(minutes), u"--fault"_s, fault, u"--worker"_s, QString::number(i),
+                      u"--folder"_s, folder});
     }
     QStringList problems;
     constexpr qint64 patience = 120'000;
@@ -161,16 +161,11 @@ QStringList RunWorkers(double minutes, const QString& folder, const QString& fau
 
 /// Prints what was done and what went wrong; true when nothing did.
 bool Judge(const QString& folder, QStringList problems) {
-    std::vector<Writing> writings;
-    for (int i = 0; i < Roles.size(); ++i) {
-        const Account account = ReadAccount(AccountFile(folder, i));
-        const QString worker = u"%1 %2: "_s.arg(Roles[i]).arg(i);
-        for (const auto& [what, count] : account.counts)
-            Say(worker + u"%1 %2"_s.arg(count).arg(what));
-        for (const QString& problem : account.problems)
-            problems << worker + problem;
-        writings.insert(writings.end(), account.writings.begin(), account.writings.end());
-    }
+    Account account;
+    for (int i = 0; i < Roles.size(); ++i)
+        ReadAccount(AccountFile(folder, i), u"%1 %2"_s.arg(Roles[i]).arg(i), account);
+    const std::vector<Writing>& writings = account.writings;
+    problems << account.problems;
     const auto connection = OpenUnchanged(folder + u"/DATA.mdb"_s);
     std::set<int> kinds;
     for (const Writing& writing : writings)
@@ -198,10 +193,9 @@ int Run(const QApplication& application) {
     QCommandLineParser options;
     const QCommandLineOption fault(
         u"fault"_s, u"What goes wrong on purpose: %1."_s.arg(FaultNames().join(u", "_s)), u"NAME"_s);
-    const QCommandLineOption role(u"role"_s, {}, u"ROLE"_s);
-    const QCommandLineOption number(u"number"_s, {}, u"N"_s);
+    const QCommandLineOption worker(u"worker"_s, {}, u"N"_s);
     const QCommandLineOption folder(u"folder"_s, {}, u"DIR"_s);
-    options.addOptions({fault, role, number, folder});
+    options.addOptions({fault, worker, folder});
     options.addPositionalArgument(u"MINUTES"_s, u"How long the work lasts."_s);
     options.addHelpOption();
     options.process(application);
@@ -211,9 +205,10 @@ int Run(const QApplication& application) {
         options.showHelp(2);
 
     const QDeadlineTimer until(static_cast<qint64>(minutes * 60'000));
-    if (options.value(role) == u"desk"_s)
-        return WorkAsDesk(options.value(folder), options.value(number).toInt(), until, spoiled);
-    if (options.value(role) == u"script"_s) {
+    if (options.isSet(worker)) {
+        const int number = options.value(worker).toInt();
+        if (Roles[number] == u"desk"_s)
+            return WorkAsDesk(options.value(folder), number, until, spoiled);
         Script(options.value(folder)).Work(until);
         return 0;
     }
