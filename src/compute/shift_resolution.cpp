@@ -15,7 +15,7 @@ Seconds ReadTimeOfDay(const QString& text) {
     if (!time)
         time = ReadDateText(StoredDay(DayZero) + u' ' + text.trimmed());
     if (!time)
-        throw StatementError(u"Perintah database ditolak: \"%1\" bukan waktu."_s.arg(text));
+        throw StatementError(ErrorKind::NotATime, u"\"%1\" is no time"_s.arg(text), {text});
     return TimeOfDay(time->time);
 }
 

@@ -1,6 +1,6 @@
 #include "core/error_log.h"
 
-#include "database/database_error.h"
+#include "core/error_words.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -62,8 +62,7 @@ void ErrorLog::LogError(int number, const QString& description, const QString& p
 
 void ErrorLog::LogError(const std::exception& error, const QString& procedure) {
     const auto* known = dynamic_cast<const ProgramError*>(&error);
-    LogError(known ? known->Number() : 0, known ? known->Description() : QString::fromUtf8(error.what()),
-             procedure);
+    LogError(known ? known->Number() : 0, UserText(error), procedure);
 }
 
 } // namespace modGeneral

@@ -24,7 +24,7 @@ public:
     /// Writes one record: error number, description, module and procedure, each followed by "~".
     void LogError(int number, const QString& description, const QString& procedure,
                   const QString& module = ModuleName.toString());
-    /// The same, number and description taken from the error.
+    /// The same of an error, with the words that the user is shown, so that log and message can be matched.
     void LogError(const std::exception& error, const QString& procedure);
 
 private:
