@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QFile>
+#include <QLockFile>
 #include <QString>
 
 #include <exception>
+#include <memory>
 
 namespace modGeneral {
 
@@ -14,7 +16,8 @@ inline constexpr QStringView ModuleName = u"VELT";
 QString ErrorLogPath();
 
 /// The program's error log. The first error of a run empties the file; it then stays open, one line an error.
-/// No failure to write it ever reaches the user.
+/// Programs that run side by side write a file each: "VELTLOG.TXT", "VELTLOG-2.TXT" and so on. No failure to
+/// write it ever reaches the user.
 class ErrorLog {
 public:
     explicit ErrorLog(const QString& path = ErrorLogPath());
@@ -30,6 +33,9 @@ public:
 private:
     bool Open();
 
+    QString path_;
+    /// Held as long as the file is this program's; it ends with the process, however that ends.
+    std::unique_ptr<QLockFile> lock_;
     QFile file_;
 };
 

@@ -5,6 +5,8 @@
 
 #include <QDir>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 using modGeneral::ErrorLog;
 
@@ -89,3 +91,36 @@ TEST(ErrorLog, HoldsOneLineForEachErrorOfTheRun) {
                       "Error Number: 0.~Error Description: x~Module Name: VELT~Sub/Function: OnEnter~", ""}));
     }
 }
+
+TEST(ErrorLog, ProgramsSideBySideWriteAFileEach) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"VELTLOG.TXT"_s);
+    const QString second = folder.filePath(u"VELTLOG-2.TXT"_s);
+    ErrorLog desk(path);
+    for (const QByteArray& run : {QByteArray("b"), QByteArray("c")}) {
+        ErrorLog other(path);
+        desk.WriteLog(u"a"_s);
+        other.WriteLog(QString::fromLatin1(run));
+        ErrorLog(path).WriteLog(u"third"_s);
+        EXPECT_EQ(LogOf(second), run + '\n');
+    }
+    EXPECT_EQ(LogOf(path), "a\na\n");
+    EXPECT_EQ(LogOf(folder.filePath(u"VELTLOG-3.TXT"_s)), "third\n");
+}
+
+#ifndef Q_OS_WIN
+TEST(ErrorLog, AKilledProgramLeavesTheFileToTheNext) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"VELTLOG.TXT"_s);
+    const auto dieWithTheFileOpen = [&path] {
+        ErrorLog log(path);
+        log.WriteLog(u"last words"_s);
+        raise(SIGKILL);
+    };
+    EXPECT_EXIT(dieWithTheFileOpen(), testing::KilledBySignal(SIGKILL), "");
+    EXPECT_EQ(LogOf(path), "last words\n");
+    ErrorLog next(path);
+    next.WriteLog(u"next"_s);
+    EXPECT_EQ(LogOf(path), "next\n");
+}
+#endif
