@@ -10,11 +10,11 @@ namespace {
 
 /// The name that follows the first "from".
 QString TableOf(const QString& select) {
-    bool behindFrom = false;
+    bool afterFrom = false;
     for (const StatementToken& token : Tokenize(select)) {
-        if (behindFrom && (token.kind == Kind::Word || token.kind == Kind::Name))
+        if (afterFrom && (token.kind == Kind::Word || token.kind == Kind::Name))
             return token.text;
-        behindFrom = behindFrom || token.IsWord(u"from");
+        afterFrom = afterFrom || token.IsWord(u"from");
     }
     throw StatementError(ErrorKind::NoTableName, u"the statement names no table"_s);
 }

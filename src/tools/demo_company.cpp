@@ -125,8 +125,8 @@ struct Period {
 };
 
 Period AttendanceOf(const DemoOptions& options) {
-    const Day behind = options.until + days{1};
-    year_month_day first = year_month_day{behind} - std::chrono::months{options.months};
+    const Day after = options.until + days{1};
+    year_month_day first = year_month_day{after} - std::chrono::months{options.months};
     if (!first.ok())
         first = first.year() / first.month() / std::chrono::last;
     return {Day{first}, options.until};
