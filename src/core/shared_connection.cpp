@@ -1,5 +1,6 @@
 #include "core/shared_connection.h"
 
+#include "core/error_words.h"
 #include "core/settings.h"
 #include "database/database_file.h"
 
@@ -9,11 +10,6 @@ namespace {
 
 constexpr int GeneralErrorNumber = 5;
 constexpr int NotConnectedNumber = 91;
-
-QString Description(const std::exception& error) {
-    const auto* known = dynamic_cast<const ProgramError*>(&error);
-    return known ? known->Description() : QString::fromUtf8(error.what());
-}
 
 /// The documented text of a server back end. Nothing selects it yet: the embedded database is always opened.
 QString ServerConnectionText(const QString& server) {
@@ -69,21 +65,21 @@ QString ErrorMessage(const std::exception& error) {
         database && !database->Failures().isEmpty()) {
         QString message = u"\nDatabase Errors: \n"_s + QString(40, u'-') + u'\n';
         for (const DatabaseFailure& failure : database->Failures())
-            message += u"[%1]-%2\n%3\n\n"_s.arg(QString::number(failure.number), failure.source,
-                                                failure.description);
+            message +=
+                u"[%1]-%2\n%3\n\n"_s.arg(QString::number(failure.number), failure.source, UserText(failure));
         return message;
     }
     const auto* known = dynamic_cast<const ProgramError*>(&error);
     const int number = known ? known->Number() : GeneralErrorNumber;
     return u"This program has error: \n"_s + QString(34, u'-') + u"\n["_s + QString::number(number) + u"]\n"_s
-           + Description(error) + u'\n';
+           + UserText(error) + u'\n';
 }
 
 void ShowDatabaseError(const SharedConnection& shared, Dialogs& dialogs, const std::exception* pending) {
     if (!pending)
         return;
     if (!shared.Exists()) {
-        dialogs.Plain(Description(*pending));
+        dialogs.Plain(UserText(*pending));
         return;
     }
     dialogs.Warn(ErrorMessage(*pending));

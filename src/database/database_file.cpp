@@ -10,16 +10,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int FileNumber = 90003;
+constexpr int FileNumber = 90010;
 
 } // namespace
 
+void RefuseExisting(const QString& path) {
+    throw ProgramError(ErrorKind::FileExists, FileNumber, u"%1 exists already"_s.arg(path), {path});
+}
+
+void RefuseUnmade(const QString& path, const QString& reason) {
+    throw ProgramError(ErrorKind::FileNotMade, FileNumber, u"%1 cannot be made: %2"_s.arg(path, reason),
+                       {path, reason});
+}
+
 void CreateDatabase(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        throw ProgramError(FileNumber, file.exists()
-                                           ? u"%1 exists already"_s.arg(path)
-                                           : u"%1 cannot be made: %2"_s.arg(path, file.errorString()));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        if (file.exists())
+            RefuseExisting(path);
+        RefuseUnmade(path, file.errorString());
+    }
     file.close();
     const std::unique_ptr<Connection> connection = ConnectToFile(path);
     RunSchemaSteps(*connection, connection->UsedEngine().Schema().Steps());

@@ -6,6 +6,10 @@
 
 #include <memory>
 
+/// Throw the ProgramError of a file that is not made because it exists or because of the reason.
+[[noreturn]] void RefuseExisting(const QString& path);
+[[noreturn]] void RefuseUnmade(const QString& path, const QString& reason);
+
 /// Makes a file with an empty database of the newest version, ready to be opened. Throws ProgramError when
 /// the file exists or cannot be made.
 void CreateDatabase(const QString& path);

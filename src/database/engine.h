@@ -30,7 +30,7 @@ public:
     /// statement is refused.
     virtual QString Translate(const QString& statement) const = 0;
 
-    /// Says in the user's words what went wrong and what to do.
+    /// Says what kind of failure it is, with the engine's own words for it.
     virtual DatabaseFailure Describe(const QSqlError& error) const = 0;
 
     /// Starts a transaction that holds the right to write from its first moment on.

@@ -8,8 +8,8 @@ namespace {
 
 constexpr int SchemaNumber = 90003;
 
-[[noreturn]] void Refuse(const QString& description) {
-    throw DatabaseError({SchemaNumber, u"Time Attendance"_s, description});
+[[noreturn]] void Refuse(ErrorKind kind, const QString& description, const QStringList& details) {
+    throw DatabaseError(kind, SchemaNumber, description, details);
 }
 
 const EngineSchema& SchemaOf(const Connection& connection) {
@@ -20,18 +20,17 @@ void RefuseMissing(const QSet<QString>& expected, const QSet<QString>& found) {
     QStringList missing = (expected - found).values();
     missing.sort();
     if (!missing.isEmpty())
-        Refuse(u"Database tidak lengkap, tidak ditemukan: %1.\nPulihkan database dari cadangan."_s.arg(
-            missing.first()));
+        Refuse(ErrorKind::Incomplete, u"the database lacks %1"_s.arg(missing.first()), {missing.first()});
 }
 
 } // namespace
 
 int SchemaVersion(Connection& connection) {
     const std::optional<int> version = SchemaOf(connection).VersionOf(connection);
-    if (!version)
-        Refuse(
-            u"File ini bukan database absensi (atau masih kosong): %1\nPeriksa nama file atau pulihkan dari "
-            "cadangan."_s.arg(QDir::toNativeSeparators(connection.FileName())));
+    if (!version) {
+        const QString file = QDir::toNativeSeparators(connection.FileName());
+        Refuse(ErrorKind::Foreign, u"%1 is empty or not a database of this program"_s.arg(file), {file});
+    }
     return *version;
 }
 
@@ -57,11 +56,12 @@ void PrepareSchema(Connection& connection, std::span<const SchemaStep> steps) {
     const EngineSchema& schema = SchemaOf(connection);
     const int newest = steps.back().version;
     const int version = SchemaVersion(connection);
-    if (version > newest)
-        Refuse(u"Database ini dibuat oleh program yang lebih baru (versi %1; program ini mengenal sampai "
-               u"versi %2). "
-               "Pasang program yang terbaru."_s.arg(version)
-                   .arg(newest));
+    if (version > newest) {
+        const QStringList versions{QString::number(version), QString::number(newest)};
+        Refuse(ErrorKind::Newer,
+               u"the database is of version %1; the newest known is %2"_s.arg(versions[0], versions[1]),
+               versions);
+    }
     if (version < newest) {
         schema.CopyAside(connection, version);
         RunSchemaSteps(connection, steps);

@@ -30,32 +30,29 @@ enum ResultCode {
 /// The engine's extended code for a file that it has open, but that no longer stands under its name.
 constexpr int FileMoved = ReadOnly | (4 << 8);
 
-QString Advice(int code) {
+ErrorKind KindOf(int code) {
     if (code == FileMoved)
-        return u"File database sudah dipindahkan, dihapus atau diganti. Tidak ada yang disimpan. Tutup "
-               u"program "
-               "ini lalu buka lagi."_s;
+        return ErrorKind::FileMoved;
     switch (code & 0xFF) {
     case Busy:
     case Locked:
-        return u"Database sedang dikunci oleh program lain. Tunggu sebentar lalu ulangi; bila tetap terjadi, "
-               "tutup program lain yang memakai database ini."_s;
+        return ErrorKind::Locked;
     case ReadOnly:
-        return u"Database hanya dapat dibaca, tidak dapat ditulis. Periksa hak tulis pada file dan foldernya."_s;
+        return ErrorKind::ReadOnly;
     case InputOutput:
-        return u"Database tidak dapat dibaca atau ditulis. Periksa disk dan jaringan."_s;
+        return ErrorKind::ReadOrWrite;
     case Corrupt:
-        return u"File database rusak atau terpotong. Hentikan pemakaian dan pulihkan dari cadangan."_s;
+        return ErrorKind::Damaged;
     case Full:
-        return u"Disk penuh. Kosongkan ruang pada disk lalu ulangi."_s;
+        return ErrorKind::DiskFull;
     case CantOpen:
-        return u"File database tidak dapat dibuka. Periksa apakah file ada dan hak aksesnya."_s;
+        return ErrorKind::CannotOpen;
     case Constraint:
-        return u"Data ditolak karena tidak sesuai aturan database (isi ganda atau bentuk yang salah)."_s;
+        return ErrorKind::Constraint;
     case NotADatabase:
-        return u"File ini bukan database. Periksa nama file atau pulihkan dari cadangan."_s;
+        return ErrorKind::NoDatabase;
     default:
-        return u"Perintah database gagal."_s;
+        return ErrorKind::Failed;
     }
 }
 
@@ -102,10 +99,9 @@ QString SqliteEngine::FileAt(const QString& path) const {
 QSqlDatabase SqliteEngine::Open(const QString& path) const {
     const QString file = FileAt(path);
     if (file.isEmpty()) {
+        const QString wanted = QDir::toNativeSeparators(ToLocalPath(path));
         throw DatabaseError(
-            {CantOpen, u"SQLite"_s,
-             u"File database tidak ditemukan: %1\nPeriksa apakah file itu ada dan dapat dibaca."_s.arg(
-                 QDir::toNativeSeparators(ToLocalPath(path)))});
+            {CantOpen, u"SQLite"_s, u"%1 does not exist"_s.arg(wanted), ErrorKind::FileMissing, {wanted}});
     }
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
@@ -124,7 +120,8 @@ QSqlDatabase SqliteEngine::Open(const QString& path) const {
         database.close();
         database = QSqlDatabase();
         QSqlDatabase::removeDatabase(name);
-        failure.description += u'\n' + QDir::toNativeSeparators(file);
+        failure.details << QDir::toNativeSeparators(file);
+        failure.description = failure.details.join(u": ");
         throw DatabaseError(failure);
     }
     return database;
@@ -137,7 +134,7 @@ QString SqliteEngine::Translate(const QString& statement) const {
 DatabaseFailure SqliteEngine::Describe(const QSqlError& error) const {
     const int code = error.nativeErrorCode().toInt();
     const QString native = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    return {code == 0 ? 1 : code, u"SQLite"_s, u"%1 (%2)"_s.arg(Advice(code), native)};
+    return {code == 0 ? 1 : code, u"SQLite"_s, native, KindOf(code), {native}};
 }
 
 QString SqliteEngine::BeginStatement() const {

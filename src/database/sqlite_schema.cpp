@@ -146,10 +146,11 @@ void SqliteSchema::CopyAside(Connection& connection, int version) const {
     const QString unfinished = copy + u'.' + QUuid::createUuid().toString(QUuid::WithoutBraces);
     const auto removeUnfinished = qScopeGuard([&] { QFile::remove(unfinished); });
     connection.ExecuteNative(u"VACUUM INTO '"_s + QString(unfinished).replace(u'\'', u"''"_s) + u'\'');
-    if (!QFile::rename(unfinished, copy) && !QFile::exists(copy))
-        throw DatabaseError(
-            {CopyNumber, u"Time Attendance"_s,
-             u"Salinan database tidak dapat dibuat: %1"_s.arg(QDir::toNativeSeparators(copy))});
+    if (!QFile::rename(unfinished, copy) && !QFile::exists(copy)) {
+        const QString file = QDir::toNativeSeparators(copy);
+        throw DatabaseError(ErrorKind::CopyNotMade, CopyNumber, u"the copy %1 cannot be made"_s.arg(file),
+                            {file});
+    }
 }
 
 QSet<QString> SqliteSchema::TablesIn(Connection& connection) const {

@@ -327,10 +327,10 @@ std::unique_ptr<Connection> OpenUnchanged(const QString& path) {
     const int version = SchemaVersion(*connection);
     const int newest = NewestSchemaVersion(*connection);
     if (version < newest)
-        throw DatabaseError({OlderVersionNumber, u"Time Attendance"_s,
-                             u"the database is of the older version %1; start the program on it once, which "
-                             "converts it to version %2"_s.arg(version)
-                                 .arg(newest)});
+        throw DatabaseError(ErrorKind::Told, OlderVersionNumber,
+                            u"the database is of the older version %1; start the program on it once, which "
+                            "converts it to version %2"_s.arg(version)
+                                .arg(newest));
     PrepareSchema(*connection);
     return connection;
 }

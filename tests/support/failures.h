@@ -1,16 +1,17 @@
 #pragma once
 
+#include "core/error_words.h"
 #include "database/connection.h"
 
 #include <QString>
 
-/// What a DatabaseError that the action throws says; "" when the action goes through.
+/// What the user is told of a DatabaseError that the action throws; "" when the action goes through.
 template<class Action>
 QString FailureOf(Action&& action) {
     try {
         std::forward<Action>(action)();
     } catch (const DatabaseError& error) {
-        return error.Description();
+        return UserText(error);
     }
     return {};
 }
