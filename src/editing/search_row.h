@@ -12,7 +12,7 @@
 /// One row of the search as it was read: a time card, a day of it and the employee. All day fields are empty
 /// when the card has no such day.
 struct SearchRow {
-    /// The columns of the search grid. Behind the serial number they are those of qry_TimeCardAll in its
+    /// The columns of the search grid. After the serial number they are those of qry_TimeCardAll in its
     /// order.
     enum Column {
         SerialNo,
