@@ -29,6 +29,13 @@ QString TextOf(const QWidget& in, const char* name) {
     return (text.isValid() ? text : part.property("currentText")).toString();
 }
 
+QString TextOf(const QWidget& in, std::initializer_list<const char*> names) {
+    QStringList texts;
+    for (const char* name : names)
+        texts << TextOf(in, name);
+    return texts.join(u'|');
+}
+
 WindowFixture::~WindowFixture() {
     EXPECT_TRUE(user.IsDone()) << "a window that the test waited for never came";
 }

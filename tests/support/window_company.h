@@ -23,8 +23,9 @@ Widget& Part(const QWidget& in, const char* name) {
     return *widget;
 }
 
-/// What a named label, box or list of a window shows.
+/// What a named label, box or list of a window shows; of several, joined by "|".
 QString TextOf(const QWidget& in, const char* name);
+QString TextOf(const QWidget& in, std::initializer_list<const char*> names);
 
 /// A company and a window over it, worked at by the keyboard.
 class WindowFixture : public TestCompany {
@@ -50,8 +51,6 @@ public:
     void Go(int row, int column);
 
     void Run(const QString& statement) { Db().ExecuteNative(statement); }
-    /// Whether the user was told nothing and asked nothing.
-    bool IsQuiet() const { return dialogs.texts.isEmpty() && dialogs.questions.isEmpty(); }
     bool IsLogged(const char* text) {
         return BytesOf(folder.filePath(QStringLiteral("VELTLOG.TXT"))).contains(text);
     }
