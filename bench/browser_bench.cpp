@@ -1,4 +1,4 @@
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "editing/attendance_model.h"
 #include "support/bench_company.h"
 #include "support/peak_memory.h"

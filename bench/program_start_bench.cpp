@@ -3,7 +3,7 @@
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
 #include "timecard/frmMain.h"
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
 #include "timecard/sheet_model.h"
 #include "ui/theme.h"
 

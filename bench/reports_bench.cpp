@@ -1,4 +1,4 @@
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "reports/report_list.h"
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"
@@ -37,8 +37,10 @@ public:
 
     /// Makes the lines of a report. Every employee must be in it, and with so many lines at least.
     void Print(QStringView name, int linesPerEmployee) {
-        const MaybePrinted report = FindReport(name)->print(*connection_, criteria_, GoOn);
-        if (!report || report->lines.size() < size_.employees * linesPerEmployee)
+        int lines = 0;
+        const auto count = [&lines](const QString&) { ++lines; };
+        if (!FindReport(name)->print(*connection_, criteria_, count, GoOn)
+            || lines < size_.employees * linesPerEmployee)
             throw std::runtime_error("not every employee was reported");
     }
 

@@ -1,4 +1,4 @@
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "shifts/roster_model.h"
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"

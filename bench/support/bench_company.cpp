@@ -1,7 +1,7 @@
 #include "support/bench_company.h"
 
-#include "database/schema.h"
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
+#include "database/database_file.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,6 @@
 #include "app/desk_windows.h"
+#include "core/platform_files.h"
+#include "core/version.h"
 #include "shell/frmLogin.h"
 #include "ui/guarded_application.h"
 #include "ui/message_dialogs.h"
@@ -29,9 +31,10 @@ QString HomeFolder(const QApplication& application) {
 } // namespace
 
 int main(int argc, char** argv) {
+    TellFileSizeLimitAsError();
     GuardedApplication application(argc, argv);
     QApplication::setApplicationName(u"timeattendance"_s);
-    QApplication::setApplicationVersion(u"1.0"_s);
+    QApplication::setApplicationVersion(ProgramVersion());
     Theme::Apply(application);
     StandardTexts texts;
     QApplication::installTranslator(&texts);

@@ -74,7 +74,8 @@ qint64 fixed_units::FromText(QStringView text, int places) {
     const auto append = [&units, text](int digit) {
         // The last digit is left free for rounding up.
         if (units > std::numeric_limits<qint64>::max() / 10 - 1)
-            throw ProgramError(TooLargeNumber, u"Angka terlalu besar: %1."_s.arg(text));
+            throw ProgramError(ErrorKind::NumberTooLarge, TooLargeNumber, u"number too large: %1"_s.arg(text),
+                               {text.toString()});
         units = units * 10 + digit;
     };
     while (digits.AtDigit())

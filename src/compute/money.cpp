@@ -2,6 +2,8 @@
 
 #include "database/database_error.h"
 
+#include <QLocale>
+
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -22,11 +24,20 @@ Money AmountFor(DottedHours hours, HourlyRate rate) {
     constexpr qint64 One = 100'000'000; // a rate of 1, in units of its last place
     const double estimate = static_cast<double>(hours.Units()) * static_cast<double>(rate.Units()) / 1e6;
     if (std::abs(estimate) > AmountLimit || qAbs(hours.Units()) > HoursLimit)
-        throw ProgramError(AmountTooLargeNumber,
-                           u"Jumlah terlalu besar: %1 jam x %2."_s.arg(hours.Text(), rate.Text()));
+        throw ProgramError(ErrorKind::AmountTooLarge, AmountTooLargeNumber,
+                           u"amount too large: %1 hours x %2"_s.arg(hours.Text(), rate.Text()),
+                           {hours.Text(), rate.Text()});
     // The full product has ten decimals and does not fit into 64 bits: the whole part of the rate and its
     // decimals are multiplied apart.
     const qint64 whole = hours.Units() * (rate.Units() / One) * 100;
     const qint64 decimals = RoundedQuotient(hours.Units() * (rate.Units() % One), 1'000'000);
     return Money::FromUnits(whole + decimals);
+}
+
+QString DigitsOf(const std::optional<double>& number) {
+    constexpr double TooLarge = 1e14;
+    if (!number)
+        return {};
+    return std::abs(*number) < TooLarge ? Money::FromField(FieldValue(*number)).Text()
+                                        : QString::number(*number, 'f', QLocale::FloatingPointShortest);
 }

@@ -1,33 +1,24 @@
 #include "compute/shift_resolution.h"
 
-#include "compute/time_card_rules.h"
-#include "core/query_values.h"
-#include "database/database_error.h"
-#include "database/statement.h"
+#include "core/status_codes.h"
 
-using namespace Qt::StringLiterals;
-using b_stored_procedure::GetFirstValue;
+#include <algorithm>
 
-namespace {
-
-Seconds ReadTimeOfDay(const QString& text) {
-    std::optional<DateText> time = ReadDateText(text);
-    if (!time)
-        time = ReadDateText(StoredDay(DayZero) + u' ' + text.trimmed());
-    if (!time)
-        throw StatementError(u"Perintah database ditolak: \"%1\" bukan waktu."_s.arg(text));
-    return TimeOfDay(time->time);
+QString modAbsen::ResolveShift(const QString& rosterCode, const std::optional<WallTime>& clockIn,
+                               const std::vector<ShiftRow>& shifts) {
+    if (!rosterCode.isEmpty())
+        return rosterCode;
+    const auto contains = [&clockIn](const ShiftRow& shift) {
+        const WallTime time = TimeOnDay(DayZero, TimeOfDay(*clockIn));
+        return shift.timeIn && shift.timeOut && *shift.timeIn <= time && time <= *shift.timeOut;
+    };
+    const auto found = clockIn ? std::ranges::find_if(shifts, contains) : shifts.end();
+    return found == shifts.end() || found->code.isEmpty() ? ShiftCode::Default.toString() : found->code;
 }
 
-} // namespace
-
-QString modAbsen::ResolveShift(Connection& connection, const QString& nip, Day day, const QString& clockIn) {
-    QString code = GetFirstValue(connection, u"select ShiftCode From ShiftEmployee Where NIP="_s + Quoted(nip)
-                                                 + u" AND Tgl=#"_s + StoredDay(day) + u'#');
-    if (code.isEmpty() && !clockIn.isEmpty()) {
-        const QString time = StoredTime(TimeOnDay(DayZero, ReadTimeOfDay(clockIn)));
-        code = GetFirstValue(connection,
-                             u"select Code from Shift where #"_s + time + u"# between TimeIN and TimeOut"_s);
-    }
-    return code.isEmpty() ? DefaultShift.toString() : code;
+ShiftHours modAbsen::HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code) {
+    const auto found = std::ranges::find(shifts, code, &ShiftRow::code);
+    if (found == shifts.end())
+        return {};
+    return {found->timeIn.value_or(EmptyTime), found->timeOut.value_or(EmptyTime)};
 }

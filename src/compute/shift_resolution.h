@@ -1,15 +1,35 @@
 #pragma once
 
-#include "database/connection.h"
+#include "database/wall_time.h"
 
 #include <QString>
 
+#include <optional>
+#include <vector>
+
+/// Scheduled start and end. They stand on the base date; a night shift ends on the day after it. A shift that
+/// is described nowhere has the empty time at both.
+struct ShiftHours {
+    WallTime start = EmptyTime;
+    WallTime end = EmptyTime;
+};
+
+/// A row of the shift codes.
+struct ShiftRow {
+    QString code;
+    std::optional<WallTime> timeIn;
+    std::optional<WallTime> timeOut;
+};
+
 namespace modAbsen {
 
-/// The code of the shift that an employee worked on a day: the roster's; else that of the first shift (in the
-/// order of the codes) whose hours contain the clock-in time; else "P". Never empty. The clock-in time is a
-/// time of day with or without a date before it; "" when there is none. Throws DatabaseError, also for a
-/// clock-in text that is no time.
-QString ResolveShift(Connection& connection, const QString& nip, Day day, const QString& clockIn);
+/// The code of the shift that was worked on a day: the roster's, unless it is empty; else that of the first
+/// shift in the order given whose hours contain the time of day of the clock-in, both ends included; else
+/// "P". Never empty.
+QString ResolveShift(const QString& rosterCode, const std::optional<WallTime>& clockIn,
+                     const std::vector<ShiftRow>& shifts);
+
+/// The code's hours; those of a shift that is described nowhere when the code is unknown.
+ShiftHours HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code);
 
 } // namespace modAbsen

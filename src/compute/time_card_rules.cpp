@@ -1,14 +1,13 @@
 #include "compute/time_card_rules.h"
 
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
+#include "core/status_codes.h"
 
 namespace {
 
 bool HasHours(const CardData& card) {
-    static const QStringList clockedOut{u"OUT"_s, u"OU"_s, u"PC"_s};
-    return card.shiftCode != DayOff && clockedOut.contains(card.status) && TimeIfSet(card.timeIn)
+    const bool clockedOut = card.status == CardStatus::Out || card.status == CardStatus::OutShort
+                            || card.status == CardStatus::LeftEarly;
+    return card.shiftCode != ShiftCode::DayOff && clockedOut && TimeIfSet(card.timeIn)
            && TimeIfSet(card.timeOut);
 }
 
@@ -26,25 +25,10 @@ WallTime ScheduledEnd(const ShiftHours& shift, WallTime timeIn, WallTime timeOut
 }
 
 bool IsDaily(const PayData& pay) {
-    return pay.employeeType.trimmed().toUpper() == QStringView(u"HRN");
+    return pay.employeeType.trimmed().toUpper() == PayType::Daily;
 }
 
 } // namespace
-
-QString ShiftAround(const std::vector<ShiftRow>& shifts, Seconds timeOfDay) {
-    const WallTime time = TimeOnDay(DayZero, timeOfDay);
-    const auto found = std::ranges::find_if(shifts, [time](const ShiftRow& shift) {
-        return shift.timeIn && shift.timeOut && *shift.timeIn <= time && time <= *shift.timeOut;
-    });
-    return found == shifts.end() ? QString() : found->code;
-}
-
-ShiftHours HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code) {
-    const auto found = std::ranges::find(shifts, code, &ShiftRow::code);
-    if (found == shifts.end())
-        return {};
-    return {found->timeIn.value_or(EmptyTime), found->timeOut.value_or(EmptyTime)};
-}
 
 CardResult ComputeCard(const CardData& card) {
     CardResult result;

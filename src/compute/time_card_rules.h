@@ -1,30 +1,12 @@
 #pragma once
 
 #include "compute/money.h"
+#include "compute/shift_resolution.h"
 #include "database/wall_time.h"
 
 #include <QString>
 
 #include <optional>
-#include <vector>
-
-/// The codes that have a meaning of their own.
-inline constexpr QStringView DefaultShift = u"P";
-inline constexpr QStringView DayOff = u"O";
-
-/// Scheduled start and end. They stand on the base date; a night shift ends on the day after it. A shift that
-/// is described nowhere has the empty time at both.
-struct ShiftHours {
-    WallTime start = EmptyTime;
-    WallTime end = EmptyTime;
-};
-
-/// A row of the shift codes.
-struct ShiftRow {
-    QString code;
-    std::optional<WallTime> timeIn;
-    std::optional<WallTime> timeOut;
-};
 
 /// What an employee is paid by. An employee without a record has nothing of it.
 struct PayData {
@@ -61,13 +43,6 @@ struct CardResult {
     /// Nothing when the day row stays as it is.
     std::optional<DayResult> day;
 };
-
-/// The shift in whose hours the time of day falls, both ends included: the first one in the order given. ""
-/// when there is none.
-QString ShiftAround(const std::vector<ShiftRow>& shifts, Seconds timeOfDay);
-
-/// The code's hours; those of a shift that is described nowhere when the code is unknown.
-ShiftHours HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code);
 
 /// Hours count on a card that was clocked out (status OUT, OU or PC) on a day that is not off. Normal hours
 /// run from arrival to the scheduled end; overtime is what the departure lies before the scheduled end. A

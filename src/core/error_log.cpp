@@ -1,6 +1,6 @@
 #include "core/error_log.h"
 
-#include "database/database_error.h"
+#include "core/error_words.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,6 +18,17 @@ constexpr QByteArrayView LineEnd = "\n";
 
 const QString CrLf = u"\r\n"_s;
 
+constexpr int MostPrograms = 99;
+
+/// "VELTLOG.TXT" for the first program, "VELTLOG-2.TXT" for the second.
+QString Numbered(const QString& path, int number) {
+    if (number == 1)
+        return path;
+    const QFileInfo first(path);
+    return u"%1/%2-%3.%4"_s.arg(first.path(), first.completeBaseName(), QString::number(number),
+                                first.suffix());
+}
+
 } // namespace
 
 namespace modGeneral {
@@ -32,11 +43,21 @@ QString ErrorLogPath() {
 #endif
 }
 
-ErrorLog::ErrorLog(const QString& path) : file_(path) {}
+ErrorLog::ErrorLog(const QString& path) : path_(path) {}
 
 bool ErrorLog::Open() {
-    QDir().mkpath(QFileInfo(file_.fileName()).absolutePath());
-    return file_.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    QDir().mkpath(QFileInfo(path_).absolutePath());
+    for (int number = 1; !lock_ && number <= MostPrograms; ++number) {
+        const QString path = Numbered(path_, number);
+        auto lock = std::make_unique<QLockFile>(path + u".lock"_s);
+        lock->setStaleLockTime(0); // the age of a lock says nothing: its program may run for days
+        // Where no lock can be made at all, the file is written without one.
+        if (lock->tryLock() || lock->error() != QLockFile::LockFailedError) {
+            lock_ = std::move(lock);
+            file_.setFileName(path);
+        }
+    }
+    return lock_ && file_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Truncate);
 }
 
 void ErrorLog::WriteLog(const QString& text) {
@@ -62,8 +83,7 @@ void ErrorLog::LogError(int number, const QString& description, const QString& p
 
 void ErrorLog::LogError(const std::exception& error, const QString& procedure) {
     const auto* known = dynamic_cast<const ProgramError*>(&error);
-    LogError(known ? known->Number() : 0, known ? known->Description() : QString::fromUtf8(error.what()),
-             procedure);
+    LogError(known ? known->Number() : 0, UserText(error), procedure);
 }
 
 } // namespace modGeneral

@@ -8,7 +8,3 @@ QString b_stored_procedure::GetFirstValue(Connection& connection, const QString&
     Cursor rows = connection.Query(statement);
     return rows.Next() ? rows.Text(0) : QString();
 }
-
-Recordset b_stored_procedure::OpenTimeCardDetail(Connection& connection, const QString& tcid) {
-    return Recordset(connection, u"select * from TimeCardDetail where tcid="_s + Quoted(tcid));
-}

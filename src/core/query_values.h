@@ -20,9 +20,6 @@ namespace b_stored_procedure {
 /// DatabaseError.
 QString GetFirstValue(Connection& connection, const QString& statement);
 
-/// The day rows of one time card, to be read and changed. Throws DatabaseError.
-Recordset OpenTimeCardDetail(Connection& connection, const QString& tcid);
-
 } // namespace b_stored_procedure
 
 namespace modGeneral {

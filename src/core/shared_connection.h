@@ -21,11 +21,8 @@ private:
     std::unique_ptr<Connection> connection_;
 };
 
-/// The text that OpenConnection opens the database with: DATA.mdb in the program folder when it is there in
-/// any letter case, else in the folder UI beside the program folder.
-QString DatabaseConnectionText(const ProgramFolder& folder);
-
-/// Opens the shared connection unless it is open already. A failure is shown and gives false.
+/// Opens the shared connection unless it is open already: DATA.mdb in the program folder when it is there in
+/// any letter case, else in the folder UI beside the program folder. A failure is shown and gives false.
 bool OpenConnection(SharedConnection& shared, const ProgramFolder& folder, Dialogs& dialogs);
 
 /// The message that ShowDatabaseError shows for an error while the connection is open.

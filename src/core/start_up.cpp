@@ -1,5 +1,6 @@
 #include "core/start_up.h"
 
+#include "core/settings.h"
 #include "database/file_lookup.h"
 
 using namespace Qt::StringLiterals;
@@ -40,7 +41,9 @@ bool modAbsen::InitApplication(Program& program, StartScreen& screen,
     Trapped(program, u"InitApplication"_s, [&] {
         const Hourglass hourglass(screen);
         LoadPictures(program.folder, screen);
-        if (!b_WinControlPanel::IsRegionalSettingUS(userCountry())) {
+        const bool anyCountry =
+            b_global::ReadSetting(program.folder, u"regional"_s).compare(u"any", Qt::CaseInsensitive) == 0;
+        if (!anyCountry && !b_WinControlPanel::IsRegionalSettingUS(userCountry())) {
             program.dialogs.Warn(u"Regional setting harus English (United Stated)\n"
                                  "Tolong buka Control Panel window."_s);
             return;

@@ -19,8 +19,8 @@ public:
     virtual void LoadPicture(Background which, const QString& path) = 0;
 };
 
-/// Loads the pictures, checks the regional settings and opens the shared connection, in this order. False
-/// when the program must not go on; the user has been told why.
+/// Loads the pictures, checks the regional settings (unless setting.ini says "regional=any") and opens the
+/// shared connection, in this order. False when the program must not go on; the user has been told why.
 bool InitApplication(Program& program, StartScreen& screen,
                      const std::function<QString()>& userCountry = b_WinControlPanel::UserCountry);
 

@@ -1,38 +1,8 @@
 #include "database/connection.h"
 
-#include "database/connection_text.h"
-#include "database/file_lookup.h"
-
-#include <QSqlRecord>
-
-using namespace Qt::StringLiterals;
-
-bool Cursor::Next() {
-    if (query_.next())
-        return true;
-    if (query_.lastError().isValid())
-        throw DatabaseError(engine_->Describe(query_.lastError()));
-    return false;
-}
-
-QStringList Cursor::ColumnNames() const {
-    const QSqlRecord record = query_.record();
-    QStringList names;
-    for (int i = 0; i < record.count(); ++i)
-        names << record.fieldName(i);
-    return names;
-}
-
-int Cursor::ColumnOf(const QString& name) const {
-    return query_.record().indexOf(name);
-}
-
-std::optional<WallTime> Cursor::Time(int column) const {
-    return ReadStored(Text(column));
-}
-
-Connection::Connection(std::unique_ptr<Engine> engine, const QString& connectionText)
-    : engine_(std::move(engine)), connectionText_(connectionText), database_(engine_->Open(connectionText)) {}
+Connection::Connection(std::unique_ptr<Engine> engine, const QString& path, const QString& connectionText)
+    : engine_(std::move(engine)), path_(path), connectionText_(connectionText),
+      database_(engine_->Open(path)) {}
 
 Connection::~Connection() {
     const QString name = database_.connectionName();
@@ -40,10 +10,6 @@ Connection::~Connection() {
     database_.close();
     database_ = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
-}
-
-QString Connection::FileName() const {
-    return FindFile(DataSourceOf(connectionText_));
 }
 
 Cursor Connection::Query(const QString& statement, const QVariantList& values) {
@@ -97,9 +63,19 @@ ChangeStamp Connection::Changes() {
 void Connection::RunTransaction(const std::function<void()>& work) {
     if (inTransaction_)
         return work();
-    Transaction transaction(*this);
+    ExecuteNative(engine_->BeginStatement());
+    inTransaction_ = true;
+    auto rollBack = qScopeGuard([this] {
+        inTransaction_ = false;
+        ++ownChanges_; // what was read inside is no longer so
+        // The engine itself takes a transaction back that cannot be finished; then this statement fails, rightly.
+        QSqlQuery query(database_);
+        query.exec(engine_->RollbackStatement());
+    });
     work();
-    transaction.Commit();
+    ExecuteNative(engine_->CommitStatement());
+    inTransaction_ = false;
+    rollBack.dismiss();
 }
 
 void Connection::SetPatience(std::chrono::milliseconds patience) {
@@ -118,29 +94,6 @@ QSqlQuery Connection::Prepared(const QString& nativeStatement) {
 void Connection::Run(QSqlQuery& query) const {
     if (!query.exec())
         throw DatabaseError(engine_->Describe(query.lastError()));
-}
-
-Transaction::Transaction(Connection& connection) : connection_(connection) {
-    if (connection_.inTransaction_)
-        throw std::logic_error("a transaction is open already");
-    connection_.ExecuteNative(connection_.engine_->BeginStatement());
-    connection_.inTransaction_ = true;
-}
-
-Transaction::~Transaction() {
-    if (!open_)
-        return;
-    connection_.inTransaction_ = false;
-    ++connection_.ownChanges_; // what was read inside is no longer so
-    // The engine itself takes a transaction back that cannot be finished; then this statement fails, rightly.
-    QSqlQuery query(connection_.database_);
-    query.exec(u"ROLLBACK"_s);
-}
-
-void Transaction::Commit() {
-    connection_.ExecuteNative(u"COMMIT"_s);
-    connection_.inTransaction_ = false;
-    open_ = false;
 }
 
 ShortPatience::ShortPatience(Connection& connection, std::chrono::milliseconds patience)

@@ -1,43 +1,11 @@
 #pragma once
 
+#include "database/cursor.h"
 #include "database/engine.h"
-#include "database/field_value.h"
-
-#include <QSqlDatabase>
-#include <QSqlQuery>
-#include <QString>
-#include <QVariant>
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <type_traits>
-#include <utility>
-
-class Connection;
-
-/// The rows of one query, read from first to last. Columns are counted from 0 in the query's order.
-class Cursor {
-public:
-    /// Steps to the next row; false after the last. Throws DatabaseError when reading fails.
-    bool Next();
-
-    QStringList ColumnNames() const;
-    /// The column of that name, in any letter case; -1 when there is none.
-    int ColumnOf(const QString& name) const;
-    FieldValue Value(int column) const { return FieldValue(query_.value(column)); }
-    /// The text of a field, "" for null.
-    QString Text(int column) const { return query_.value(column).toString(); }
-    /// The moment that a field holds; nothing when it is null or no date.
-    std::optional<WallTime> Time(int column) const;
-
-private:
-    friend class Connection;
-    Cursor(QSqlQuery query, const Engine& engine) : query_(std::move(query)), engine_(&engine) {}
-
-    QSqlQuery query_;
-    const Engine* engine_;
-};
 
 /// Tells two states of the database apart.
 struct ChangeStamp {
@@ -50,14 +18,18 @@ struct ChangeStamp {
 /// reports a failure. Statements are given in the program's dialect (see Engine::Translate).
 class Connection {
 public:
-    Connection(std::unique_ptr<Engine> engine, const QString& connectionText);
+    /// Opens the database that stands at the path; the connection text is only kept for those who ask.
+    Connection(std::unique_ptr<Engine> engine, const QString& path, const QString& connectionText = {});
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
+    /// The text that tells this connection from others; "" when it was opened without one.
     const QString& ConnectionString() const { return connectionText_; }
-    /// The database file's path.
-    QString FileName() const;
+    /// The database file's path; empty when the file no longer stands there.
+    QString FileName() const { return engine_->FileAt(path_); }
+
+    const Engine& UsedEngine() const { return *engine_; }
 
     /// Runs a statement that reads, with the values bound to its "?" in order.
     Cursor Query(const QString& statement, const QVariantList& values = {});
@@ -97,7 +69,6 @@ public:
     void SetPatience(std::chrono::milliseconds patience);
 
 private:
-    friend class Transaction;
     friend class ShortPatience;
 
     void RunTransaction(const std::function<void()>& work);
@@ -105,28 +76,12 @@ private:
     void Run(QSqlQuery& query) const;
 
     std::unique_ptr<Engine> engine_;
+    QString path_;
     QString connectionText_;
     QSqlDatabase database_;
     std::unique_ptr<QSqlQuery> foreignChanges_;
     qint64 ownChanges_ = 0;
     bool inTransaction_ = false;
-};
-
-/// Writes that belong together: all of them, after Commit, or none.
-class Transaction {
-public:
-    /// Takes the right to write at once, so that what is read inside cannot change before it is written.
-    explicit Transaction(Connection& connection);
-    /// Takes everything back unless committed.
-    ~Transaction();
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
-
-    void Commit();
-
-private:
-    Connection& connection_;
-    bool open_ = true;
 };
 
 /// Lets statements wait less for other programs' locks, for as long as the object lives.

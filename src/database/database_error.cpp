@@ -8,7 +8,9 @@ namespace {
 constexpr int ConflictNumber = 90001;
 constexpr int StatementNumber = 90002;
 
-const QString OwnSource = u"Time Attendance"_s;
+DatabaseFailure FirstOf(const QList<DatabaseFailure>& failures) {
+    return failures.isEmpty() ? DatabaseFailure() : failures.first();
+}
 
 } // namespace
 
@@ -20,16 +22,22 @@ ProgramError::ProgramError(ErrorKind kind, int number, const QString& descriptio
       details_(std::move(details)) {}
 
 DatabaseError::DatabaseError(QList<DatabaseFailure> failures)
-    : ProgramError(failures.isEmpty() ? 0 : failures.first().number,
-                   failures.isEmpty() ? QString() : failures.first().description),
+    : ProgramError(FirstOf(failures).kind, FirstOf(failures).number, FirstOf(failures).description,
+                   FirstOf(failures).details),
       failures_(std::move(failures)) {}
 
 DatabaseError::DatabaseError(const DatabaseFailure& failure) : DatabaseError(QList{failure}) {}
 
-ConflictError::ConflictError(const QString& table)
-    : DatabaseError({ConflictNumber, OwnSource,
-                     u"Data %1 sudah diubah dari komputer lain. Tidak ada yang disimpan. "
-                     "Muat ulang data lalu ulangi."_s.arg(table)}) {}
+DatabaseError::DatabaseError(ErrorKind kind, int number, const QString& description,
+                             const QStringList& details)
+    : DatabaseError({number, u"Time Attendance"_s, description, kind, details}) {}
 
-StatementError::StatementError(const QString& description)
-    : DatabaseError({StatementNumber, OwnSource, description}) {}
+ConflictError::ConflictError(const QString& table)
+    : DatabaseError(ErrorKind::Conflict, ConflictNumber,
+                    u"%1 was changed by another program after it was read; nothing was written"_s.arg(table),
+                    {table}) {}
+
+StatementError::StatementError(const QString& description) : StatementError(ErrorKind::Told, description) {}
+
+StatementError::StatementError(ErrorKind kind, const QString& description, const QStringList& details)
+    : DatabaseError(kind, StatementNumber, description, details) {}

@@ -1,22 +1,15 @@
 #pragma once
 
+#include "database/error_kind.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
 
 #include <stdexcept>
 
-/// What can go wrong in the rooms below the windows. The user is told each in words of its own
-/// (core/error_words), which take the error's details in order.
-enum class ErrorKind {
-    Told,        ///< the description is the user's text already
-    Conflict,    ///< another desk changed or removed what was read; detail: the table or thing
-    CardOfOther, ///< details: card, the employee whose card it is
-    CardInUse,   ///< details: card, the day that it holds already
-};
-
-/// A failure with a number, a technical text in English for the log and the command line, and what the
-/// user's text needs to know.
+/// A failure with a number, a technical text in English for the command line, and what the user's text needs
+/// to know.
 class ProgramError : public std::runtime_error {
 public:
     /// A failure whose description is written for the user.
@@ -39,14 +32,18 @@ private:
 struct DatabaseFailure {
     int number = 0;
     QString source;
-    QString description;
+    QString description; ///< in English, unless the kind is Told
+    ErrorKind kind = ErrorKind::Told;
+    QStringList details = {};
 };
 
-/// One or more failures of the database. Number and description are those of the first.
+/// One or more failures of the database. Kind, number, description and details are those of the first.
 class DatabaseError : public ProgramError {
 public:
     explicit DatabaseError(QList<DatabaseFailure> failures);
     explicit DatabaseError(const DatabaseFailure& failure);
+    /// A failure that the program itself found.
+    DatabaseError(ErrorKind kind, int number, const QString& description, const QStringList& details = {});
 
     const QList<DatabaseFailure>& Failures() const { return failures_; }
 
@@ -63,5 +60,7 @@ public:
 /// The statement was refused before it reached the engine.
 class StatementError : public DatabaseError {
 public:
+    /// With a description that is written for the user.
     explicit StatementError(const QString& description);
+    StatementError(ErrorKind kind, const QString& description, const QStringList& details = {});
 };

@@ -10,13 +10,13 @@ namespace {
 
 /// The name that follows the first "from".
 QString TableOf(const QString& select) {
-    bool behindFrom = false;
+    bool afterFrom = false;
     for (const StatementToken& token : Tokenize(select)) {
-        if (behindFrom && (token.kind == Kind::Word || token.kind == Kind::Name))
+        if (afterFrom && (token.kind == Kind::Word || token.kind == Kind::Name))
             return token.text;
-        behindFrom = behindFrom || token.IsWord(u"from");
+        afterFrom = afterFrom || token.IsWord(u"from");
     }
-    throw StatementError(u"Perintah database ditolak: tidak ada nama tabel."_s);
+    throw StatementError(ErrorKind::NoTableName, u"the statement names no table"_s);
 }
 
 } // namespace
@@ -81,7 +81,8 @@ size_t Recordset::ColumnOf(const QString& name) const {
         if (columns_[i].compare(name, Qt::CaseInsensitive) == 0)
             return static_cast<size_t>(i);
     }
-    throw StatementError(u"Kolom %1 tidak ada dalam tabel %2."_s.arg(name, table_));
+    throw StatementError(ErrorKind::UnknownColumn, u"no column %1 in table %2"_s.arg(name, table_),
+                         {name, table_});
 }
 
 void Recordset::Insert(const Row& row) {
@@ -102,7 +103,7 @@ void Recordset::Insert(const Row& row) {
 Recordset::Condition Recordset::StandsAsRead(const Row& row) const {
     QStringList conditions;
     for (const QString& name : columns_)
-        conditions << u'[' + name + u"] IS ?"_s;
+        conditions << u"Same(["_s + name + u"],?)"_s;
     return {u" WHERE "_s + conditions.join(u" AND "_s), QVariantList(row.read.cbegin(), row.read.cend())};
 }
 

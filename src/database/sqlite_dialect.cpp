@@ -39,14 +39,14 @@ Tokens Trimmed(Tokens tokens) {
 /// SQLite takes a double-quoted name that it does not know for a text; a bracketed one never.
 QString BracketedName(const QString& name) {
     if (name.contains(u']'))
-        throw StatementError(u"Perintah database ditolak: nama mengandung ]."_s);
+        throw StatementError(ErrorKind::BracketInName, u"the name %1 holds a ]"_s.arg(name));
     return u'[' + name + u']';
 }
 
 QString DateTextLiteral(const QString& text) {
     const std::optional<DateText> date = ReadDateText(text);
     if (!date)
-        throw StatementError(u"Perintah database ditolak: \"%1\" bukan tanggal."_s.arg(text));
+        throw StatementError(ErrorKind::NotADate, u"\"%1\" is no date"_s.arg(text), {text});
     return Quoted(date->hasTime ? StoredTime(date->time) : StoredDay(DayOf(date->time)));
 }
 
@@ -94,6 +94,8 @@ public:
             return u"CAST(substr(%1,1,4) AS INTEGER)"_s.arg(Translated(arguments_[0]));
         if (Is(u"Month", 1))
             return u"CAST(substr(%1,6,2) AS INTEGER)"_s.arg(Translated(arguments_[0]));
+        if (Is(u"Same", 2))
+            return u"%1 IS %2"_s.arg(Translated(arguments_[0]), Translated(arguments_[1]));
         if (Is(u"CDATE", 1)) {
             // A stored date is its own date value; only a typed text has to be read.
             const Tokens value = arguments_[0];
@@ -156,7 +158,8 @@ QString SavedQueryCall(Tokens tokens) {
             continue;
         const Tokens argument = Trimmed(tokens.subspan(1));
         if (argument.size() != 1 || argument.front().kind != Kind::Text)
-            throw StatementError(u"Perintah database ditolak: %1 memerlukan satu teks."_s.arg(query.name));
+            throw StatementError(ErrorKind::OneTextNeeded, u"%1 takes one text"_s.arg(query.name),
+                                 {query.name.toString()});
         return query.beforeArgument.toString() + Quoted(argument.front().text);
     }
     return {};

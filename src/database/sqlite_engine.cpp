@@ -1,8 +1,8 @@
 #include "database/sqlite_engine.h"
 
-#include "database/connection_text.h"
 #include "database/file_lookup.h"
 #include "database/sqlite_dialect.h"
+#include "database/sqlite_schema.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -30,32 +30,29 @@ enum ResultCode {
 /// The engine's extended code for a file that it has open, but that no longer stands under its name.
 constexpr int FileMoved = ReadOnly | (4 << 8);
 
-QString Advice(int code) {
+ErrorKind KindOf(int code) {
     if (code == FileMoved)
-        return u"File database sudah dipindahkan, dihapus atau diganti. Tidak ada yang disimpan. Tutup "
-               u"program "
-               "ini lalu buka lagi."_s;
+        return ErrorKind::FileMoved;
     switch (code & 0xFF) {
     case Busy:
     case Locked:
-        return u"Database sedang dikunci oleh program lain. Tunggu sebentar lalu ulangi; bila tetap terjadi, "
-               "tutup program lain yang memakai database ini."_s;
+        return ErrorKind::Locked;
     case ReadOnly:
-        return u"Database hanya dapat dibaca, tidak dapat ditulis. Periksa hak tulis pada file dan foldernya."_s;
+        return ErrorKind::ReadOnly;
     case InputOutput:
-        return u"Database tidak dapat dibaca atau ditulis. Periksa disk dan jaringan."_s;
+        return ErrorKind::ReadOrWrite;
     case Corrupt:
-        return u"File database rusak atau terpotong. Hentikan pemakaian dan pulihkan dari cadangan."_s;
+        return ErrorKind::Damaged;
     case Full:
-        return u"Disk penuh. Kosongkan ruang pada disk lalu ulangi."_s;
+        return ErrorKind::DiskFull;
     case CantOpen:
-        return u"File database tidak dapat dibuka. Periksa apakah file ada dan hak aksesnya."_s;
+        return ErrorKind::CannotOpen;
     case Constraint:
-        return u"Data ditolak karena tidak sesuai aturan database (isi ganda atau bentuk yang salah)."_s;
+        return ErrorKind::Constraint;
     case NotADatabase:
-        return u"File ini bukan database. Periksa nama file atau pulihkan dari cadangan."_s;
+        return ErrorKind::NoDatabase;
     default:
-        return u"Perintah database gagal."_s;
+        return ErrorKind::Failed;
     }
 }
 
@@ -72,10 +69,10 @@ QString ExistingFileUri(const QString& path) {
 /// already and takes it back. That tells a locked, read-only, damaged or foreign file apart from a good one
 /// before the first employee stands at the desk; only to begin is not enough, since the engine begins on a
 /// file that it can only read, too. Returns an error that is not valid when all went well.
-QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
+QSqlError Prepare(QSqlQuery& query, const Engine& engine, const QString& path) {
     for (const QString& statement :
          {u"PRAGMA case_sensitive_like=ON"_s, u"PRAGMA temp_store=MEMORY"_s, u"PRAGMA synchronous=FULL"_s,
-          u"PRAGMA cache_size=-32000"_s, begin,
+          u"PRAGMA cache_size=-32000"_s, engine.BeginStatement(),
           u"SELECT user_version, page_size FROM pragma_user_version, pragma_page_size"_s}) {
         if (!query.exec(statement))
             return query.lastError();
@@ -86,7 +83,7 @@ QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
     // The engine itself notices only whole pages that are missing.
     if (pageSize > 0 && QFileInfo(path).size() % pageSize != 0)
         return QSqlError({}, u"incomplete page"_s, QSqlError::ConnectionError, QString::number(Corrupt));
-    for (const QString& statement : {u"PRAGMA user_version="_s + version, u"ROLLBACK"_s}) {
+    for (const QString& statement : {u"PRAGMA user_version="_s + version, engine.RollbackStatement()}) {
         if (!query.exec(statement))
             return query.lastError();
     }
@@ -95,33 +92,36 @@ QSqlError Prepare(QSqlQuery& query, const QString& begin, const QString& path) {
 
 } // namespace
 
-QSqlDatabase SqliteEngine::Open(const QString& connectionText) const {
-    const QString source = DataSourceOf(connectionText);
-    const QString path = FindFile(source);
-    if (path.isEmpty()) {
+QString SqliteEngine::FileAt(const QString& path) const {
+    return FindFile(path);
+}
+
+QSqlDatabase SqliteEngine::Open(const QString& path) const {
+    const QString file = FileAt(path);
+    if (file.isEmpty()) {
+        const QString wanted = QDir::toNativeSeparators(ToLocalPath(path));
         throw DatabaseError(
-            {CantOpen, u"SQLite"_s,
-             u"File database tidak ditemukan: %1\nPeriksa apakah file itu ada dan dapat dibaca."_s.arg(
-                 QDir::toNativeSeparators(ToLocalPath(source)))});
+            {CantOpen, u"SQLite"_s, u"%1 does not exist"_s.arg(wanted), ErrorKind::FileMissing, {wanted}});
     }
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
     database.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(DefaultPatience.count()));
-    database.setDatabaseName(ExistingFileUri(path));
+    database.setDatabaseName(ExistingFileUri(file));
 
     DatabaseFailure failure;
     if (!database.open()) {
         failure = Describe(database.lastError());
     } else {
         QSqlQuery query(database);
-        if (const QSqlError error = Prepare(query, BeginStatement(), path); error.isValid())
+        if (const QSqlError error = Prepare(query, *this, file); error.isValid())
             failure = Describe(error);
     }
     if (failure.number != 0) {
         database.close();
         database = QSqlDatabase();
         QSqlDatabase::removeDatabase(name);
-        failure.description += u'\n' + QDir::toNativeSeparators(path);
+        failure.details << QDir::toNativeSeparators(file);
+        failure.description = failure.details.join(u": ");
         throw DatabaseError(failure);
     }
     return database;
@@ -134,11 +134,19 @@ QString SqliteEngine::Translate(const QString& statement) const {
 DatabaseFailure SqliteEngine::Describe(const QSqlError& error) const {
     const int code = error.nativeErrorCode().toInt();
     const QString native = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    return {code == 0 ? 1 : code, u"SQLite"_s, u"%1 (%2)"_s.arg(Advice(code), native)};
+    return {code == 0 ? 1 : code, u"SQLite"_s, native, KindOf(code), {native}};
 }
 
 QString SqliteEngine::BeginStatement() const {
     return u"BEGIN IMMEDIATE"_s;
+}
+
+QString SqliteEngine::CommitStatement() const {
+    return u"COMMIT"_s;
+}
+
+QString SqliteEngine::RollbackStatement() const {
+    return u"ROLLBACK"_s;
 }
 
 QString SqliteEngine::ForeignChangesQuery() const {
@@ -147,4 +155,9 @@ QString SqliteEngine::ForeignChangesQuery() const {
 
 QString SqliteEngine::PatienceStatement(std::chrono::milliseconds patience) const {
     return u"PRAGMA busy_timeout=%1"_s.arg(patience.count());
+}
+
+const EngineSchema& SqliteEngine::Schema() const {
+    static const SqliteSchema schema;
+    return schema;
 }

@@ -7,10 +7,6 @@ using Kind = StatementToken::Kind;
 
 namespace {
 
-[[noreturn]] void Refuse(const QString& reason) {
-    throw StatementError(u"Perintah database ditolak: %1."_s.arg(reason));
-}
-
 bool StartsWord(QChar c) {
     return c.isLetter() || c == u'_';
 }
@@ -33,18 +29,18 @@ public:
         const QChar first = statement_[at_];
         switch (first.unicode()) {
         case u'\'': {
-            const StatementToken text{Kind::Text, Enclosed(u'\'', u"tanda kutip tidak ditutup"_s)};
+            const StatementToken text{Kind::Text, Enclosed(u'\'', ErrorKind::TextNotClosed)};
             if (!AtEnd() && statement_[at_] == u'\'')
-                Refuse(u"teks mengandung tanda kutip (')"_s);
+                throw StatementError(ErrorKind::QuoteInText, u"a text holds a quote (')"_s);
             return text;
         }
         case u'#':
-            return {Kind::Date, Enclosed(u'#', u"tanggal tidak ditutup dengan #"_s)};
+            return {Kind::Date, Enclosed(u'#', ErrorKind::DateNotClosed)};
         case u'[':
-            return {Kind::Name, Enclosed(u']', u"nama tidak ditutup dengan ]"_s)};
+            return {Kind::Name, Enclosed(u']', ErrorKind::BracketNotClosed)};
         case u'`':
         case u'"':
-            return {Kind::Name, Enclosed(first, u"nama tidak ditutup"_s)};
+            return {Kind::Name, Enclosed(first, ErrorKind::NameNotClosed)};
         default:
             break;
         }
@@ -62,10 +58,10 @@ private:
         return at_ + ahead < statement_.size() ? statement_[at_ + ahead] : QChar();
     }
 
-    QString Enclosed(QChar close, const QString& reasonWhenOpen) {
+    QString Enclosed(QChar close, ErrorKind whenOpen) {
         const qsizetype end = statement_.indexOf(close, at_ + 1);
         if (end < 0)
-            Refuse(reasonWhenOpen);
+            throw StatementError(whenOpen, u"%1 is not closed in the statement"_s.arg(close));
         QString inside = statement_.sliced(at_ + 1, end - at_ - 1).toString();
         at_ = end + 1;
         return inside;
@@ -83,9 +79,9 @@ private:
         const QChar first = statement_[at_];
         const QChar second = Peek(1);
         if (first == u';')
-            Refuse(u"hanya satu perintah yang boleh dijalankan"_s);
+            throw StatementError(ErrorKind::SecondStatement, u"more than one statement"_s);
         if ((first == u'-' && second == u'-') || (first == u'/' && second == u'*'))
-            Refuse(u"komentar tidak diperbolehkan"_s);
+            throw StatementError(ErrorKind::Comment, u"a comment in the statement"_s);
         static const QStringList pairs{u"<="_s, u">="_s, u"<>"_s, u"!="_s, u"||"_s};
         const QString pair = QString(first) + second;
         at_ += pairs.contains(pair) ? 2 : 1;
@@ -100,7 +96,7 @@ private:
 
 QString Quoted(const QString& value) {
     if (value.contains(u'\'') || value.contains(QChar(u'\0')))
-        Refuse(u"isian mengandung tanda kutip (')"_s);
+        throw StatementError(ErrorKind::QuoteInValue, u"a value holds a quote (')"_s);
     return u'\'' + value + u'\'';
 }
 

@@ -132,14 +132,19 @@ std::optional<WallTime> ReadStored(QStringView text) {
         MakeDay(FixedNumber(text, 0, 4), FixedNumber(text, 5, 2), FixedNumber(text, 8, 2));
     if (!day || text.size() == 10)
         return day;
-    if (text[10] != u' ' || text[13] != u':' || text[16] != u':')
+    const std::optional<Seconds> clock = ReadStoredClock(text.sliced(11));
+    return clock && text[10] == u' ' ? std::optional(*day + *clock) : std::nullopt;
+}
+
+std::optional<Seconds> ReadStoredClock(QStringView text) {
+    if (text.size() != 8 || text[2] != u':' || text[5] != u':')
         return std::nullopt;
-    const int hour = FixedNumber(text, 11, 2);
-    const int minute = FixedNumber(text, 14, 2);
-    const int second = FixedNumber(text, 17, 2);
+    const int hour = FixedNumber(text, 0, 2);
+    const int minute = FixedNumber(text, 3, 2);
+    const int second = FixedNumber(text, 6, 2);
     if (hour < 0 || minute < 0 || second < 0 || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
-    return *day + hours{hour} + minutes{minute} + seconds{second};
+    return hours{hour} + minutes{minute} + seconds{second};
 }
 
 std::optional<DateText> ReadDateText(QStringView text) {

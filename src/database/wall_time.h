@@ -35,6 +35,8 @@ QString StoredDay(Day day);
 QString StoredTime(WallTime time);
 /// Reads either stored form; nothing when the text is neither.
 std::optional<WallTime> ReadStored(QStringView text);
+/// Reads the time of day of a stored moment, "hh:mm:ss"; nothing when the text is none.
+std::optional<Seconds> ReadStoredClock(QStringView text);
 
 /// A date as it is typed into statements: year first or month first, "-" or "/" between, a time or none
 /// after.

@@ -1,10 +1,8 @@
 #include "editing/attendance_cards.h"
 
-#include "core/query_values.h"
+#include "cards/card_store.h"
+#include "cards/sheet_identifier.h"
 #include "database/database_error.h"
-#include "database/recordset.h"
-#include "database/statement.h"
-#include "timecard/sheet_identifier.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,164 +10,94 @@ namespace {
 
 /// The number of the error "duplicate value in an index".
 constexpr int CardElsewhereError = 3022;
-const QString Cards = u"kartu absen"_s;
 
-Recordset OpenHeader(Connection& connection, const QString& tcid) {
-    return Recordset(connection, u"select * from TimeCardHeader Where TCID="_s + Quoted(tcid));
-}
-
-FieldValue OrNull(const std::optional<WallTime>& time) {
-    return time ? FieldValue(*time) : FieldValue();
-}
-
-/// The card's row of the employee's day as it is stored; nothing when header or day is missing, or when the
-/// card is another employee's now.
-std::optional<AttendanceRecord> StoredRecord(Connection& connection, const QString& tcid,
-                                             const ShownDayRow& row) {
-    Cursor days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(tcid));
-    bool found = false;
-    AttendanceRecord record;
-    record.tcid = tcid;
-    while (!found && days.Next()) {
-        found = days.Text(0) == StoredDay(row.day);
-        record.timeIn = TimeIfSet(days.Time(1));
-        record.timeOut = TimeIfSet(days.Time(2));
-    }
-    Cursor header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(tcid));
-    if (!found || !header.Next() || header.Text(header.ColumnOf(u"NIP"_s)) != row.nip)
+/// What the card says of the employee's day; nothing when header or day is missing, or when the card is
+/// another employee's now.
+std::optional<AttendanceRecord> RecordOn(const TimeCard& card, const ShownDayRow& row) {
+    const CardDay* day = card.DayOn(row.day);
+    if (!day || !card.header || card.header->nip != row.nip)
         return std::nullopt;
-    record.status = header.Text(header.ColumnOf(u"Status"_s));
-    record.keterangan = header.Text(header.ColumnOf(u"Keterangan"_s));
-    return record;
+    return AttendanceRecord{card.header->tcid, TimeIfSet(day->timeIn), TimeIfSet(day->timeOut),
+                            card.header->status, card.header->keterangan};
 }
 
-/// A card that has a day already cannot serve for this one, too.
-void CheckHasNoDay(Connection& connection, const QString& tcid) {
-    const Recordset days = b_stored_procedure::OpenTimeCardDetail(connection, tcid);
-    if (days.AtEnd())
-        return;
-    const WallTime used = days.Field(u"Tanggal"_s).Time().value_or(EmptyTime);
-    throw ProgramError(CardElsewhereError,
-                       u"Kartu %1 sudah dipakai untuk tanggal %2. Tidak ada yang disimpan."_s.arg(
-                           tcid, ShownDay(DayOf(used))));
+/// A card that has a day already cannot serve for this one, too. A header without a day is what a deleted
+/// card left: it is taken up again, but not what was computed for the day that is gone.
+void MakeCard(TimeCard& card, const ShownDayRow& row, const QString& tcid) {
+    if (!card.days.empty()) {
+        const QString used = ShownDay(card.days.front().tanggal);
+        throw ProgramError(ErrorKind::CardInUse, CardElsewhereError,
+                           u"card %1 is in use for %2"_s.arg(tcid, used), {tcid, used});
+    }
+    CardHeader& header = card.HeaderOf(tcid, row.nip);
+    if (!header.nip.isEmpty() && header.nip != row.nip)
+        throw ProgramError(ErrorKind::CardOfOther, CardElsewhereError,
+                           u"card %1 is a card of employee %2"_s.arg(tcid, header.nip), {tcid, header.nip});
+    header = CardHeader{tcid, row.nip, {}, header.keterangan};
+    card.days.push_back({row.day});
 }
 
-/// A header without a day is what a deleted card left: it is taken up again, but not what was computed for
-/// the day that is gone.
-void WriteHeader(Connection& connection, const QString& tcid, const QString& nip, const QString& status) {
-    Recordset header = OpenHeader(connection, tcid);
-    const QString owner = header.AtEnd() ? QString() : header.Field(u"NIP"_s).Text();
-    if (!owner.isEmpty() && owner != nip)
-        throw ProgramError(CardElsewhereError,
-                           u"Kartu %1 adalah kartu karyawan %2. Tidak ada yang disimpan."_s.arg(tcid, owner));
-    if (header.AtEnd())
-        header.AddNew();
-    header.Set(u"TCID"_s, tcid);
-    header.Set(u"NIP"_s, nip);
-    header.Set(u"Status"_s, status);
-    for (const QString& computed :
-         {u"NormalHours"_s, u"OTHours"_s, u"NormalAmount"_s, u"OTAmount"_s, u"TotalUangMakan"_s})
-        header.Set(computed, {});
-    header.Update();
+void RequireShown(const TimeCard& card, const ShownDayRow& row, const QString& newStatus) {
+    const std::optional<AttendanceRecord> stored = RecordOn(card, row);
+    if (!stored || (stored->status != row.record->status && stored->status != newStatus))
+        throw ConflictError(CardThing.toString());
 }
 
-QString Span(QStringView what, const Recordset& days, const QString& from, const QString& to) {
-    const auto shown = [&days](const QString& field) {
-        const std::optional<WallTime> time = TimeIfSet(days.Field(field).Time());
-        return time ? ShownMinute(*time) : QString();
+QString Span(QStringView what, const std::optional<WallTime>& from, const std::optional<WallTime>& to) {
+    const auto shown = [](const std::optional<WallTime>& time) {
+        return TimeIfSet(time) ? ShownMinute(*time) : QString();
     };
     if (shown(from).isEmpty() && shown(to).isEmpty())
         return {};
     return u" %1 %2-%3"_s.arg(what, shown(from), shown(to));
 }
 
-/// Returns the new card's identifier.
-QString MakeCard(Connection& connection, const ShownDayRow& row, const QString& status) {
-    QString tcid = CardIdentifier(SheetIdentifierOf(row.day), row.nip);
-    if (ReadAttendance(connection, row.nip, row.day))
-        throw ConflictError(Cards); // another desk was quicker, perhaps on an extended sheet
-    CheckHasNoDay(connection, tcid);
-    WriteHeader(connection, tcid, row.nip, status);
-    connection.Execute(u"INSERT INTO [TimeCardDetail] (TCID, Tanggal) VALUES (?,?)"_s,
-                       {tcid, StoredDay(row.day)});
-    return tcid;
+QStringList HiddenOn(const TimeCard& card, const ShownDayRow& row) {
+    QStringList hidden;
+    for (const CardDay& day : card.days) {
+        const QString overtime = Span(u"lembur", day.timeInOt, day.timeOutOt);
+        if (day.tanggal != row.day)
+            hidden << ShownDay(day.tanggal) + Span(u"jam", day.timeIn, day.timeOut) + overtime;
+        else if (!overtime.isEmpty())
+            hidden << ShownDay(day.tanggal) + overtime;
+    }
+    return hidden;
 }
 
 } // namespace
 
-AttendanceRecord SaveStatusCell(Connection& connection, const ShownDayRow& row, const QString& status) {
-    Transaction transaction(connection);
-    const QString tcid = row.record ? row.record->tcid : MakeCard(connection, row, status);
-    if (row.record) {
-        const std::optional<AttendanceRecord> stored = StoredRecord(connection, tcid, row);
-        if (!stored || (stored->status != row.record->status && stored->status != status))
-            throw ConflictError(Cards);
-    }
-    connection.Execute(u"UPDATE [TimeCardHeader] SET Status=? WHERE TCID=?"_s, {status, tcid});
-    const std::optional<AttendanceRecord> saved = StoredRecord(connection, tcid, row);
-    transaction.Commit();
-    return saved.value();
-}
-
-std::optional<AttendanceRecord> SaveGridRow(Connection& connection, const ShownDayRow& row) {
-    if (!row.record)
-        return std::nullopt;
-    const AttendanceRecord& shown = *row.record;
-    Transaction transaction(connection);
-    Recordset header = OpenHeader(connection, shown.tcid);
-    if (header.AtEnd()) {
-        header.AddNew();
-        header.Set(u"TCID"_s, shown.tcid);
-        header.Set(u"NIP"_s, row.nip);
-        header.Set(u"Status"_s, shown.status);
-        header.Set(u"Keterangan"_s, shown.keterangan);
-        header.Update();
-    }
-    Recordset days = b_stored_procedure::OpenTimeCardDetail(connection, shown.tcid);
-    // A card that was moved to another day or employee is not missing.
-    if (days.AtEnd() && header.Field(u"NIP"_s).Text() == row.nip) {
-        days.AddNew();
-        days.Set(u"TCID"_s, shown.tcid);
-        days.Set(u"Tanggal"_s, row.day);
-        days.Set(u"TimeIN"_s, OrNull(shown.timeIn));
-        days.Set(u"TimeOUT"_s, OrNull(shown.timeOut));
-        days.Update();
-    }
-    transaction.Commit();
-    return LoadRow(connection, row);
+AttendanceRecord SaveDayStatus(Connection& connection, const ShownDayRow& row, const QString& status) {
+    const QString tcid = row.record ? row.record->tcid : CardIdentifier(SheetIdentifierOf(row.day), row.nip);
+    const TimeCard saved = CardStore(connection).Change(tcid, [&](TimeCard& card) {
+        if (row.record)
+            RequireShown(card, row, status);
+        else if (AttendanceOn(connection, row.nip, row.day))
+            throw ConflictError(
+                CardThing.toString()); // another desk was quicker, perhaps on an extended sheet
+        else
+            MakeCard(card, row, tcid);
+        card.header->status = status;
+    });
+    return RecordOn(saved, row).value();
 }
 
 QStringList HiddenOnCard(Connection& connection, const ShownDayRow& row) {
-    QStringList hidden;
-    if (!row.record)
-        return hidden;
-    for (Recordset days = b_stored_procedure::OpenTimeCardDetail(connection, row.record->tcid); !days.AtEnd();
-         days.MoveNext()) {
-        const Day day = DayOf(days.Field(u"Tanggal"_s).Time().value_or(EmptyTime));
-        const QString overtime = Span(u"lembur", days, u"TimeINOT"_s, u"TimeOutOT"_s);
-        if (day != row.day)
-            hidden << ShownDay(day) + Span(u"jam", days, u"TimeIN"_s, u"TimeOUT"_s) + overtime;
-        else if (!overtime.isEmpty())
-            hidden << ShownDay(day) + overtime;
-    }
-    return hidden;
+    return row.record ? HiddenOn(CardStore(connection).Read(row.record->tcid), row) : QStringList();
 }
 
 void DeleteCardDays(Connection& connection, const ShownDayRow& row, const QStringList& told) {
     if (!row.record)
         return;
-    Transaction transaction(connection);
-    if (StoredRecord(connection, row.record->tcid, row) != row.record
-        || HiddenOnCard(connection, row) != told)
-        throw ConflictError(Cards);
-    connection.Execute(u"Delete from [TimeCardDetail] where TCID="_s + Quoted(row.record->tcid));
-    transaction.Commit();
+    CardStore(connection).DeleteDays(row.record->tcid, [&](const TimeCard& card) {
+        if (RecordOn(card, row) != row.record || HiddenOn(card, row) != told)
+            throw ConflictError(CardThing.toString());
+    });
 }
 
 std::optional<AttendanceRecord> LoadRow(Connection& connection, const ShownDayRow& row) {
     if (row.record) {
-        if (auto stored = StoredRecord(connection, row.record->tcid, row))
+        if (auto stored = RecordOn(CardStore(connection).Read(row.record->tcid), row))
             return stored;
     }
-    return ReadAttendance(connection, row.nip, row.day);
+    return AttendanceOn(connection, row.nip, row.day);
 }

@@ -13,12 +13,7 @@ struct ShownDayRow {
 /// Times are never touched. Throws ConflictError when another desk changed the status or made or removed the
 /// card since it was shown, ProgramError when the card belongs elsewhere, DatabaseError; nothing is written
 /// then.
-AttendanceRecord SaveStatusCell(Connection& connection, const ShownDayRow& row, const QString& status);
-
-/// Sees that a row whose status was saved stands in the database still, adding header and day as they are
-/// shown where they are missing. What another desk wrote meanwhile stays, also on another day or employee.
-/// Returns what is stored; nothing when no card is shown, or none is left. Throws DatabaseError.
-std::optional<AttendanceRecord> SaveGridRow(Connection& connection, const ShownDayRow& row);
+AttendanceRecord SaveDayStatus(Connection& connection, const ShownDayRow& row, const QString& status);
 
 /// What goes with the card when its days are deleted and cannot be seen in its row, a line for each day: its
 /// overtime, and the days that it has beside the one shown. Throws DatabaseError.

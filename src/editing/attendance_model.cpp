@@ -54,7 +54,7 @@ AttendanceModel::Place AttendanceModel::PlaceOf(int row) const {
             attendance_.range.first + std::chrono::days{row / employees}};
 }
 
-const AttendanceEmployee& AttendanceModel::EmployeeAt(int row) const {
+const ListedEmployee& AttendanceModel::EmployeeAt(int row) const {
     return attendance_.employees.at(PlaceOf(row).employee);
 }
 
@@ -64,7 +64,7 @@ AttendanceModel::RowKey AttendanceModel::KeyOf(int row) const {
 
 int AttendanceModel::RowOf(const RowKey& key) const {
     const auto& employees = attendance_.employees;
-    const auto found = std::ranges::find(employees, key.nip, &AttendanceEmployee::nip);
+    const auto found = std::ranges::find(employees, key.nip, &ListedEmployee::nip);
     if (found == employees.end() || key.day < attendance_.range.first || key.day > attendance_.range.last)
         return -1;
     const auto days = static_cast<qsizetype>((key.day - attendance_.range.first).count());
@@ -91,7 +91,7 @@ CellLook AttendanceModel::LookOf(int row, int column) const {
 }
 
 QString AttendanceModel::Text(int row, int column) const {
-    const AttendanceEmployee& employee = EmployeeAt(row);
+    const ListedEmployee& employee = EmployeeAt(row);
     switch (column) {
     case SerialNumber:
         return QString::number(row + 1);
@@ -111,16 +111,4 @@ QString AttendanceModel::Text(int row, int column) const {
     const Place place = PlaceOf(row);
     const AttendanceRecord* record = attendance_.Find(place.day, place.employee);
     return record ? CardText(*record, column) : QString();
-}
-
-bool AttendanceModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (!index.isValid() || role != Qt::EditRole || index.column() != Status)
-        return false;
-    const Place place = PlaceOf(index.row());
-    AttendanceRecord* record = attendance_.Find(place.day, place.employee);
-    if (!record)
-        return false;
-    record->status = value.toString();
-    Q_EMIT dataChanged(index, index, {role, Qt::DisplayRole, CellLookRole});
-    return true;
 }

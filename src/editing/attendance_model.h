@@ -44,9 +44,6 @@ public:
     /// Nothing: the day has no card (any more).
     void SetRecord(int row, std::optional<AttendanceRecord> record);
 
-    /// Takes the status of a day that has a card.
-    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
-
 private:
     struct Place {
         size_t employee;
@@ -54,7 +51,7 @@ private:
     };
 
     Place PlaceOf(int row) const;
-    const AttendanceEmployee& EmployeeAt(int row) const;
+    const ListedEmployee& EmployeeAt(int row) const;
     int RowCount() const override { return static_cast<int>(attendance_.RowCount()); }
     QString Text(int row, int column) const override;
     CellLook LookOf(int row, int column) const override;

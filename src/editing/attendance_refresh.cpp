@@ -1,9 +1,7 @@
 #include "editing/attendance_refresh.h"
 
+#include "core/shared_texts.h"
 #include "database/database_error.h"
-#include "database/statement.h"
-
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -12,57 +10,27 @@ namespace {
 /// The number of the error "overflow".
 constexpr int TooManyRowsError = 6;
 
-enum Field { Tcid, Nip, Dept, Divisi, Tanggal, TimeIn, TimeOut, Status, Keterangan };
-
-QString DateLiteral(Day day) {
-    return u'#' + StoredDay(day) + u'#';
-}
-
-struct Queries {
-    QString employees = u"SELECT NIP, Nama, Dept, Divisi FROM Employee"_s;
-    QString attendance = u"SELECT a.TCID, c.NIP, c.Dept, c.Divisi, b.Tanggal, b.TimeIN, b.TimeOUT, a.Status, "
-                         "a.Keterangan FROM (TimeCardHeader a "
-                         "INNER JOIN TimeCardDetail b ON a.TCID=b.TCID) "
-                         "INNER JOIN Employee c ON a.NIP=c.NIP "_s;
-
-    void AddCondition(const QString& condition) {
-        attendance += (attendance.contains(u"WHERE"_s) ? u" AND "_s : u" WHERE "_s) + condition;
-    }
-};
-
-void ChooseGroup(Queries& queries, const AttendanceCriteria& criteria) {
-    QStringList conditions;
-    QStringList order;
-    if (criteria.divisi)
-        conditions << u"Divisi="_s + Quoted(*criteria.divisi);
-    if (criteria.dept) {
-        conditions << u"Dept="_s + Quoted(*criteria.dept);
-        order << u"Dept"_s;
-        queries.AddCondition(u"c.Dept="_s + Quoted(*criteria.dept));
-    }
-    if (criteria.divisi) {
-        order << u"Divisi"_s;
-        queries.AddCondition(u"c.Divisi="_s + Quoted(*criteria.divisi));
-    }
-    order << u"Nama"_s;
-    if (!conditions.isEmpty())
-        queries.employees += u" WHERE "_s + conditions.join(u" AND "_s);
-    queries.employees += u" ORDER BY "_s + order.join(u", "_s);
-}
-
-Queries QueriesFor(const AttendanceCriteria& criteria) {
-    Queries queries;
-    if (criteria.interval)
-        queries.attendance += u" WHERE b.Tanggal BETWEEN "_s + DateLiteral(criteria.interval->first)
-                              + u" AND "_s + DateLiteral(criteria.interval->last) + u' ';
-    const QString nip = criteria.nip.trimmed();
-    if (nip.isEmpty()) {
-        ChooseGroup(queries, criteria);
+/// An employee number outweighs department and division.
+CardFilter FilterOf(const AttendanceCriteria& criteria) {
+    CardFilter filter;
+    filter.days = criteria.interval;
+    if (const QString nip = criteria.nip.trimmed(); !nip.isEmpty()) {
+        filter.nip = nip;
     } else {
-        queries.employees += u" WHERE NIP="_s + Quoted(nip);
-        queries.AddCondition(u"a.NIP="_s + Quoted(nip));
+        filter.dept = criteria.dept;
+        filter.divisi = criteria.divisi;
     }
-    return queries;
+    return filter;
+}
+
+/// The columns that were filtered by, then the name.
+QString OrderOf(const CardFilter& filter) {
+    QStringList order;
+    if (filter.dept)
+        order << u"Dept"_s;
+    if (filter.divisi)
+        order << u"Divisi"_s;
+    return (order << u"Nama"_s).join(u", "_s);
 }
 
 void CheckRows(const Attendance& attendance) {
@@ -74,74 +42,32 @@ void CheckRows(const Attendance& attendance) {
                            .arg(attendance.range.Days()));
 }
 
-/// Thousands of records share a few codes, and so each code's text.
-class SharedTexts {
-public:
-    QString Of(const QString& text) { return text.isEmpty() ? QString() : *texts_.insert(text); }
-
-private:
-    QSet<QString> texts_;
-};
-
-AttendanceRecord RecordIn(const Cursor& rows, SharedTexts& texts) {
-    return {rows.Text(Tcid), TimeIfSet(rows.Time(TimeIn)), TimeIfSet(rows.Time(TimeOut)),
-            texts.Of(rows.Text(Status)), texts.Of(rows.Text(Keterangan))};
-}
-
-/// The rows come day by day as a rule: a day's text is read once.
-class DayReader {
-public:
-    std::optional<Day> Read(const QString& text) {
-        if (text != text_ || !day_) {
-            const std::optional<WallTime> time = ReadStored(text);
-            day_ = time ? std::optional(DayOf(*time)) : std::nullopt;
-            text_ = text;
-        }
-        return day_;
-    }
-
-private:
-    QString text_;
-    std::optional<Day> day_;
-};
-
-std::vector<AttendanceEmployee> ReadEmployees(Connection& connection, const QString& query) {
-    Cursor rows = connection.Query(query);
-    SharedTexts texts;
-    std::vector<AttendanceEmployee> employees;
-    while (rows.Next())
-        employees.push_back({rows.Text(0), rows.Text(1), texts.Of(rows.Text(2)), texts.Of(rows.Text(3))});
-    return employees;
-}
-
 /// The days from the earliest to the latest record; nothing when there are none, or when it was stopped.
 struct RecordsRead {
     std::optional<DayRange> days;
     bool stopped = false;
 };
 
-RecordsRead ReadRecords(Connection& connection, const QString& query, Attendance& attendance,
+RecordsRead ReadRecords(Connection& connection, const CardFilter& filter, Attendance& attendance,
                         const Progress& progress) {
     QHash<QString, size_t> rowsByNip;
     for (size_t i = 0; i < attendance.employees.size(); ++i)
         rowsByNip.insert(attendance.employees[i].nip, i);
     RecordsRead read;
     SharedTexts texts;
-    DayReader days;
-    Cursor rows = connection.Query(query);
-    for (qsizetype done = 0; rows.Next(); ++done) {
-        if (!ShouldContinue(progress, done, 0))
-            return {read.days, true};
-        const std::optional<Day> day = days.Read(rows.Text(Tanggal));
-        const auto employee = rowsByNip.constFind(rows.Text(Nip));
+    qsizetype done = 0;
+    const auto take = [&](const CardLine& line) {
+        const auto employee = rowsByNip.constFind(line.nip);
         // An employee may have come between the two statements.
-        if (!day || employee == rowsByNip.constEnd())
-            continue;
-        if (!read.days)
-            read.days = {*day, *day};
-        read.days = {std::min(read.days->first, *day), std::max(read.days->last, *day)};
-        attendance.Offer(*day, *employee, RecordIn(rows, texts));
-    }
+        if (employee != rowsByNip.constEnd()) {
+            read.days = read.days ? DayRange{read.days->first, line.day} : DayRange{line.day, line.day};
+            attendance.Offer(
+                line.day, *employee,
+                {line.tcid, line.timeIn, line.timeOut, texts.Of(line.status), texts.Of(line.keterangan)});
+        }
+        return ShouldContinue(progress, done++, 0);
+    };
+    read.stopped = !EachCardLine(connection, filter, WithIdentifier::Yes, take);
     return read;
 }
 
@@ -173,20 +99,20 @@ void Attendance::Put(Day day, size_t employee, AttendanceRecord record) {
 
 void Attendance::Offer(Day day, size_t employee, AttendanceRecord record) {
     AttendanceRecord& present = RecordFor(day, employee);
-    if (present.tcid.isNull() || record.tcid < present.tcid)
+    if (present.tcid.isNull())
         present = std::move(record);
 }
 
 std::optional<Attendance> RefreshAttendance(Connection& connection, const AttendanceCriteria& criteria,
                                             Day today, const Progress& progress) {
-    const Queries queries = QueriesFor(criteria);
+    const CardFilter filter = FilterOf(criteria);
     Attendance attendance;
-    attendance.employees = ReadEmployees(connection, queries.employees);
+    attendance.employees = ReadListedEmployees(connection, filter, OrderOf(filter));
     if (criteria.interval) {
         attendance.range = *criteria.interval;
         CheckRows(attendance);
     }
-    const RecordsRead read = ReadRecords(connection, queries.attendance, attendance, progress);
+    const RecordsRead read = ReadRecords(connection, filter, attendance, progress);
     if (read.stopped)
         return std::nullopt;
     if (!criteria.interval) {
@@ -196,7 +122,7 @@ std::optional<Attendance> RefreshAttendance(Connection& connection, const Attend
     return attendance;
 }
 
-std::optional<AttendanceRecord> ReadAttendance(Connection& connection, const QString& nip, Day day) {
+std::optional<AttendanceRecord> AttendanceOn(Connection& connection, const QString& nip, Day day) {
     const AttendanceCriteria criteria{nip, {}, {}, DayRange{day, day}};
     const auto attendance = RefreshAttendance(connection, criteria, day, [](auto, auto) { return true; });
     const AttendanceRecord* record = attendance->employees.empty() ? nullptr : attendance->Find(day, 0);

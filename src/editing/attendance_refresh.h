@@ -1,22 +1,9 @@
 #pragma once
 
+#include "cards/listed_employees.h"
 #include "core/progress.h"
-#include "database/connection.h"
 
-#include <QHash>
-#include <QString>
-
-#include <optional>
 #include <vector>
-
-struct DayRange {
-    Day first{};
-    Day last{};
-
-    /// 0 when the range ends before it begins.
-    qint64 Days() const { return qMax<qint64>(0, (last - first).count() + 1); }
-    bool operator==(const DayRange&) const = default;
-};
 
 /// Whose days to show, and which. An employee number outweighs department and division.
 struct AttendanceCriteria {
@@ -24,13 +11,6 @@ struct AttendanceCriteria {
     std::optional<QString> dept;      ///< the code; nothing: all
     std::optional<QString> divisi;    ///< the code; nothing: all
     std::optional<DayRange> interval; ///< nothing: from the earliest to the latest day with attendance
-};
-
-struct AttendanceEmployee {
-    QString nip;
-    QString nama;
-    QString dept;
-    QString divisi;
 };
 
 /// What stands on an employee's card of one day. Times that were never set are absent.
@@ -50,7 +30,7 @@ public:
     /// More rows than a grid can hold.
     static constexpr qint64 MostRows = 10'000'000;
 
-    std::vector<AttendanceEmployee> employees; ///< in the order in which they stand within a day
+    std::vector<ListedEmployee> employees; ///< in the order in which they stand within a day
     DayRange range;
 
     qint64 RowCount() const { return range.Days() * static_cast<qint64>(employees.size()); }
@@ -58,7 +38,7 @@ public:
     AttendanceRecord* Find(Day day, size_t employee);
     void Put(Day day, size_t employee, AttendanceRecord record);
     void Remove(Day day, size_t employee) { places_.remove(Key(day, employee)); }
-    /// Puts it there unless a record of a card that comes first stands there already.
+    /// Puts it there unless another record stands there already.
     void Offer(Day day, size_t employee, AttendanceRecord record);
 
 private:
@@ -80,4 +60,4 @@ std::optional<Attendance> RefreshAttendance(Connection& connection, const Attend
                                             Day today, const Progress& progress);
 
 /// The same for one employee's one day; nothing when there is no card. Throws DatabaseError.
-std::optional<AttendanceRecord> ReadAttendance(Connection& connection, const QString& nip, Day day);
+std::optional<AttendanceRecord> AttendanceOn(Connection& connection, const QString& nip, Day day);

@@ -1,112 +1,94 @@
 #include "editing/edited_card.h"
 
+#include "cards/card_store.h"
+#include "cards/sheet_identifier.h"
 #include "compute/dotted_hours.h"
 #include "compute/money.h"
-#include "core/query_values.h"
-#include "database/statement.h"
-#include "timecard/sheet_identifier.h"
+#include "database/database_error.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A time that was never set is no time.
 /// An empty text leaves a null as it is.
-void SetText(Recordset& row, const QString& field, const QString& text) {
-    if (!text.isEmpty() || !row.Field(field).IsNull())
-        row.Set(field, text);
+void SetText(QString& stored, const QString& text) {
+    if (!text.isEmpty() || !stored.isNull())
+        stored = text;
 }
 
-FieldValue OrNull(const std::optional<WallTime>& time) {
-    return time ? FieldValue(*time) : FieldValue();
+double HoursBetween(const std::optional<WallTime>& from, const std::optional<WallTime>& to) {
+    return from && to ? static_cast<double>(WholeHoursBetween(*from, *to)) : 0;
 }
 
-int HoursBetween(const std::optional<WallTime>& from, const std::optional<WallTime>& to) {
-    return from && to ? static_cast<int>(WholeHoursBetween(*from, *to)) : 0;
+void FillDay(CardDay& day, const CardFields& fields) {
+    day.tanggal = fields.tanggal;
+    if (fields.normalGiven) {
+        day.timeIn = fields.timeIn;
+        day.timeOut = fields.timeOut;
+    }
+    if (fields.overtimeGiven) {
+        day.timeInOt = fields.overtimeIn;
+        day.timeOutOt = fields.overtimeOut;
+    }
+    day.beriUangMakan = fields.mealAllowance;
 }
 
 } // namespace
 
 EditedCard::EditedCard(Connection& connection, const QString& tcid, const QString& nip)
-    : connection_(connection), tcid_(tcid), nip_(nip),
-      header_(std::in_place, connection, u"select * from TimeCardHeader where tcid="_s + Quoted(tcid)),
-      day_(b_stored_procedure::OpenTimeCardDetail(connection, tcid)) {}
+    : connection_(connection), tcid_(tcid), nip_(nip), read_(CardStore(connection).Read(tcid)) {}
 
 CardFields EditedCard::Fields(Day today) const {
     CardFields fields;
     fields.tanggal = DayOfIdentifier(tcid_).value_or(today);
-    if (!day_->AtEnd()) {
-        if (const auto tanggal = day_->Field(u"Tanggal"_s).Time())
-            fields.tanggal = DayOf(*tanggal);
-        fields.timeIn = TimeIfSet(day_->Field(u"TimeIN"_s).Time());
-        fields.timeOut = TimeIfSet(day_->Field(u"TimeOUT"_s).Time());
-        fields.overtimeIn = TimeIfSet(day_->Field(u"TimeINOT"_s).Time());
-        fields.overtimeOut = TimeIfSet(day_->Field(u"TimeOutOT"_s).Time());
-        fields.mealAllowance = day_->Field(u"BeriUangMakan"_s).Flag();
+    if (!read_.days.empty()) {
+        const CardDay& day = read_.days.front();
+        fields.tanggal = day.tanggal;
+        fields.timeIn = TimeIfSet(day.timeIn);
+        fields.timeOut = TimeIfSet(day.timeOut);
+        fields.overtimeIn = TimeIfSet(day.timeInOt);
+        fields.overtimeOut = TimeIfSet(day.timeOutOt);
+        fields.mealAllowance = day.beriUangMakan.value_or(false);
     }
     fields.normalGiven = fields.timeIn && fields.timeOut;
     fields.overtimeGiven = fields.overtimeIn && fields.overtimeOut;
-    fields.status = HeaderText(u"Status");
-    fields.keterangan = HeaderText(u"Keterangan");
-    fields.normalAmount = AmountText(u"NormalAmount");
-    fields.otAmount = AmountText(u"OTAmount");
+    if (read_.header) {
+        fields.status = read_.header->status;
+        fields.keterangan = read_.header->keterangan;
+    }
+    fields.normalAmount = Digits(&CardHeader::normalAmount);
+    fields.otAmount = Digits(&CardHeader::otAmount);
     return fields;
 }
 
-QString EditedCard::HeaderText(QStringView field) const {
-    return header_->AtEnd() ? QString() : header_->Field(field.toString()).Text();
-}
-
-/// In digits only: the text is read again when it is saved.
-QString EditedCard::AmountText(QStringView field) const {
-    const QString text = HeaderText(field);
-    return text.isEmpty() ? text : Money::FromField(header_->Field(field.toString())).Text();
+QString EditedCard::Digits(std::optional<double> CardHeader::*number) const {
+    return read_.header ? DigitsOf(*read_.header.*number) : QString();
 }
 
 bool EditedCard::Save(const CardFields& fields) {
     if (tcid_.isEmpty() || nip_.isEmpty())
         return false;
-    // Copies, so that a save that fails can be tried again from what was read.
-    Recordset header = *header_;
-    Recordset day = *day_;
-    Transaction transaction(connection_);
-    FillHeader(header, fields);
-    FillDay(day, fields);
-    transaction.Commit();
-    header_.emplace(std::move(header));
-    day_.emplace(std::move(day));
+    read_ = CardStore(connection_).Change(tcid_, [&](TimeCard& card) {
+        if (card != read_)
+            throw ConflictError(CardThing.toString());
+        FillHeader(card.HeaderOf(tcid_, nip_), fields);
+        FillDay(card.FirstDay(fields.tanggal), fields);
+    });
     return true;
 }
 
-void EditedCard::FillHeader(Recordset& header, const CardFields& fields) const {
-    if (header.AtEnd())
-        header.AddNew();
-    header.Set(u"TCID"_s, tcid_);
-    header.Set(u"NIP"_s, nip_);
+void EditedCard::FillHeader(CardHeader& header, const CardFields& fields) const {
+    header.nip = nip_;
     if (fields.normalGiven)
-        header.Set(u"NormalHours"_s, HoursBetween(fields.timeIn, fields.timeOut));
+        header.normalHours = HoursBetween(fields.timeIn, fields.timeOut);
     if (fields.overtimeGiven)
-        header.Set(u"OTHours"_s, HoursBetween(fields.overtimeIn, fields.overtimeOut));
-    header.Set(u"NormalAmount"_s, Money::FromText(fields.normalAmount).Field());
-    header.Set(u"OTAmount"_s, Money::FromText(fields.otAmount).Field());
-    SetText(header, u"Status"_s, fields.status);
-    SetText(header, u"Keterangan"_s, fields.keterangan);
-    header.Update();
-}
-
-void EditedCard::FillDay(Recordset& day, const CardFields& fields) const {
-    if (day.AtEnd())
-        day.AddNew();
-    day.Set(u"TCID"_s, tcid_);
-    day.Set(u"Tanggal"_s, fields.tanggal);
-    if (fields.normalGiven) {
-        day.Set(u"TimeIN"_s, OrNull(fields.timeIn));
-        day.Set(u"TimeOUT"_s, OrNull(fields.timeOut));
+        header.otHours = HoursBetween(fields.overtimeIn, fields.overtimeOut);
+    // An amount that nobody touched stays what it is, even where its digits do not tell all of it.
+    for (const auto& [text, member] : {std::pair{&fields.normalAmount, &CardHeader::normalAmount},
+                                       {&fields.otAmount, &CardHeader::otAmount}}) {
+        if (!(header.*member) || *text != DigitsOf(header.*member))
+            header.*member = Money::FromText(*text).Field().Number();
     }
-    if (fields.overtimeGiven) {
-        day.Set(u"TimeINOT"_s, OrNull(fields.overtimeIn));
-        day.Set(u"TimeOutOT"_s, OrNull(fields.overtimeOut));
-    }
-    day.Set(u"BeriUangMakan"_s, fields.mealAllowance);
-    day.Update();
+    SetText(header.status, fields.status);
+    SetText(header.keterangan, fields.keterangan);
 }

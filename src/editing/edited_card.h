@@ -1,11 +1,9 @@
 #pragma once
 
+#include "cards/time_card.h"
 #include "database/connection.h"
-#include "database/recordset.h"
 
 #include <QString>
-
-#include <optional>
 
 /// One time card and its day, as a form shows it and gives it back.
 struct CardFields {
@@ -32,32 +30,29 @@ struct CardFields {
 /// reading and saving is never overwritten.
 class EditedCard {
 public:
-    /// Reads the card's header and day row. Throws DatabaseError.
+    /// Reads the card's header and days. Throws DatabaseError.
     EditedCard(Connection& connection, const QString& tcid, const QString& nip);
 
     /// What was read. A card without a day row is of the day that its identifier names, `today` if none.
     CardFields Fields(Day today) const;
     /// For showing only: hours in hours-dot-minutes, the meal allowance as an amount; "" where nothing is
     /// stored.
-    QString NormalHours() const { return HeaderText(u"NormalHours"); }
-    QString OvertimeHours() const { return HeaderText(u"OTHours"); }
-    QString MealAllowance() const { return HeaderText(u"TotalUangMakan"); }
+    QString NormalHours() const { return Digits(&CardHeader::normalHours); }
+    QString OvertimeHours() const { return Digits(&CardHeader::otHours); }
+    QString MealAllowance() const { return Digits(&CardHeader::totalUangMakan); }
 
     /// Writes header and day row in one transaction, adding what is missing; hours are whole hours between
     /// the given times. Writes nothing and returns false when the card has no identifier or no employee
     /// number. Throws ConflictError when another desk changed any of it since it was read or last saved,
-    /// DatabaseError otherwise; nothing is written then.
+    /// ProgramError for an amount that is too large, DatabaseError otherwise; nothing is written then.
     bool Save(const CardFields& fields);
 
 private:
-    QString HeaderText(QStringView field) const;
-    QString AmountText(QStringView field) const;
-    void FillHeader(Recordset& header, const CardFields& fields) const;
-    void FillDay(Recordset& day, const CardFields& fields) const;
+    QString Digits(std::optional<double> CardHeader::*number) const;
+    void FillHeader(CardHeader& header, const CardFields& fields) const;
 
     Connection& connection_;
     QString tcid_;
     QString nip_;
-    std::optional<Recordset> header_;
-    std::optional<Recordset> day_;
+    TimeCard read_;
 };

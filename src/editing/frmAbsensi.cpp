@@ -1,13 +1,14 @@
 #include "editing/frmAbsensi.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/supervisor_check.h"
 #include "database/database_error.h"
 #include "editing/attendance_print.h"
 #include "editing/employee_status.h"
 #include "reports/report_file.h"
-#include "timecard/sheet_identifier.h"
 #include "ui/cell_editor.h"
 #include "ui/code_combo.h"
+#include "ui/date_box.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
 #include "ui/typing.h"
@@ -49,6 +50,7 @@ frmAbsensi::frmAbsensi(Program& program, AttendanceBrowserNeeds needs, const b_f
     b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
     SetUpGrid();
     ConnectControls();
+    SetUpDateBoxes(*this, program_);
     ui_->txtEmpl->setFixedWidth(Theme::FieldWidth(*ui_->txtEmpl, u"0000000000"_s));
     for (QComboBox* list : {ui_->txtDept, ui_->txtDivisi})
         list->setMaximumWidth(Theme::FieldWidth(*list, QString(WidestName, u'n')));
@@ -103,11 +105,13 @@ void frmAbsensi::SetUpGrid() {
     editing.pickListColumns = {AttendanceModel::Status};
     editing.mayEdit = [](const QModelIndex& cell) { return cell.column() == AttendanceModel::Status; };
     editing.checkedColumn = AttendanceModel::Status;
-    editing.check = [this](const QModelIndex& cell, const QString& code) {
-        return CheckStatus(cell.row(), code);
+    editing.check = [this](const QModelIndex&, const QString& code) {
+        return ListedStatus(program_.Db(), code);
     };
-    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
-    editing.saveRow = [this](int row) { return SaveRow(row); };
+    editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
+    editing.saveCell = [this](const QModelIndex& cell, const QString& status) {
+        return SaveStatusCell(cell.row(), status);
+    };
     editing.gridEnterKey = [this](const QModelIndex& cell) { GridEnterKey(cell); };
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
     editing.gridDoubleClick = [this](const QModelIndex& cell) { MSHFlexGrid1_DblClick(cell); };
@@ -121,25 +125,27 @@ void frmAbsensi::Form_Load() {
         OfferCodes(*ui_->txtDivisi, CodeLists::Divisions(program_.Db()));
         OfferCodes(*ui_->txtDept, CodeLists::Departments(program_.Db(), Joined));
     });
-    const QDate today = ToQDate(program_.clock.Today());
+    const Day today = program_.clock.Today();
     if (std::exchange(openedOn_, today) == today)
         return;
-    ui_->txtDate1->setDate(QDate(today.year(), today.month(), 1));
-    ui_->txtDate2->setDate(today);
+    const std::chrono::year_month_day date{today};
+    ui_->txtDate1->SetValue(Day{date.year() / date.month() / 1});
+    ui_->txtDate2->SetValue(today);
 }
 
 AttendanceCriteria frmAbsensi::Criteria() const {
-    ReadTypedBoxes(*this);
     AttendanceCriteria criteria;
     criteria.nip = ui_->txtEmpl->text().trimmed();
     criteria.dept = ChosenCode(*ui_->txtDept);
     criteria.divisi = ChosenCode(*ui_->txtDivisi);
     if (ui_->chkInterval->isChecked())
-        criteria.interval = {FromQDate(ui_->txtDate1->date()), FromQDate(ui_->txtDate2->date())};
+        criteria.interval = {DayOf(ui_->txtDate1->Value()), DayOf(ui_->txtDate2->Value())};
     return criteria;
 }
 
 bool frmAbsensi::RefreshAttendance() {
+    if (!ReadTypedBoxes(*this))
+        return false;
     bool shown = false;
     Trapped(program_, u"RefreshAttendance"_s, [&] {
         const AttendanceCriteria criteria = Criteria();
@@ -229,10 +235,11 @@ void frmAbsensi::cmdEmpl_Click() {
     });
 }
 
-void frmAbsensi::cmdLov_Click(QLineEdit& anchor) {
-    OpenPickList(program_, anchor, PickListQuery::BrowserStatuses, [this](const QVariantMap& values) {
-        editor_->TakePicked(values.value(u"Status"_s).toString());
-    });
+void frmAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
+    OpenPickList(
+        program_, anchor, PickListQuery::BrowserStatuses,
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); },
+        reason);
 }
 
 ShownDayRow frmAbsensi::RowAt(int row) const {
@@ -245,34 +252,15 @@ void frmAbsensi::LoadRow(int row) {
 }
 
 /// What another desk did to the row's card is shown at once, beside the message that says so.
-std::optional<QString> frmAbsensi::CheckStatus(int row, const QString& code) {
-    std::optional<QString> listed = ListedStatus(program_.Db(), code);
-    if (!listed)
-        return listed;
+bool frmAbsensi::SaveStatusCell(int row, const QString& status) {
     const ShownDayRow shown = RowAt(row);
     try {
-        AttendanceRecord saved = SaveStatusCell(program_.Db(), shown, *listed);
-        // The cell itself takes the code from the editor.
-        saved.status = shown.record ? shown.record->status : QString();
-        rows_.SetRecord(row, std::move(saved));
+        rows_.SetRecord(row, SaveDayStatus(program_.Db(), shown, status));
     } catch (const ConflictError&) {
         LoadRow(row);
         throw;
     }
-    ui_->lblDone->setText(u"%1, %2: status %3 tersimpan."_s.arg(shown.nip, ShownDay(shown.day), *listed));
-    return listed;
-}
-
-bool frmAbsensi::SaveRow(int row) {
-    const ShownDayRow shown = RowAt(row);
-    std::optional<AttendanceRecord> stored = SaveGridRow(program_.Db(), shown);
-    const QString which = shown.nip + u", "_s + ShownDay(shown.day);
-    if (shown.record && !stored)
-        ui_->lblDone->setText(u"%1: kartunya sudah dipindah dari komputer lain."_s.arg(which));
-    else if (stored && stored->status != shown.record->status)
-        ui_->lblDone->setText(
-            u"%1: status sudah diganti dari komputer lain menjadi %2."_s.arg(which, stored->status));
-    rows_.SetRecord(row, std::move(stored));
+    ui_->lblDone->setText(u"%1, %2: status %3 tersimpan."_s.arg(shown.nip, ShownDay(shown.day), status));
     return true;
 }
 
@@ -290,7 +278,7 @@ void frmAbsensi::GridEnterKey(const QModelIndex& cell) {
     if (!isEmpty)
         editor_->OpenOnCurrentCell();
     else if (inStatus)
-        editor_->OpenPickList(); // the button stands there already
+        editor_->OfferPickList(); // the button stands there already
     else
         editor_->ShowPickButton();
 }

@@ -37,7 +37,7 @@ protected:
 private:
     void Form_Load();
     void cmdEmpl_Click();
-    void cmdLov_Click(QLineEdit& anchor);
+    void cmdLov_Click(QLineEdit& anchor, const QString& reason);
     void cmdRefresh_Click();
     void cmdPrintGrid_Click();
     void cmdOpenCard_Click();
@@ -52,14 +52,13 @@ private:
     void GoTo(int row);
     ShownDayRow RowAt(int row) const;
     void LoadRow(int row);
-    std::optional<QString> CheckStatus(int row, const QString& code);
-    bool SaveRow(int row);
+    bool SaveStatusCell(int row, const QString& status);
 
     Program& program_;
     AttendanceBrowserNeeds needs_;
     AttendanceModel rows_;
     QString filter_; ///< who the rows that are shown were chosen by
-    QDate openedOn_;
+    Day openedOn_ = DayZero;
     std::unique_ptr<Ui::frmAbsensi> ui_;
     CellEditor* editor_ = nullptr;
 };

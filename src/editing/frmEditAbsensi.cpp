@@ -1,9 +1,10 @@
 #include "editing/frmEditAbsensi.h"
 
-#include "compute/time_card_computation.h"
+#include "cards/card_computation.h"
 #include "core/code_lists.h"
 #include "core/supervisor_check.h"
 #include "core/text_table.h"
+#include "editing/computation_words.h"
 #include "editing/employee_status.h"
 #include "editing/grid_row.h"
 #include "editing/search_criteria.h"
@@ -106,7 +107,7 @@ CellEditing frmEditAbsensi::GridEditing() {
         return ListedStatus(program_.Db(), code);
     };
     editing.mayEdit = [this](const QModelIndex& cell) { return MayTypeInto(cell); };
-    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
+    editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
     editing.saveRow = [this](int row) { return SaveGridRow(row); };
     editing.gridEnterKey = [this](const QModelIndex& cell) { GridEnterKey(cell); };
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
@@ -171,9 +172,11 @@ void frmEditAbsensi::cmdCalcHrs_Click() {
     QString done = u"%1 kartu dihitung."_s.arg(report.computed);
     if (report.cancelled)
         done = u"Dibatalkan: "_s + done + u" Sisanya belum."_s;
-    if (!report.withoutData.isEmpty())
-        done += u" Tanpa data: %1."_s.arg(report.withoutData.join(u", "_s));
+    if (const qsizetype left = std::ssize(report.notComputed); left > 0)
+        done += u" %1 kartu tidak dapat dihitung."_s.arg(left);
     ShowState(done);
+    if (!report.notComputed.empty())
+        program_.dialogs.Warn(NotComputedText(report));
 }
 
 void frmEditAbsensi::MSHFlexGrid1_DblClick(const QModelIndex& cell) {
@@ -185,14 +188,14 @@ void frmEditAbsensi::MSHFlexGrid1_DblClick(const QModelIndex& cell) {
 
 void frmEditAbsensi::GridEnterKey(const QModelIndex& cell) {
     if (cell.column() == Status)
-        editor_->OpenPickList();
+        editor_->OfferPickList();
     else
         MSHFlexGrid1_DblClick(cell);
 }
 
 void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
-    const SearchRow& shown = model_.FetchedRows()[static_cast<size_t>(cell.row())];
-    if (shown.tcid.isEmpty() || !shown.tanggal || !modGeneral::AskAdminPass(program_))
+    const FoundDay& shown = model_.FetchedRows()[static_cast<size_t>(cell.row())];
+    if (shown.header.tcid.isEmpty() || !shown.day || !modGeneral::AskAdminPass(program_))
         return;
     const int row = cell.row();
     // Also after a conflict, when the row was read anew, there is nothing left of what was typed into it.
@@ -205,10 +208,11 @@ void frmEditAbsensi::GridDeleteKey(const QModelIndex& cell) {
     ShowState(u"Hari pada baris %1 dihapus."_s.arg(row + 1));
 }
 
-void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor) {
-    OpenPickList(program_, anchor, PickListQuery::SearchStatuses, [this](const QVariantMap& values) {
-        editor_->TakePicked(values.value(u"Status"_s).toString());
-    });
+void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
+    OpenPickList(
+        program_, anchor, PickListQuery::SearchStatuses,
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Status"_s).toString()); },
+        reason);
 }
 
 /// Says why where it is not allowed.

@@ -59,7 +59,7 @@ private:
     void MSHFlexGrid1_DblClick(const QModelIndex& cell);
     void GridEnterKey(const QModelIndex& cell);
     void GridDeleteKey(const QModelIndex& cell);
-    void cmdLov_Click(QLineEdit& anchor);
+    void cmdLov_Click(QLineEdit& anchor, const QString& reason);
 
     bool MayTypeInto(const QModelIndex& cell);
     bool SaveGridRow(int row);

@@ -1,8 +1,12 @@
 #include "editing/frmEditAbsensiOne.h"
 
-#include "compute/time_card_computation.h"
+#include "cards/card_computation.h"
 #include "core/code_lists.h"
+#include "core/query_values.h"
+#include "database/statement.h"
+#include "editing/computation_words.h"
 #include "ui/busy_pointer.h"
+#include "ui/moment_box.h"
 #include "ui/typing.h"
 #include "ui_frmEditAbsensiOne.h"
 
@@ -18,18 +22,18 @@ namespace {
 enum Button { Simpan = 1, Batal = 2 };
 
 /// The time that a box shows; what was loaded while the box does not count.
-std::optional<WallTime> TimeOf(const WallTimeEdit& box, bool given, const std::optional<WallTime>& loaded) {
+std::optional<WallTime> TimeOf(const MomentBox& box, bool given, const std::optional<WallTime>& loaded) {
     return given ? std::optional(box.Value()) : loaded;
 }
 
-void ShowTime(WallTimeEdit& box, const std::optional<WallTime>& time, WallTime ifNone) {
+void ShowTime(MomentBox& box, const std::optional<WallTime>& time, WallTime ifNone) {
     if (time)
         box.SetValue(*time);
     else
         box.Suggest(ifNone);
 }
 
-QString TimesHint(bool given, const WallTimeEdit& in, const WallTimeEdit& out) {
+QString TimesHint(bool given, const MomentBox& in, const MomentBox& out) {
     return given && out.Value() < in.Value() ? u"Jam keluar mendahului jam masuk."_s : QString();
 }
 
@@ -61,8 +65,9 @@ frmEditAbsensiOne::frmEditAbsensiOne(Program& program, const QString& tcid, cons
     connect(ui_->chkTimeIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkTimeIO_Click);
     connect(ui_->chkOTIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkOTIO_Click);
     connect(ui_->txtStatus, &QComboBox::currentTextChanged, this, &frmEditAbsensiOne::ShowStatusText);
-    for (const WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
-        connect(box, &QDateTimeEdit::dateTimeChanged, this, &frmEditAbsensiOne::ShowHints);
+    SetUpDateBoxes(*this, program_);
+    for (const MomentBox* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+        connect(box, &DateBox::Changed, this, &frmEditAbsensiOne::ShowHints);
     for (const QLineEdit* amount : {ui_->txtNAmount, ui_->txtOTAmount})
         connect(amount, &QLineEdit::textChanged, this, &frmEditAbsensiOne::ShowHints);
     ui_->txtOTAmount->setValidator(
@@ -74,7 +79,7 @@ frmEditAbsensiOne::~frmEditAbsensiOne() = default;
 
 void frmEditAbsensiOne::Form_Load() {
     const WallTime today = program_.clock.Today();
-    for (WallTimeEdit* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+    for (MomentBox* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
         box->Suggest(today);
     Trapped(program_, u"Form_Load"_s, [this] { FillStatusList(); });
     chkTimeIO_Click();
@@ -105,7 +110,7 @@ void frmEditAbsensiOne::LoadTimeCard() {
 }
 
 void frmEditAbsensiOne::ShowFields(const CardFields& fields) {
-    ui_->txtTanggal->setDate(ToQDate(fields.tanggal));
+    ui_->txtTanggal->SetValue(fields.tanggal);
     const WallTime today = program_.clock.Today();
     ShowTime(*ui_->txtTIN, fields.timeIn, today);
     ShowTime(*ui_->txtTOUT, fields.timeOut, today);
@@ -134,10 +139,9 @@ void frmEditAbsensiOne::ShowStatus(const QString& status) {
 }
 
 CardFields frmEditAbsensiOne::TypedFields() const {
-    ReadTypedBoxes(*this);
     const CardFields read = card_->Fields(program_.clock.Today());
     CardFields fields;
-    fields.tanggal = FromQDate(ui_->txtTanggal->date());
+    fields.tanggal = DayOf(ui_->txtTanggal->Value());
     fields.status = ui_->txtStatus->currentText();
     fields.keterangan = ui_->txtKeterangan->text();
     fields.mealAllowance = ui_->chkUangMakan->isChecked();
@@ -153,6 +157,8 @@ CardFields frmEditAbsensiOne::TypedFields() const {
 }
 
 bool frmEditAbsensiOne::SaveTimeCard() {
+    if (!ReadTypedBoxes(*this))
+        return false;
     bool saved = false;
     Trapped(program_, u"SaveTimeCard"_s, [&] {
         const BusyPointer busy;
@@ -173,7 +179,11 @@ void frmEditAbsensiOne::cmdCalcHrs_Click() {
             return;
     }
     Trapped(program_, u"cmdCalcHrs_Click"_s, [this] {
-        modAbsen::CalculateTimeCard(program_.Db(), program_.dialogs, tcid_);
+        if (const auto left = modAbsen::CalculateTimeCard(program_.Db(), tcid_)) {
+            if (left->reason)
+                throw *left->reason;
+            program_.dialogs.Warn(NoDataText(*left));
+        }
         Q_EMIT Saved();
         LoadTimeCard();
     });
@@ -194,12 +204,12 @@ void frmEditAbsensiOne::chkOTIO_Click() {
     EnableTimes(ui_->chkOTIO->isChecked(), {ui_->txtOTIN, ui_->txtOTOUT}, *ui_->txtOTHrs);
 }
 
-void frmEditAbsensiOne::EnableTimes(bool given, const std::array<WallTimeEdit*, 2>& boxes, QWidget& hours) {
-    for (WallTimeEdit* box : boxes) {
+void frmEditAbsensiOne::EnableTimes(bool given, const std::array<MomentBox*, 2>& boxes, QWidget& hours) {
+    for (MomentBox* box : boxes) {
         box->setEnabled(given);
         // A forgotten time is most likely of the card's day, whatever day it is now.
         if (given && box->HoldsSuggestion())
-            box->Suggest(FromQDate(ui_->txtTanggal->date()));
+            box->Suggest(DayOf(ui_->txtTanggal->Value()));
     }
     hours.setEnabled(given);
     ShowHints();
@@ -217,7 +227,7 @@ void frmEditAbsensiOne::ShowHints() {
 }
 
 bool frmEditAbsensiOne::IsChanged() const {
-    return card_ && TypedFields() != untouched_;
+    return card_ && (!ReadTypedBoxes(*this, Unreadable::Quiet) || TypedFields() != untouched_);
 }
 
 bool frmEditAbsensiOne::MayLeave() {

@@ -9,7 +9,7 @@
 #include <array>
 #include <memory>
 
-class WallTimeEdit;
+class MomentBox;
 
 namespace Ui {
 class frmEditAbsensiOne;
@@ -45,7 +45,7 @@ private:
     bool SaveTimeCard();
     void FillStatusList();
     void ShowStatus(const QString& status);
-    void EnableTimes(bool given, const std::array<WallTimeEdit*, 2>& boxes, QWidget& hours);
+    void EnableTimes(bool given, const std::array<MomentBox*, 2>& boxes, QWidget& hours);
     void ShowFields(const CardFields& fields);
     CardFields TypedFields() const;
     bool IsChanged() const;

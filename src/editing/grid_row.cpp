@@ -1,10 +1,10 @@
 #include "editing/grid_row.h"
 
+#include "cards/card_store.h"
+#include "cards/listed_employees.h"
+#include "cards/sheet_identifier.h"
 #include "compute/money.h"
 #include "database/database_error.h"
-#include "database/recordset.h"
-#include "database/statement.h"
-#include "timecard/sheet_identifier.h"
 
 using namespace Qt::StringLiterals;
 using enum SearchRow::Column;
@@ -15,95 +15,54 @@ constexpr qsizetype TooFewElements = 6;
 constexpr int NoTimeNumber = 13;
 constexpr int UnknownEmployeeNumber = 3201;
 
-ValueOfColumn ValuesOf(const Cursor& rows) {
-    return [&rows](SearchRow::Column column) { return rows.Value(rows.ColumnOf(SearchColumnName(column))); };
+/// A header that is gone is written anew, whole: there is nothing of it that could be lost.
+void RequireUnchanged(const TimeCard& card, const FoundDay& shown) {
+    const FoundDay stored = AsFound(card, shown.day);
+    if ((card.header && stored.header != shown.header) || stored.day != shown.day)
+        throw ConflictError(CardThing.toString());
 }
 
-ValueOfColumn ValuesOf(const Recordset& recordset) {
-    return [&recordset](SearchRow::Column column) { return recordset.Field(SearchColumnName(column)); };
-}
-
-FieldValue NoValue(SearchRow::Column) {
-    return {};
-}
-
-/// Name, department and division of the row's employee; false when there is no such employee.
-bool ReadEmployee(Connection& connection, SearchRow& row) {
-    Cursor rows = connection.Query(u"select Nama, Dept, Divisi from Employee where NIP="_s + Quoted(row.nip));
-    const bool found = rows.Next();
-    TakeEmployee(row, found ? ValuesOf(rows) : NoValue);
-    return found;
-}
-
-/// The stored card and day that a row of the grid shows.
-class StoredRow {
+/// The texts of a row, and which of them were typed over what was shown.
+class TypedRow {
 public:
-    StoredRow(Connection& connection, const SearchRow& shown)
-        : shown_(shown),
-          header_(connection, u"select * from TimeCardHeader Where TCID="_s + Quoted(shown.tcid)),
-          day_(connection, u"select * from TimeCardDetail Where TCID="_s + Quoted(shown.tcid)) {
-        // A card may have several days, of which the row shows one.
-        while (!day_.AtEnd() && shown.tanggal && day_.Field(u"Tanggal"_s).Time() != shown.tanggal)
-            day_.MoveNext();
+    TypedRow(const FoundDay& shown, const QStringList& elements) : shown_(shown), elements_(elements) {}
+
+    void WriteTo(CardHeader& header) const {
+        header.nip = Element(Nip);
+        for (const auto& [column, member] : {std::pair{NormalHours, &CardHeader::normalHours},
+                                             {OtHours, &CardHeader::otHours},
+                                             {NormalAmount, &CardHeader::normalAmount},
+                                             {OtAmount, &CardHeader::otAmount}}) {
+            if (IsTyped(column) || !(header.*member))
+                header.*member = Money::FromText(Element(column)).Field().Number();
+        }
+        for (const auto& [column, member] :
+             {std::pair{Status, &CardHeader::status}, {Keterangan, &CardHeader::keterangan}}) {
+            if (!Element(column).isEmpty() || !(header.*member).isNull())
+                header.*member = Element(column);
+        }
     }
 
-    /// A header that is gone is written anew, whole: there is nothing of it that could be lost.
-    void RequireUnchanged() const {
-        SearchRow stored = shown_;
-        if (!header_.AtEnd())
-            TakeHeader(stored, ValuesOf(header_));
-        TakeDay(stored, day_.AtEnd() ? NoValue : ValuesOf(day_));
-        if (stored != shown_)
-            throw ConflictError(u"TimeCardDetail"_s);
-    }
-
-    void Write(const QStringList& elements) {
-        elements_ = elements;
-        WriteHeader();
-        WriteDay();
+    void WriteTo(CardDay& day) const {
+        day.tanggal = TypedDay();
+        for (const auto& [column, member] : {std::pair{TimeIn, &CardDay::timeIn},
+                                             {TimeOut, &CardDay::timeOut},
+                                             {TimeInOt, &CardDay::timeInOt},
+                                             {TimeOutOt, &CardDay::timeOutOt}}) {
+            if (!Element(column).isEmpty() && IsTyped(column))
+                day.*member = TypedTime(column, day.tanggal);
+        }
+        day.beriUangMakan = Element(BeriUangMakan) == u"True"_s;
     }
 
 private:
     const QString& Element(SearchRow::Column column) const { return elements_[column - 1]; }
-
     bool IsTyped(SearchRow::Column column) const { return Element(column) != SearchCellText(shown_, column); }
-
-    void WriteHeader() {
-        if (header_.AtEnd())
-            header_.AddNew();
-        header_.Set(u"TCID"_s, shown_.tcid);
-        header_.Set(u"NIP"_s, Element(Nip));
-        for (const SearchRow::Column column : {NormalHours, OtHours, NormalAmount, OtAmount}) {
-            const QString field = SearchColumnName(column);
-            if (IsTyped(column) || header_.Field(field).IsNull())
-                header_.Set(field, Money::FromText(Element(column)).Field());
-        }
-        for (const SearchRow::Column column : {Status, Keterangan}) {
-            const QString field = SearchColumnName(column);
-            if (!Element(column).isEmpty() || !header_.Field(field).IsNull())
-                header_.Set(field, Element(column));
-        }
-        header_.Update();
-    }
-
-    void WriteDay() {
-        if (day_.AtEnd())
-            day_.AddNew();
-        const Day day = TypedDay();
-        day_.Set(u"TCID"_s, shown_.tcid);
-        day_.Set(u"Tanggal"_s, day);
-        for (const SearchRow::Column column : {TimeIn, TimeOut, TimeInOt, TimeOutOt}) {
-            if (!Element(column).isEmpty() && IsTyped(column))
-                day_.Set(SearchColumnName(column), TypedTime(column, day));
-        }
-        day_.Set(u"BeriUangMakan"_s, Element(BeriUangMakan) == u"True"_s);
-        day_.Update();
-    }
 
     Day TypedDay() const {
         // A row whose day was deleted shows none: the card's identifier tells it.
         const std::optional<Day> day =
-            Element(Tanggal).isEmpty() ? DayOfIdentifier(shown_.tcid) : ReadDayCell(Element(Tanggal));
+            Element(Tanggal).isEmpty() ? DayOfIdentifier(shown_.header.tcid) : ReadDayCell(Element(Tanggal));
         if (!day)
             throw ProgramError(
                 NoTimeNumber,
@@ -122,59 +81,35 @@ private:
         return *time;
     }
 
-    const SearchRow& shown_;
-    Recordset header_;
-    Recordset day_;
-    QStringList elements_;
+    const FoundDay& shown_;
+    const QStringList& elements_;
 };
-
-void RequireEmployee(Connection& connection, const QString& nip) {
-    SearchRow row;
-    row.nip = nip;
-    if (!ReadEmployee(connection, row))
-        throw ProgramError(UnknownEmployeeNumber,
-                           u"NIP \"%1\" tidak ada dalam data karyawan.\nBaris belum disimpan."_s.arg(nip));
-}
 
 } // namespace
 
-bool LoadRowFromDb(Connection& connection, SearchRow& row) {
-    SearchRow read;
-    read.tcid = row.tcid;
-    Cursor days = connection.Query(u"sp_TimeCardDetail "_s + Quoted(row.tcid));
-    while (days.Next()) {
-        SearchRow day;
-        TakeDay(day, ValuesOf(days));
-        if (!read.tanggal || day.tanggal == row.tanggal)
-            TakeDay(read, ValuesOf(days));
-    }
-    Cursor header = connection.Query(u"sp_sel_TimeCard "_s + Quoted(row.tcid));
-    if (!header.Next())
-        return false;
-    TakeHeader(read, ValuesOf(header));
-    ReadEmployee(connection, read);
-    row = read;
-    return true;
-}
-
-bool SaveGridRow(Connection& connection, const SearchRow& shown, const QStringList& elements) {
+bool SaveGridRow(Connection& connection, const FoundDay& shown, const QStringList& elements) {
     if (elements.size() <= TooFewElements)
         return false;
-    Transaction transaction(connection);
-    StoredRow stored(connection, shown);
-    stored.RequireUnchanged();
-    RequireEmployee(connection, elements[Nip - 1]);
-    stored.Write(elements);
-    transaction.Commit();
+    CardStore(connection).Change(shown.header.tcid, [&](TimeCard& card) {
+        RequireUnchanged(card, shown);
+        const QString& nip = elements[Nip - 1];
+        if (ReadListedEmployees(connection, {.nip = nip}, {}).empty())
+            throw ProgramError(
+                UnknownEmployeeNumber,
+                u"NIP \"%1\" tidak ada dalam data karyawan.\nBaris belum disimpan."_s.arg(nip));
+        const TypedRow typed(shown, elements);
+        typed.WriteTo(card.HeaderOf(shown.header.tcid, nip));
+        CardDay* day = shown.day ? card.DayOn(shown.day->tanggal) : nullptr;
+        typed.WriteTo(day ? *day : card.days.emplace_back());
+    });
     return true;
 }
 
-void DeleteRowsDay(Connection& connection, const SearchRow& shown) {
-    if (shown.tcid.isEmpty() || !shown.tanggal)
+void DeleteRowsDay(Connection& connection, const FoundDay& shown) {
+    if (shown.header.tcid.isEmpty() || !shown.day)
         return;
-    Transaction transaction(connection);
-    StoredRow(connection, shown).RequireUnchanged();
-    connection.Execute(u"Delete from [TimeCardDetail] where TCID="_s + Quoted(shown.tcid) + u" and Tanggal="_s
-                       + Quoted(StoredDay(*shown.tanggal)));
-    transaction.Commit();
+    CardStore(connection)
+        .DeleteDays(
+            shown.header.tcid, [&](const TimeCard& card) { RequireUnchanged(card, shown); },
+            shown.day->tanggal);
 }

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "database/connection.h"
 #include "editing/search_row.h"
-
-/// Reads the card and the day of a row anew; the day that the row shows, else the card's first. False when
-/// the card is gone; the row stays as it is then. Throws DatabaseError.
-bool LoadRowFromDb(Connection& connection, SearchRow& row);
 
 /// Writes a row as it was typed, given as its elements, in one transaction: the card's header and its day,
 /// adding what is missing. Elements that read as they were shown leave the stored values alone, and so do
@@ -15,8 +10,8 @@ bool LoadRowFromDb(Connection& connection, SearchRow& row);
 /// Throws ProgramError for a text that is no day or time and for an unknown employee, ConflictError when
 /// another desk has changed the row since it was read as `shown`, DatabaseError otherwise; nothing is written
 /// then.
-bool SaveGridRow(Connection& connection, const SearchRow& shown, const QStringList& elements);
+bool SaveGridRow(Connection& connection, const FoundDay& shown, const QStringList& elements);
 
 /// Deletes the day of the row. Throws ConflictError when another desk has changed the row since it was read,
 /// DatabaseError otherwise; nothing is deleted then.
-void DeleteRowsDay(Connection& connection, const SearchRow& shown);
+void DeleteRowsDay(Connection& connection, const FoundDay& shown);

@@ -35,8 +35,8 @@ std::vector<TableColumn> Columns() {
 SearchModel::SearchModel(QObject* parent) : TableModel(Columns(), parent) {}
 
 void SearchModel::Search(Connection& connection, const QString& whereClause) {
-    SearchPages pages(whereClause);
-    std::vector<SearchRow> rows = pages.Next(connection);
+    CardSearch pages(whereClause);
+    std::vector<FoundDay> rows = pages.Next(connection);
     beginResetModel();
     connection_ = &connection;
     clause_ = whereClause;
@@ -58,8 +58,8 @@ bool SearchModel::FetchAll(const Progress& progress) {
 }
 
 void SearchModel::Reread(const Progress& progress) {
-    SearchPages pages(clause_);
-    std::vector<SearchRow> rows;
+    CardSearch pages(clause_);
+    std::vector<FoundDay> rows;
     bool goOn = true;
     while (goOn && rows.size() < rows_.size() && !pages.AtEnd()) {
         std::ranges::move(pages.Next(*connection_), std::back_inserter(rows));
@@ -80,7 +80,7 @@ void SearchModel::Reread(const Progress& progress) {
 }
 
 QStringList SearchModel::AllTcids() const {
-    return SearchPages(clause_).Tcids(*connection_);
+    return CardSearch(clause_).Tcids(*connection_);
 }
 
 bool SearchModel::IsWritten(int column) {
@@ -93,8 +93,11 @@ QStringList SearchModel::Elements(int row) const {
 }
 
 bool SearchModel::LoadRow(int row) {
-    if (!LoadRowFromDb(*connection_, rows_.at(static_cast<size_t>(row))))
+    FoundDay& shown = rows_.at(static_cast<size_t>(row));
+    std::optional<FoundDay> found = FindAgain(*connection_, shown);
+    if (!found)
         return false;
+    shown = *std::move(found);
     ShowRowAnew(row);
     return true;
 }
@@ -107,7 +110,7 @@ void SearchModel::DropEdits() {
 void SearchModel::SaveRow(int row) {
     if (!IsEdited(row))
         return;
-    SearchRow& shown = rows_.at(static_cast<size_t>(row));
+    FoundDay& shown = rows_.at(static_cast<size_t>(row));
     const QStringList elements = Elements(row);
     try {
         SaveGridRow(*connection_, shown, elements);
@@ -116,19 +119,19 @@ void SearchModel::SaveRow(int row) {
         throw;
     }
     if (const auto day = ReadDayCell(elements[Tanggal - 1]))
-        shown.tanggal = day; // the one to be found again
+        shown.day = CardDay{*day}; // the one to be found again
     LoadRow(row);
 }
 
 void SearchModel::DeleteRow(int row) {
-    SearchRow& shown = rows_.at(static_cast<size_t>(row));
+    FoundDay& shown = rows_.at(static_cast<size_t>(row));
     try {
         DeleteRowsDay(*connection_, shown);
     } catch (const ConflictError&) {
         LoadRow(row);
         throw;
     }
-    TakeDay(shown, [](SearchRow::Column) { return FieldValue(); });
+    shown.day.reset();
     ShowRowAnew(row);
 }
 
@@ -176,7 +179,7 @@ void SearchModel::fetchMore(const QModelIndex& parent) {
     }
 }
 
-void SearchModel::Append(std::vector<SearchRow> page) {
+void SearchModel::Append(std::vector<FoundDay> page) {
     if (page.empty())
         return;
     beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(page.size()) - 1);

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "cards/card_search.h"
 #include "core/progress.h"
 #include "core/table_model.h"
-#include "editing/search_pages.h"
+#include "editing/search_row.h"
 
 #include <QHash>
 
@@ -28,7 +29,7 @@ public:
     const QString& Clause() const { return clause_; }
     /// False while there are rows that were not fetched.
     bool IsWhole() const { return pages_.AtEnd(); }
-    const std::vector<SearchRow>& FetchedRows() const { return rows_; }
+    const std::vector<FoundDay>& FetchedRows() const { return rows_; }
     /// The identifiers of all cards of the result, also of rows that were not fetched.
     QStringList AllTcids() const;
 
@@ -61,13 +62,13 @@ private:
     int RowCount() const override { return static_cast<int>(rows_.size()); }
     QString Text(int row, int column) const override;
     CellLook LookOf(int row, int column) const override;
-    void Append(std::vector<SearchRow> page);
+    void Append(std::vector<FoundDay> page);
     void ShowRowAnew(int row);
 
     Connection* connection_ = nullptr;
     QString clause_;
-    SearchPages pages_;
+    CardSearch pages_;
     bool fetchFailed_ = false;
-    std::vector<SearchRow> rows_;
+    std::vector<FoundDay> rows_;
     QHash<int, QStringList> edited_;
 };

@@ -2,30 +2,12 @@
 
 #include "compute/money.h"
 
-#include <QLocale>
-
-#include <cmath>
-
 using namespace Qt::StringLiterals;
 using enum SearchRow::Column;
 
 namespace {
 
-std::optional<double> NumberOf(const FieldValue& value) {
-    return value.IsNull() ? std::nullopt : std::optional(value.Number());
-}
-
-/// In digits only: the text is read again when the row is saved. A number that is too large for an amount has
-/// got into the database from elsewhere; it is shown so that it can be corrected.
-QString NumberCell(const std::optional<double>& number) {
-    constexpr double TooLarge = 1e14;
-    if (!number)
-        return {};
-    return std::abs(*number) < TooLarge ? Money::FromField(FieldValue(*number)).Text()
-                                        : QString::number(*number, 'f', QLocale::FloatingPointShortest);
-}
-
-QString TimeCell(const std::optional<WallTime>& time, const std::optional<Day>& cardDay) {
+QString TimeCell(const std::optional<WallTime>& time, Day cardDay) {
     if (!TimeIfSet(time))
         return {};
     const QString clock = ShownTime(*time);
@@ -36,6 +18,25 @@ QString FlagCell(const std::optional<bool>& flag) {
     if (!flag)
         return {};
     return *flag ? u"True"_s : u"False"_s;
+}
+
+QString DayCellText(const CardDay& day, int column) {
+    switch (column) {
+    case Tanggal:
+        return ShownDay(day.tanggal);
+    case TimeIn:
+        return TimeCell(day.timeIn, day.tanggal);
+    case TimeOut:
+        return TimeCell(day.timeOut, day.tanggal);
+    case TimeInOt:
+        return TimeCell(day.timeInOt, day.tanggal);
+    case TimeOutOt:
+        return TimeCell(day.timeOutOt, day.tanggal);
+    case BeriUangMakan:
+        return FlagCell(day.beriUangMakan);
+    default:
+        return {};
+    }
 }
 
 /// Month by its name, as days are shown.
@@ -60,75 +61,36 @@ QString SearchColumnName(int column) {
     return names.value(column);
 }
 
-void TakeHeader(SearchRow& row, const ValueOfColumn& value) {
-    row.status = value(Status).Text();
-    row.nip = value(Nip).Text();
-    row.keterangan = value(Keterangan).Text();
-    row.normalHours = NumberOf(value(NormalHours));
-    row.otHours = NumberOf(value(OtHours));
-    row.normalAmount = NumberOf(value(NormalAmount));
-    row.otAmount = NumberOf(value(OtAmount));
-}
-
-void TakeDay(SearchRow& row, const ValueOfColumn& value) {
-    const std::optional<WallTime> tanggal = value(Tanggal).Time();
-    row.tanggal = tanggal ? std::optional(DayOf(*tanggal)) : std::nullopt;
-    row.timeIn = value(TimeIn).Time();
-    row.timeOut = value(TimeOut).Time();
-    row.timeInOt = value(TimeInOt).Time();
-    row.timeOutOt = value(TimeOutOt).Time();
-    const FieldValue flag = value(BeriUangMakan);
-    row.beriUangMakan = flag.IsNull() ? std::nullopt : std::optional(flag.Flag());
-}
-
-void TakeEmployee(SearchRow& row, const ValueOfColumn& value) {
-    row.nama = value(Nama).Text();
-    row.dept = value(Dept).Text();
-    row.divisi = value(Divisi).Text();
-}
-
-QString SearchCellText(const SearchRow& row, int column) {
+QString SearchCellText(const FoundDay& row, int column) {
     switch (column) {
     case Status:
-        return row.status;
+        return row.header.status;
     case Nip:
-        return row.nip;
+        return row.header.nip;
     case Nama:
         return row.nama;
     case Keterangan:
-        return row.keterangan;
+        return row.header.keterangan;
     case Dept:
         return row.dept;
     case Tcid:
-        return row.tcid;
+        return row.header.tcid;
     case Divisi:
         return row.divisi;
-    case Tanggal:
-        return row.tanggal ? ShownDay(*row.tanggal) : QString();
-    case TimeIn:
-        return TimeCell(row.timeIn, row.tanggal);
-    case TimeOut:
-        return TimeCell(row.timeOut, row.tanggal);
-    case TimeInOt:
-        return TimeCell(row.timeInOt, row.tanggal);
-    case TimeOutOt:
-        return TimeCell(row.timeOutOt, row.tanggal);
-    case BeriUangMakan:
-        return FlagCell(row.beriUangMakan);
     case NormalHours:
-        return NumberCell(row.normalHours);
+        return DigitsOf(row.header.normalHours);
     case OtHours:
-        return NumberCell(row.otHours);
+        return DigitsOf(row.header.otHours);
     case NormalAmount:
-        return NumberCell(row.normalAmount);
+        return DigitsOf(row.header.normalAmount);
     case OtAmount:
-        return NumberCell(row.otAmount);
+        return DigitsOf(row.header.otAmount);
     default:
-        return {};
+        return row.day ? DayCellText(*row.day, column) : QString();
     }
 }
 
-QStringList SearchRowElements(const SearchRow& row) {
+QStringList SearchRowElements(const FoundDay& row) {
     QStringList elements;
     for (int column = SerialNo + 1; column < SearchRow::ColumnCount; ++column)
         elements << SearchCellText(row, column);

@@ -1,6 +1,6 @@
 #include "editing/work_grid.h"
 
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
 
 #include <map>
 
@@ -15,9 +15,9 @@ constexpr int NameWidth = 20;
 constexpr int LeastDayWidth = 3;
 
 /// The day that a card stands for; the one it was filed under when its identifier names none.
-std::optional<Day> SheetDayOf(const SearchRow& row) {
-    const std::optional<Day> day = DayOfIdentifier(row.tcid);
-    return day ? day : row.tanggal;
+std::optional<Day> SheetDayOf(const FoundDay& row) {
+    const std::optional<Day> day = DayOfIdentifier(row.header.tcid);
+    return day || !row.day ? day : std::optional(row.day->tanggal);
 }
 
 int DayOfMonth(Day day) {
@@ -32,11 +32,11 @@ QString ShownMonth(Day day) {
 /// Hands out each card once, with its day, also when it has several rows: they stand together, and the status
 /// is the card's. False when it was stopped.
 template<class Take>
-bool ForEachCard(const std::vector<SearchRow>& rows, const Progress& progress, Take take) {
+bool ForEachCard(const std::vector<FoundDay>& rows, const Progress& progress, Take take) {
     for (size_t i = 0; i < rows.size(); ++i) {
         if (!ShouldContinue(progress, static_cast<qsizetype>(i), std::ssize(rows)))
             return false;
-        if (i > 0 && rows[i].tcid == rows[i - 1].tcid)
+        if (i > 0 && rows[i].header.tcid == rows[i - 1].header.tcid)
             continue;
         if (const auto day = SheetDayOf(rows[i]))
             take(rows[i], *day);
@@ -98,12 +98,12 @@ QStringList WorkGrid::Lines(const QStringList& pageHeading) const {
     return modGeneral::GridToTextTable(grdTemp, widths, pageHeading);
 }
 
-QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+QStringList SheetPrint(const std::vector<FoundDay>& rows, const QString& printedAt,
                        const Progress& progress) {
     std::map<QString, WorkGrid> sheets;
-    const bool whole = ForEachCard(rows, progress, [&sheets](const SearchRow& row, Day day) {
+    const bool whole = ForEachCard(rows, progress, [&sheets](const FoundDay& row, Day day) {
         WorkGrid& grid = sheets.try_emplace(MonthPartOf(day), u"NIK"_s, u"Nama"_s).first->second;
-        grid.PlaceInWorkGrid(row.nip, row.nama, DayOfMonth(day), row.status);
+        grid.PlaceInWorkGrid(row.header.nip, row.nama, DayOfMonth(day), row.header.status);
     });
     if (!whole)
         return {};
@@ -112,17 +112,17 @@ QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printe
     });
 }
 
-QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+QStringList EmployeePrint(const std::vector<FoundDay>& rows, const QString& printedAt,
                           const Progress& progress) {
     struct Page {
         QString nama;
         WorkGrid grid{u"Lembar"_s, u"Bulan"_s};
     };
     std::map<QString, Page> employees;
-    const bool whole = ForEachCard(rows, progress, [&employees](const SearchRow& row, Day day) {
-        Page& page = employees[row.nip];
+    const bool whole = ForEachCard(rows, progress, [&employees](const FoundDay& row, Day day) {
+        Page& page = employees[row.header.nip];
         page.nama = row.nama;
-        page.grid.PlaceInWorkGrid(MonthPartOf(day), ShownMonth(day), DayOfMonth(day), row.status);
+        page.grid.PlaceInWorkGrid(MonthPartOf(day), ShownMonth(day), DayOfMonth(day), row.header.status);
     });
     if (!whole)
         return {};

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "cards/card_search.h"
 #include "core/progress.h"
 #include "core/text_table.h"
-#include "editing/search_row.h"
 
 #include <QHash>
 
@@ -32,9 +32,9 @@ private:
 
 /// The status codes of a search's result, a column per day: for each month of its sheets one table with a row
 /// per employee. No lines at all when it was stopped.
-QStringList SheetPrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+QStringList SheetPrint(const std::vector<FoundDay>& rows, const QString& printedAt,
                        const Progress& progress = {});
 
 /// The same by employee: for each employee one table with a row per month.
-QStringList EmployeePrint(const std::vector<SearchRow>& rows, const QString& printedAt,
+QStringList EmployeePrint(const std::vector<FoundDay>& rows, const QString& printedAt,
                           const Progress& progress = {});

@@ -1,8 +1,7 @@
 #include "reports/daily_report.h"
 
-#include "database/statement.h"
+#include "reports/attendance_rows.h"
 #include "reports/report_cells.h"
-#include "reports/report_data.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,17 +11,11 @@ constexpr int RemarkWidth = 30;
 
 } // namespace
 
-MaybePrinted PrintDailyReport(Connection& connection, const ReportCriteria& criteria,
-                              const Progress& progress) {
-    const std::vector<ReportEmployee> employees = ReadReportEmployees(
-        connection, u"SELECT NIP, Nama, Dept, Divisi FROM Employee ORDER BY "_s + criteria.sort);
-    const auto attendance =
-        ReadAttendance(connection,
-                       u"SELECT a.NIP, b.TimeIN, b.TimeOUT, a.Status, a.Keterangan FROM TimeCardHeader a "
-                       "INNER JOIN TimeCardDetail b ON a.TCID=b.TCID WHERE b.Tanggal="_s
-                           + Quoted(StoredDay(criteria.date1)),
-                       RemarkWidth, progress);
-    if (!attendance)
+ListedCount PrintDailyReport(Connection& connection, const ReportCriteria& criteria, const LineSink& sink,
+                             const Progress& progress) {
+    const auto employees = ReadListedEmployees(connection, {}, criteria.sort);
+    AttendanceRows attendance(RemarkWidth);
+    if (!attendance.Read(connection, {DayRange{criteria.date1, criteria.date1}}, employees, progress))
         return std::nullopt;
 
     const QString titles =
@@ -30,23 +23,23 @@ MaybePrinted PrintDailyReport(Connection& connection, const ReportCriteria& crit
     const QString rule = RuleLine(titles.size());
     const QString sameEmployee = u"|    |        |                    |"_s;
     const QString absent = AbsentCells(RemarkWidth);
-    PrintedReport report;
-    report.lines << u"ABSENSI HARIAN"_s << u"Tanggal: "_s + ShownDay(criteria.date1) << QString() << rule
-                 << titles << rule;
-    for (const ReportEmployee& employee : employees) {
-        if (!progress(report.employees, std::ssize(employees)))
+    for (const QString& line :
+         {u"ABSENSI HARIAN"_s, u"Tanggal: "_s + ShownDay(criteria.date1), QString(), rule, titles, rule})
+        sink(line);
+    QString line;
+    for (size_t i = 0; i < employees.size(); ++i) {
+        if (!progress(static_cast<qsizetype>(i), std::ssize(employees)))
             return std::nullopt;
-        QString prefix = EmployeeCells(++report.employees, employee.nip, employee.nama);
-        const auto rows = attendance->constFind(employee.nip);
-        if (rows == attendance->cend()) {
-            report.lines << prefix + absent;
-            continue;
-        }
-        for (const AttendanceRow& row : *rows) {
-            report.lines << prefix + row.line;
-            prefix = sameEmployee;
+        line.truncate(0);
+        AppendEmployeeCells(line, static_cast<qsizetype>(i) + 1, employees[i].nip, employees[i].nama);
+        if (attendance.Of(i).empty())
+            sink(line.append(absent));
+        for (const AttendanceRows::Row& row : attendance.Of(i)) {
+            attendance.AppendCells(line, row);
+            sink(line);
+            line = sameEmployee;
         }
     }
-    report.lines << rule;
-    return report;
+    sink(rule);
+    return std::ssize(employees);
 }

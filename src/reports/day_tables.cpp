@@ -6,54 +6,65 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The line of a day on which somebody has no card: the same for every employee, made once.
-struct AbsentDay {
+constexpr int RemarkWidth = 34;
+
+/// The cell of each day, and the line of a day on which somebody has no card: the same for every employee,
+/// made once.
+struct TableDay {
     Day day;
-    QString line;
+    QString cell;
+    QString absent;
 };
 
-std::vector<AbsentDay> DaysOf(const ReportCriteria& criteria) {
-    const QString absent = AbsentCells(DayTableRemarkWidth);
-    std::vector<AbsentDay> days;
-    for (Day day = criteria.date1; day <= criteria.date2; day += std::chrono::days{1})
-        days.push_back({day, DayCell(day) + absent});
+std::vector<TableDay> DaysOf(const DayRange& range) {
+    const QString absent = AbsentCells(RemarkWidth);
+    std::vector<TableDay> days;
+    for (Day day = range.first; day <= range.last; day += std::chrono::days{1})
+        days.push_back({day, DayCell(day), DayCell(day) + absent});
     return days;
 }
 
 /// The rows stand in the order of the days, so each day's are the next ones.
-void WriteDays(QStringList& lines, const std::vector<AbsentDay>& days,
-               const std::vector<AttendanceRow>& rows) {
+void WriteDays(const std::vector<TableDay>& days, const AttendanceRows& attendance, size_t employee,
+               const LineSink& sink) {
     static const QString sameDay = u"|           |"_s;
+    const auto& rows = attendance.Of(employee);
+    QString line;
     auto row = rows.cbegin();
-    for (const AbsentDay& day : days) {
-        if (row == rows.cend() || row->day != day.day) {
-            lines << day.line;
-            continue;
+    for (const TableDay& day : days) {
+        if (row == rows.cend() || row->day != day.day)
+            sink(day.absent);
+        for (bool first = true; row != rows.cend() && row->day == day.day; ++row, first = false) {
+            line.truncate(0);
+            line.append(first ? day.cell : sameDay);
+            attendance.AppendCells(line, *row);
+            sink(line);
         }
-        lines << row->line;
-        for (++row; row != rows.cend() && row->day == day.day; ++row)
-            lines << sameDay + row->line.sliced(sameDay.size());
     }
 }
 
 } // namespace
 
-MaybePrinted PrintDayTables(const QString& title, const ReportCriteria& criteria, const DayTableData& data,
-                            const std::function<QStringList(const ReportEmployee&)>& heading,
-                            const Progress& progress) {
+ListedCount PrintDayTables(Connection& connection, const DayTables& tables, const LineSink& sink,
+                           const Progress& progress) {
+    const auto employees = ReadListedEmployees(connection, tables.filter, {});
+    AttendanceRows attendance(RemarkWidth);
+    if (!attendance.Read(connection, tables.filter, employees, progress))
+        return std::nullopt;
     const QString titles = u"|Tanggal    |TimeIN |TimeOUT|Status |Keterangan                        |"_s;
     const QString rule = RuleLine(titles.size());
-    const std::vector<AbsentDay> days = DaysOf(criteria);
-    const std::vector<AttendanceRow> none;
-    PrintedReport report;
-    report.lines << title << ReportPeriod(criteria.date1, criteria.date2);
-    for (const ReportEmployee& employee : data.employees) {
-        if (!progress(report.employees++, std::ssize(data.employees)))
+    const DayRange range = tables.filter.days.value();
+    const std::vector<TableDay> days = DaysOf(range);
+    sink(tables.title);
+    sink(ReportPeriod(range.first, range.last));
+    for (size_t i = 0; i < employees.size(); ++i) {
+        if (!progress(static_cast<qsizetype>(i), std::ssize(employees)))
             return std::nullopt;
-        report.lines << QString() << heading(employee) << QString() << rule << titles << rule;
-        const auto rows = data.attendance.constFind(employee.nip);
-        WriteDays(report.lines, days, rows == data.attendance.cend() ? none : *rows);
-        report.lines << rule;
+        for (const QString& line : QStringList{QString()} + tables.heading(employees[i])
+                                       + QStringList{QString(), rule, titles, rule})
+            sink(line);
+        WriteDays(days, attendance, i, sink);
+        sink(rule);
     }
-    return report;
+    return std::ssize(employees);
 }

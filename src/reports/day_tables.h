@@ -1,22 +1,17 @@
 #pragma once
 
-#include "core/progress.h"
-#include "reports/printed_report.h"
-#include "reports/report_data.h"
+#include "reports/attendance_rows.h"
+#include "reports/report_list.h"
 
-#include <functional>
-
-/// How wide "Keterangan" is in them.
-inline constexpr int DayTableRemarkWidth = 34;
-
-/// What is read before the day tables of a report are written.
-struct DayTableData {
-    std::vector<ReportEmployee> employees;
-    AttendanceByNip attendance;
+/// What sets a report of day tables apart.
+struct DayTables {
+    QString title;
+    CardFilter filter;
+    /// What is said of an employee above the table.
+    std::function<QStringList(const ListedEmployee&)> heading;
 };
 
-/// One employee after the other: what `heading` says of them, then a table of every day from date1 to date2.
-/// Nothing when `progress` asks to stop.
-MaybePrinted PrintDayTables(const QString& title, const ReportCriteria& criteria, const DayTableData& data,
-                            const std::function<QStringList(const ReportEmployee&)>& heading,
-                            const Progress& progress);
+/// One employee after the other: the heading, then a table of every day of the period. Throws as
+/// Report::print does.
+ListedCount PrintDayTables(Connection& connection, const DayTables& tables, const LineSink& sink,
+                           const Progress& progress);

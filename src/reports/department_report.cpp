@@ -5,22 +5,11 @@
 
 using namespace Qt::StringLiterals;
 
-MaybePrinted PrintDepartmentReport(Connection& connection, const ReportCriteria& criteria,
-                                   const Progress& progress) {
-    DayTableData data;
-    data.employees = ReadEmployeesOf(connection, criteria);
-    auto attendance = ReadAttendance(connection,
-                                     u"SELECT a.NIP, b.Tanggal, b.TimeIN, b.TimeOUT, a.Status, a.Keterangan "
-                                     "FROM TimeCardHeader a INNER JOIN TimeCardDetail b ON a.TCID=b.TCID "
-                                     "INNER JOIN Employee c ON a.NIP=c.NIP "_s
-                                         + InPeriod(criteria) + OfChosenEmployees(criteria),
-                                     DayTableRemarkWidth, progress);
-    if (!attendance)
-        return std::nullopt;
-    data.attendance = std::move(*attendance);
-    const auto heading = [](const ReportEmployee& employee) {
+ListedCount PrintDepartmentReport(Connection& connection, const ReportCriteria& criteria,
+                                  const LineSink& sink, const Progress& progress) {
+    const auto heading = [](const ListedEmployee& employee) {
         return QStringList{u"NIP   : "_s + OneLine(employee.nip), u"Nama  : "_s + OneLine(employee.nama),
                            u"Dept  : "_s + OneLine(employee.dept), u"Divisi: "_s + OneLine(employee.divisi)};
     };
-    return PrintDayTables(u"ABSENSI KARYAWAN "_s, criteria, data, heading, progress);
+    return PrintDayTables(connection, {u"ABSENSI KARYAWAN "_s, criteria.Filter(), heading}, sink, progress);
 }

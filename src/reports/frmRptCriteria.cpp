@@ -2,9 +2,9 @@
 
 #include "reports/report_file.h"
 #include "ui/code_combo.h"
+#include "ui/date_box.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
-#include "ui/typing.h"
 #include "ui/work_progress.h"
 #include "ui_frmRptCriteria.h"
 
@@ -45,8 +45,9 @@ frmRptCriteria::frmRptCriteria(Program& program, const QString& reportName,
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmRptCriteria::cmdCancel_Click);
     connect(ui_->cmdLov, &QToolButton::clicked, this, &frmRptCriteria::cmdLov_Click);
     connect(ui_->txtEmpl, &QLineEdit::editingFinished, this, &frmRptCriteria::txtEmpl_LostFocus);
-    for (const QDateEdit* date : {ui_->txtDate1, ui_->txtDate2})
-        connect(date, &QDateEdit::dateChanged, this, &frmRptCriteria::txtDate_Change);
+    SetUpDateBoxes(*this, program_);
+    for (const DateBox* date : {ui_->txtDate1, ui_->txtDate2})
+        connect(date, &DateBox::Changed, this, &frmRptCriteria::txtDate_Change);
     Form_Load();
 }
 
@@ -54,8 +55,8 @@ frmRptCriteria::~frmRptCriteria() = default;
 
 void frmRptCriteria::Form_Load() {
     const Day today = program_.clock.Today();
-    ui_->txtDate1->setDate(ToQDate(FirstDay(today, report_ && report_->takesPeriod)));
-    ui_->txtDate2->setDate(ToQDate(today));
+    ui_->txtDate1->SetValue(FirstDay(today, report_ && report_->takesPeriod));
+    ui_->txtDate2->SetValue(today);
     ui_->txtEmpl->setText(All);
     Trapped(program_, Routine(u"Form_Load"), [this] { FillLists(); });
     EnableCriteria();
@@ -92,7 +93,7 @@ void frmRptCriteria::EnableCriteria() {
 }
 
 void frmRptCriteria::txtDate_Change() {
-    const bool reversed = ui_->txtDate2->isEnabled() && ui_->txtDate2->date() < ui_->txtDate1->date();
+    const bool reversed = ui_->txtDate2->isEnabled() && ui_->txtDate2->Value() < ui_->txtDate1->Value();
     ui_->lblDateHint->setText(reversed ? ReversedHint : QString());
 }
 
@@ -121,8 +122,8 @@ void frmRptCriteria::LOV_AfterListClose(const QVariantMap& values) {
 }
 
 ReportCriteria frmRptCriteria::Criteria() const {
-    return {.date1 = FromQDate(ui_->txtDate1->date()),
-            .date2 = FromQDate(ui_->txtDate2->date()),
+    return {.date1 = DayOf(ui_->txtDate1->Value()),
+            .date2 = DayOf(ui_->txtDate2->Value()),
             .employee = ui_->txtEmpl->text(),
             .department = ChoiceOf(*ui_->txtDept),
             .division = ChoiceOf(*ui_->txtDivisi),
@@ -133,28 +134,30 @@ void frmRptCriteria::cmdOK_Click() {
     if (!report_)
         return;
     ui_->lblDone->clear();
-    // A mnemonic leaves the focus where it is: what is typed has not been read yet.
-    ReadTypedBoxes(*this);
+    if (!ReadTypedBoxes(*this))
+        return;
     txtEmpl_LostFocus();
     Trapped(program_, Routine(report_->routine), [this] { PrintReport(); });
 }
 
 void frmRptCriteria::PrintReport() {
-    MaybePrinted printed;
+    ListedCount listed;
     {
         WorkProgress progress(this, report_->title.toString());
-        printed = report_->print(program_.Db(), Criteria(), std::ref(progress));
-        if (printed)
-            WriteReportFile(program_.folder, printed->lines);
+        ReportFile file(program_.folder);
+        listed = report_->print(
+            program_.Db(), Criteria(), [&file](const QString& line) { file.Write(line); },
+            std::ref(progress));
+        if (listed)
+            file.Commit();
     }
-    if (!printed) {
+    if (!listed) {
         ui_->lblDone->setText(u"Dibatalkan. Laporan sebelumnya tetap ada."_s);
         return;
     }
     program_.showReport(ReportFilePath(program_.folder));
-    ui_->lblDone->setText(printed->employees > 0
-                              ? u"Laporan dengan %L1 karyawan sudah dibuat."_s.arg(printed->employees)
-                              : u"Tidak ada data untuk kriteria ini."_s);
+    ui_->lblDone->setText(*listed > 0 ? u"Laporan dengan %L1 karyawan sudah dibuat."_s.arg(*listed)
+                                      : u"Tidak ada data untuk kriteria ini."_s);
 }
 
 void frmRptCriteria::cmdCancel_Click() {

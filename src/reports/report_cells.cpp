@@ -1,5 +1,7 @@
 #include "reports/report_cells.h"
 
+#include "core/status_codes.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -7,19 +9,7 @@ namespace {
 constexpr int NumberWidth = 4;
 constexpr int NipWidth = 8;
 constexpr int NamaWidth = 20;
-constexpr int EmployeeCellsWidth = 36; ///< with all their "|"
 constexpr int StatusWidth = 7;
-constexpr int AttendanceWidth = 25; ///< all cells but the remark, with every "|"
-
-void AppendTimeCell(QString& line, const std::optional<WallTime>& time) {
-    if (!time) {
-        line.append(u"       |"_s);
-        return;
-    }
-    line.append(u' ');
-    AppendShownMinute(line, *time);
-    line.append(u" |"_s);
-}
 
 } // namespace
 
@@ -28,32 +18,39 @@ void AppendCell(QString& line, const QString& text, int width) {
     line.append(u'|');
 }
 
-QString EmployeeCells(qsizetype number, const QString& nip, const QString& nama) {
-    QString line(u'|');
-    line.reserve(EmployeeCellsWidth);
-    line.append(QString::number(number).leftJustified(NumberWidth)).append(u'|');
+void AppendEmployeeCells(QString& line, qsizetype number, const QString& nip, const QString& nama) {
+    line.append(u'|').append(QString::number(number).leftJustified(NumberWidth)).append(u'|');
     AppendCell(line, nip, NipWidth);
     AppendCell(line, nama, NamaWidth);
-    return line;
 }
 
 QString DayCell(Day day) {
     return u'|' + ShownDay(day) + u'|';
 }
 
-void AppendAttendance(QString& line, const std::optional<WallTime>& timeIn,
-                      const std::optional<WallTime>& timeOut, const QString& status, const QString& remark,
-                      int remarkWidth) {
-    line.reserve(line.size() + AttendanceWidth + remarkWidth);
-    AppendTimeCell(line, timeIn);
-    AppendTimeCell(line, timeOut);
+void AppendTimeCell(QString& line, int minuteOfDay) {
+    if (minuteOfDay < 0) {
+        line.append(u"       |"_s);
+        return;
+    }
+    const auto digit = [](int value) { return static_cast<char16_t>(u'0' + value % 10); };
+    const int hour = minuteOfDay / 60;
+    const int minute = minuteOfDay % 60;
+    const char16_t cell[] = {
+        u' ', digit(hour / 10), digit(hour), u':', digit(minute / 10), digit(minute), u' ', u'|'};
+    line.append(QStringView(cell, std::ssize(cell)));
+}
+
+void AppendStatusAndRemark(QString& line, const QString& status, const QString& remark, int remarkWidth) {
     AppendCell(line, status, StatusWidth);
     AppendCell(line, remark, remarkWidth);
 }
 
 QString AbsentCells(int remarkWidth) {
     QString cells;
-    AppendAttendance(cells, {}, {}, AbsentCode.toString(), {}, remarkWidth);
+    AppendTimeCell(cells, -1);
+    AppendTimeCell(cells, -1);
+    AppendStatusAndRemark(cells, CardStatus::Absent.toString(), {}, remarkWidth);
     return cells;
 }
 

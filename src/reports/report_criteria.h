@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cards/card_lines.h"
 #include "core/code_lists.h"
 
 #include <QString>
@@ -10,6 +11,8 @@ struct ReportChoice {
     QString shown = AllChoice.toString();
 
     bool Filters() const { return code != AllChoice; }
+    /// The code to filter by; nothing for all.
+    std::optional<QString> Code() const { return Filters() ? std::optional(code) : std::nullopt; }
 };
 
 /// What was asked for. Every report takes those criteria that concern it and passes over the others.
@@ -20,4 +23,7 @@ struct ReportCriteria {
     ReportChoice department = {};
     ReportChoice division = {};
     QString sort = {}; ///< columns of Employee, ready for ORDER BY
+
+    /// The cards of the period and of the chosen department and division.
+    CardFilter Filter() const { return {DayRange{date1, date2}, {}, department.Code(), division.Code()}; }
 };

@@ -1,8 +1,8 @@
 #include "reports/summary_report.h"
 
-#include "core/text_table.h"
+#include "cards/listed_employees.h"
+#include "core/status_codes.h"
 #include "reports/report_cells.h"
-#include "reports/report_data.h"
 
 #include <algorithm>
 #include <numeric>
@@ -30,21 +30,16 @@ std::vector<Status> ReadStatuses(Connection& connection) {
     return statuses;
 }
 
-/// Adds what the engine counts in a period; what is none of the statuses is left out.
-void AddCounts(CountsByNip& all, Connection& connection, const ReportCriteria& period,
+/// Adds what the engine counts; what is none of the statuses is left out.
+void AddCounts(CountsByNip& all, Connection& connection, const CardFilter& filter,
                const QHash<QString, size_t>& columns) {
-    Cursor rows = connection.Query(u"SELECT a.NIP, a.Status, Count(*) FROM TimeCardHeader a "
-                                   "INNER JOIN Employee c ON a.NIP=c.NIP "
-                                   "INNER JOIN TimeCardDetail b ON a.TCID=b.TCID "_s
-                                   + InPeriod(period) + OfChosenEmployees(period)
-                                   + u" AND a.Status IS NOT NULL GROUP BY a.NIP, a.Status"_s);
-    while (rows.Next()) {
-        const auto column = columns.constFind(rows.Text(1));
+    for (const StatusCount& counted : CountStatuses(connection, filter)) {
+        const auto column = columns.constFind(counted.status);
         if (column == columns.cend())
             continue;
-        Counts& counts = all[rows.Text(0)];
+        Counts& counts = all[counted.nip];
         counts.resize(static_cast<size_t>(columns.size()));
-        counts[*column] += static_cast<qint64>(rows.Value(2).Number());
+        counts[*column] += counted.lines;
     }
 }
 
@@ -57,11 +52,11 @@ std::optional<CountsByNip> ReadCounts(Connection& connection, const ReportCriter
     for (size_t column = 0; column < statuses.size(); ++column)
         columns.insert(statuses[column].code, column);
     CountsByNip all;
-    ReportCriteria month = criteria;
-    for (; month.date1 <= criteria.date2; month.date1 += Month) {
-        if (!progress((month.date1 - criteria.date1).count(), (criteria.date2 - criteria.date1).count() + 1))
+    CardFilter month = criteria.Filter();
+    for (Day first = criteria.date1; first <= criteria.date2; first += Month) {
+        if (!progress((first - criteria.date1).count(), (criteria.date2 - criteria.date1).count() + 1))
             return std::nullopt;
-        month.date2 = std::min(criteria.date2, month.date1 + Month - std::chrono::days{1});
+        month.days = {first, std::min(criteria.date2, first + Month - std::chrono::days{1})};
         AddCounts(all, connection, month, columns);
     }
     return all;
@@ -70,7 +65,7 @@ std::optional<CountsByNip> ReadCounts(Connection& connection, const ReportCriter
 /// The days on which nothing else was counted are those of absence. With two cards on one day there can be
 /// fewer than none.
 void FillAbsences(Counts& counts, const std::vector<Status>& statuses, qint64 days) {
-    const auto absent = std::ranges::find(statuses, AbsentCode, &Status::code);
+    const auto absent = std::ranges::find(statuses, CardStatus::Absent, &Status::code);
     if (absent == statuses.end())
         return;
     qint64& count = counts[static_cast<size_t>(absent - statuses.begin())];
@@ -94,13 +89,6 @@ QString TitleLine(const std::vector<Status>& statuses) {
     return line;
 }
 
-QString EmployeeLine(qsizetype number, const ReportEmployee& employee, const Counts& counts) {
-    QString line = EmployeeCells(number, employee.nip, employee.nama);
-    for (const qint64 count : counts)
-        AppendCell(line, QString::number(count), CountWidth);
-    return line;
-}
-
 QStringList Legend(const std::vector<Status>& statuses) {
     QStringList lines{QString(), u"CATATAN:"_s};
     for (const Status& status : statuses)
@@ -110,23 +98,31 @@ QStringList Legend(const std::vector<Status>& statuses) {
 
 } // namespace
 
-MaybePrinted PrintSummaryReport(Connection& connection, const ReportCriteria& criteria,
-                                const Progress& progress) {
-    const std::vector<ReportEmployee> employees = ReadEmployeesOf(connection, criteria);
+ListedCount PrintSummaryReport(Connection& connection, const ReportCriteria& criteria, const LineSink& sink,
+                               const Progress& progress) {
+    const auto employees = ReadListedEmployees(connection, criteria.Filter(), {});
     const std::vector<Status> statuses = ReadStatuses(connection);
     const auto counted = ReadCounts(connection, criteria, statuses, progress);
     if (!counted)
         return std::nullopt;
     const qint64 days = (criteria.date2 - criteria.date1).count() + 1;
+    const QString titles = TitleLine(statuses);
     const QString rule = RuleLine(36 + 7 * std::ssize(statuses));
-    PrintedReport report{Heading(criteria) << rule << TitleLine(statuses) << rule};
-    for (const ReportEmployee& employee : employees) {
-        if (!progress(report.employees, std::ssize(employees)))
+    for (const QString& line : Heading(criteria) + QStringList{rule, titles, rule})
+        sink(line);
+    QString line;
+    for (size_t i = 0; i < employees.size(); ++i) {
+        if (!progress(static_cast<qsizetype>(i), std::ssize(employees)))
             return std::nullopt;
-        Counts counts = counted->value(employee.nip, Counts(statuses.size()));
+        Counts counts = counted->value(employees[i].nip, Counts(statuses.size()));
         FillAbsences(counts, statuses, days);
-        report.lines << EmployeeLine(++report.employees, employee, counts);
+        line.truncate(0);
+        AppendEmployeeCells(line, static_cast<qsizetype>(i) + 1, employees[i].nip, employees[i].nama);
+        for (const qint64 count : counts)
+            AppendCell(line, QString::number(count), CountWidth);
+        sink(line);
     }
-    report.lines << rule << Legend(statuses);
-    return report;
+    for (const QString& last : QStringList{rule} + Legend(statuses))
+        sink(last);
+    return std::ssize(employees);
 }

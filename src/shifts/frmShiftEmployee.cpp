@@ -92,8 +92,11 @@ void frmShiftEmployee::MakeEditor() {
     editing.pickListColumns.resize(RosterModel::DayColumns);
     std::iota(editing.pickListColumns.begin(), editing.pickListColumns.end(), int{RosterModel::FirstDay});
     editing.mayEdit = [this](const QModelIndex&) { return roster_.Month().has_value(); };
-    editing.openPickList = [this](QLineEdit& anchor) { cmdLov_Click(anchor); };
-    editing.saveCell = [this](const QModelIndex& cell) { return SaveCell(cell); };
+    editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
+    editing.saveCell = [this](const QModelIndex& cell, const QString& code) {
+        roster_.setData(cell, code);
+        return SaveCell(cell);
+    };
     editing.gridEnterKey = [this](const QModelIndex&) { editor_->OpenOnCurrentCell(); };
     editing.gridDoubleClick = editing.gridEnterKey;
     editing.gridDeleteKey = [this](const QModelIndex& cell) { GridDeleteKey(cell); };
@@ -134,10 +137,11 @@ void frmShiftEmployee::cmdRefresh_Click() {
     LoadRoster();
 }
 
-void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor) {
-    OpenPickList(program_, anchor, PickListQuery::Shifts, [this](const QVariantMap& values) {
-        editor_->TakePicked(values.value(u"Code"_s).toString());
-    });
+void frmShiftEmployee::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
+    OpenPickList(
+        program_, anchor, PickListQuery::Shifts,
+        [this](const QVariantMap& values) { editor_->TakePicked(values.value(u"Code"_s).toString()); },
+        reason);
 }
 
 bool frmShiftEmployee::SaveCell(const QModelIndex& cell) {

@@ -36,7 +36,7 @@ private:
     /// False when the month shown is still the one before.
     bool LoadRoster();
     void cmdRefresh_Click();
-    void cmdLov_Click(QLineEdit& anchor);
+    void cmdLov_Click(QLineEdit& anchor, const QString& reason);
     /// False when the cell was not written.
     bool SaveCell(const QModelIndex& cell);
     void GridDeleteKey(const QModelIndex& cell);

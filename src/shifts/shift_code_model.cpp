@@ -1,5 +1,7 @@
 #include "shifts/shift_code_model.h"
 
+#include "cards/card_store.h"
+#include "core/cell_look.h"
 #include "core/query_values.h"
 #include "database/database_error.h"
 #include "database/statement.h"
@@ -240,9 +242,6 @@ ShiftCodeUse UseOfShiftCode(Connection& connection, const QString& code) {
     modGeneral::QueryValues(
         connection, u"select count(1) from ShiftEmployee where ShiftCode="_s + Quoted(code), use.rosterDays);
     // The computation writes codes in upper case, however the table spells them.
-    modGeneral::QueryValues(connection,
-                            u"select count(1) from TimeCardDetail where ShiftCode in (%1,%2)"_s.arg(
-                                Quoted(code), Quoted(code.toUpper())),
-                            use.cards);
+    use.cards = CardStore(connection).CountDaysOfShift({code, code.toUpper()});
     return use;
 }

@@ -1,66 +1,39 @@
 #include "timecard/clock_recording.h"
 
-#include "core/query_values.h"
+#include "cards/card_store.h"
+#include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "database/recordset.h"
 #include "database/statement.h"
-#include "timecard/sheet_identifier.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool HasHeader(Connection& connection, const QString& card) {
-    Cursor rows = connection.Query(u"select * from TimeCardHeader where TCID="_s + Quoted(card));
-    return rows.Next();
-}
-
-/// A day row whose time is null or the empty time has no arrival.
-bool HasArrival(Connection& connection, const QString& card) {
-    const QString timeIn = b_stored_procedure::GetFirstValue(
-        connection, u"select TimeIn from TimeCardDetail where TCID="_s + Quoted(card));
-    return !timeIn.isEmpty() && ReadStored(timeIn) != EmptyTime;
-}
-
-std::optional<Refusal> RecordingCheck(Connection& connection, const ClockEntry& entry, const QString& card) {
-    if (!entry.IsClockIn())
-        return HasHeader(connection, card) ? std::nullopt : std::optional(Refusal::NotClockedIn);
+std::optional<Refusal> RecordArrival(TimeCard& card, const ClockEntry& entry, const QString& tcid,
+                                     const QString& nip) {
     // An arrival counts even where the card's header is missing: it must not be overwritten.
-    return HasArrival(connection, card) ? std::optional(Refusal::AlreadyClockedIn) : std::nullopt;
+    if (!card.days.empty() && TimeIfSet(card.days.front().timeIn))
+        return Refusal::AlreadyClockedIn;
+    CardHeader& header = card.HeaderOf(tcid, nip);
+    header.nip = nip;
+    header.status = CardStatus::In.toString();
+    CardDay& day = card.FirstDay(entry.sheetDate);
+    day.tanggal = entry.sheetDate;
+    day.timeIn = entry.Moment();
+    day.beriUangMakan = true;
+    return std::nullopt;
 }
 
-void RecordArrival(Connection& connection, const ClockEntry& entry, const QString& nip, const QString& card) {
-    Recordset header(connection, u"select * from TimeCardHeader where tcid="_s + Quoted(card));
-    if (header.AtEnd())
-        header.AddNew();
-    header.Set(u"TCID"_s, card);
-    header.Set(u"NIP"_s, nip);
-    header.Set(u"Status"_s, u"IN"_s);
-    header.Update();
-
-    Recordset detail(connection, u"select * from TimeCardDetail where tcid="_s + Quoted(card));
-    if (detail.AtEnd())
-        detail.AddNew();
-    detail.Set(u"TCID"_s, card);
-    detail.Set(u"Tanggal"_s, entry.sheetDate);
-    detail.Set(u"TimeIN"_s, entry.Moment());
-    detail.Set(u"BeriUangMakan"_s, true);
-    detail.Update();
-}
-
-void RecordDeparture(Connection& connection, const ClockEntry& entry, const QString& card) {
-    const int dayRows =
-        connection.Execute(u"update TimeCardDetail set TimeOUT="_s + Quoted(StoredTime(entry.Moment()))
-                           + u" where TCID="_s + Quoted(card));
-    if (dayRows == 0) {
-        // Somebody removed the card's day after the arrival: the departure must not get lost with it.
-        Recordset detail(connection, u"select * from TimeCardDetail where tcid="_s + Quoted(card));
-        detail.AddNew();
-        detail.Set(u"TCID"_s, card);
-        detail.Set(u"Tanggal"_s, entry.sheetDate);
-        detail.Set(u"TimeOUT"_s, entry.Moment());
-        detail.Update();
-    }
-    connection.Execute(u"update TimeCardHeader set Status='OUT' where TCID="_s + Quoted(card));
+std::optional<Refusal> RecordDeparture(TimeCard& card, const ClockEntry& entry) {
+    if (!card.header)
+        return Refusal::NotClockedIn;
+    card.header->status = CardStatus::Out.toString();
+    // Where the card's day was removed after the arrival, the departure must not get lost with it.
+    card.FirstDay(entry.sheetDate);
+    for (CardDay& day : card.days)
+        day.timeOut = entry.Moment();
+    return std::nullopt;
 }
 
 } // namespace
@@ -87,14 +60,10 @@ bool PasswordMatches(const QString& typed, const QString& stored) {
 }
 
 std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip) {
-    const QString card = CardIdentifier(entry.sheet, nip);
-    Transaction transaction(connection);
-    if (const std::optional<Refusal> refusal = RecordingCheck(connection, entry, card))
-        return refusal;
-    if (entry.IsClockIn())
-        RecordArrival(connection, entry, nip, card);
-    else
-        RecordDeparture(connection, entry, card);
-    transaction.Commit();
-    return std::nullopt;
+    const QString tcid = CardIdentifier(entry.sheet, nip);
+    std::optional<Refusal> refusal;
+    CardStore(connection).Change(tcid, [&](TimeCard& card) {
+        refusal = entry.IsClockIn() ? RecordArrival(card, entry, tcid, nip) : RecordDeparture(card, entry);
+    });
+    return refusal;
 }

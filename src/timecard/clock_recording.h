@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/status_codes.h"
 #include "database/connection.h"
 
 #include <QString>
@@ -14,7 +15,7 @@ struct ClockEntry {
     /// The moment at which the entry window was opened.
     WallTime openedAt;
 
-    bool IsClockIn() const { return mode == QStringView(u"IN"); }
+    bool IsClockIn() const { return mode == ClockMode::In; }
     /// What will stand on the card: at clock-in the sheet's day with the present time of day.
     WallTime Moment() const { return IsClockIn() ? TimeOnDay(sheetDate, TimeOfDay(openedAt)) : openedAt; }
 };

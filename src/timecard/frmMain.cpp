@@ -1,9 +1,9 @@
 #include "timecard/frmMain.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
 #include "core/supervisor_check.h"
 #include "timecard/frmAED_Absen.h"
-#include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
 #include "ui/window_place.h"

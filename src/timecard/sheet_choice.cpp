@@ -1,6 +1,6 @@
 #include "timecard/sheet_choice.h"
 
-#include "timecard/sheet_identifier.h"
+#include "cards/sheet_identifier.h"
 
 namespace {
 constexpr int LastDayOfAnyMonth = 31;

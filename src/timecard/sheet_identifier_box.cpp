@@ -1,7 +1,7 @@
 #include "timecard/sheet_identifier_box.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/supervisor_check.h"
-#include "timecard/sheet_identifier.h"
 #include "ui/day_tabs.h"
 #include "ui/theme.h"
 #include "ui/typing.h"

@@ -11,15 +11,15 @@ namespace {
 void WriteStatus(Connection& connection, const QString& sheet, SheetStatus status) {
     if (sheet.isEmpty())
         return;
-    Transaction transaction(connection);
-    Recordset master(connection, u"select * from timecardmaster where tcid="_s + Quoted(sheet));
-    if (master.AtEnd()) {
-        master.AddNew();
-        master.Set(u"TCID"_s, sheet);
-    }
-    master.Set(u"Status"_s, static_cast<int>(status));
-    master.Update();
-    transaction.Commit();
+    connection.InTransaction([&] {
+        Recordset master(connection, u"select * from timecardmaster where tcid="_s + Quoted(sheet));
+        if (master.AtEnd()) {
+            master.AddNew();
+            master.Set(u"TCID"_s, sheet);
+        }
+        master.Set(u"Status"_s, static_cast<int>(status));
+        master.Update();
+    });
 }
 
 } // namespace
@@ -36,13 +36,4 @@ void CloseSheet(Connection& connection, const QString& sheet) {
 
 void ReopenSheet(Connection& connection, const QString& sheet) {
     WriteStatus(connection, sheet, SheetStatus::Open);
-}
-
-Day SheetDate(Connection& connection, const QString& sheet, Day today) {
-    const QString prefix = sheet.contains(u'-') ? u"Left(TCID,11)="_s : u"Left(TCID,9)="_s;
-    WallTime date = today;
-    // Cards are named in upper case, whatever extension was typed.
-    modGeneral::QueryValues(
-        connection, u"select Tanggal from TimeCardDetail where "_s + prefix + Quoted(sheet.toUpper()), date);
-    return DayOf(date);
 }

@@ -14,7 +14,3 @@ bool IsSheetClosed(Connection& connection, const QString& sheet);
 /// Writes the sheet's row, adding it when there is none. An empty identifier does nothing.
 void CloseSheet(Connection& connection, const QString& sheet);
 void ReopenSheet(Connection& connection, const QString& sheet);
-
-/// The day of the sheet's cards; `today` when it has none. A sheet without an extension also finds the cards
-/// of that day's extended sheets.
-Day SheetDate(Connection& connection, const QString& sheet, Day today);

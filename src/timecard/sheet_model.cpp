@@ -1,7 +1,7 @@
 #include "timecard/sheet_model.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
-#include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 
 #include <algorithm>

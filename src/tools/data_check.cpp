@@ -1,9 +1,8 @@
 #include "tools/data_check.h"
 
-#include "database/connection_text.h"
+#include "cards/sheet_identifier.h"
+#include "database/database_file.h"
 #include "database/schema.h"
-#include "database/sqlite_engine.h"
-#include "timecard/sheet_identifier.h"
 
 #include <QFileInfo>
 #include <QMetaType>
@@ -324,22 +323,16 @@ QString Finding::Line() const {
 }
 
 std::unique_ptr<Connection> OpenUnchanged(const QString& path) {
-    auto connection = std::make_unique<Connection>(std::make_unique<SqliteEngine>(),
-                                                   ConnectionText(QFileInfo(path).absoluteFilePath()));
-    const int newest = SchemaSteps().back().version;
-    Cursor rows = connection->QueryNative(u"PRAGMA user_version"_s);
-    const int version = rows.Next() ? static_cast<int>(rows.Value(0).Number()) : 0;
-    if (version >= newest) {
-        PrepareSchema(*connection);
-        return connection;
-    }
-    // With a step that does nothing, only whether it is a database of this program is asked.
-    const SchemaStep noChange{version, {}};
-    PrepareSchema(*connection, std::span(&noChange, 1));
-    throw DatabaseError({OlderVersionNumber, u"Time Attendance"_s,
-                         u"the database is of the older version %1; start the program on it once, which "
-                         "converts it to version %2"_s.arg(version)
-                             .arg(newest)});
+    std::unique_ptr<Connection> connection = ConnectToFile(path);
+    const int version = SchemaVersion(*connection);
+    const int newest = NewestSchemaVersion(*connection);
+    if (version < newest)
+        throw DatabaseError(ErrorKind::Told, OlderVersionNumber,
+                            u"the database is of the older version %1; start the program on it once, which "
+                            "converts it to version %2"_s.arg(version)
+                                .arg(newest));
+    PrepareSchema(*connection);
+    return connection;
 }
 
 void CheckData(Connection& connection, const std::function<void(const Finding&)>& report,

@@ -1,7 +1,7 @@
 #include "tools/demo_attendance.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
-#include "timecard/sheet_identifier.h"
 #include "tools/demo_random.h"
 
 #include <array>

@@ -1,7 +1,8 @@
 #include "tools/demo_company.h"
 
+#include "cards/card_store.h"
+#include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
-#include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 #include "tools/demo_attendance.h"
 #include "tools/demo_photos.h"
@@ -127,8 +128,8 @@ struct Period {
 };
 
 Period AttendanceOf(const DemoOptions& options) {
-    const Day behind = options.until + days{1};
-    year_month_day first = year_month_day{behind} - std::chrono::months{options.months};
+    const Day after = options.until + days{1};
+    year_month_day first = year_month_day{after} - std::chrono::months{options.months};
     if (!first.ok())
         first = first.year() / first.month() / std::chrono::last;
     return {Day{first}, options.until};
@@ -169,42 +170,31 @@ void WriteRoster(Connection& connection, const std::vector<DemoEmployee>& staff,
     writer.Flush();
 }
 
-QVariant Stored(const std::optional<WallTime>& time) {
-    return time ? QVariant(StoredTime(*time)) : QVariant();
-}
-
-QVariant StoredText(const QString& text) {
-    return text.isEmpty() ? QVariant() : QVariant(text);
-}
-
 /// Writes time cards and, day by day, which sheets there are.
 class AttendanceWriter {
 public:
     explicit AttendanceWriter(Connection& connection)
-        : headers_(connection,
-                   u"INSERT INTO TimeCardHeader (TCID, NIP, Status, Keterangan) VALUES (?,?,?,?)"_s),
-          details_(connection,
-                   u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN, TimeOUT, TimeINOT, TimeOutOT, "
-                   "ShiftCode, BeriUangMakan) VALUES (?,?,?,?,?,?,?,?)"_s),
+        : store_(connection),
           sheets_(connection, u"INSERT INTO timecardmaster (TCID, Status) VALUES (?,?)"_s) {}
 
     void AddDay(const std::vector<DemoEmployee>& staff, Day day, SheetStatus status) {
         QStringList sheetsOfDay;
         for (const DemoEmployee& employee : staff) {
             for (const DemoCard& card : CardsOf(employee, day)) {
-                Add(card);
+                cards_.push_back(AsTimeCard(card));
                 if (!sheetsOfDay.contains(card.sheet))
                     sheetsOfDay << card.sheet;
             }
         }
+        if (std::ssize(cards_) >= BatchSize)
+            WriteCards();
         for (const QString& sheet : sheetsOfDay)
             sheets_.Add({sheet, static_cast<int>(status)});
         sheetCount_ += sheetsOfDay.size();
     }
 
     void Flush() {
-        headers_.Flush();
-        details_.Flush();
+        WriteCards();
         sheets_.Flush();
     }
 
@@ -212,17 +202,22 @@ public:
     qint64 SheetCount() const { return sheetCount_; }
 
 private:
-    void Add(const DemoCard& card) {
-        const QString tcid = CardIdentifier(card.sheet, card.nip);
-        headers_.Add({tcid, card.nip, card.status, StoredText(card.keterangan)});
-        details_.Add({tcid, StoredDay(card.day), Stored(card.timeIn), Stored(card.timeOut),
-                      Stored(card.overtimeIn), Stored(card.overtimeOut), StoredText(card.shiftCode),
-                      card.timeIn ? QVariant(1) : QVariant()});
-        ++cardCount_;
+    static TimeCard AsTimeCard(const DemoCard& card) {
+        const auto orNull = [](const QString& text) { return text.isEmpty() ? QString() : text; };
+        return {
+            CardHeader{CardIdentifier(card.sheet, card.nip), card.nip, card.status, orNull(card.keterangan)},
+            {{card.day, card.timeIn, card.timeOut, card.overtimeIn, card.overtimeOut, orNull(card.shiftCode),
+              card.timeIn ? std::optional(true) : std::nullopt}}};
     }
 
-    RowWriter headers_;
-    RowWriter details_;
+    void WriteCards() {
+        store_.Insert(cards_);
+        cardCount_ += std::ssize(cards_);
+        cards_.clear();
+    }
+
+    CardStore store_;
+    std::vector<TimeCard> cards_;
     RowWriter sheets_;
     qint64 cardCount_ = 0;
     qint64 sheetCount_ = 0;
@@ -235,24 +230,23 @@ DemoSummary FillDemoCompany(Connection& connection, const DemoOptions& options,
     const std::vector<DemoEmployee> staff = MakeDemoStaff(options.employees);
     const Period attendance = AttendanceOf(options);
     const Period roster = RosterOf(options);
-    WorkDone work(options.employees * (roster.Length() + 2 * attendance.Length()), progress);
+    return connection.InTransaction([&]() -> DemoSummary {
+        WorkDone work(options.employees * (roster.Length() + 2 * attendance.Length()), progress);
+        WriteCodeTables(connection);
+        WriteUsers(connection, staff);
+        WriteStaff(connection, staff);
+        WriteRoster(connection, staff, roster, work);
 
-    Transaction transaction(connection);
-    WriteCodeTables(connection);
-    WriteUsers(connection, staff);
-    WriteStaff(connection, staff);
-    WriteRoster(connection, staff, roster, work);
-
-    // One sheet was opened again for a correction; the others are closed.
-    const Day reopened = attendance.last - weeks{1};
-    AttendanceWriter writer(connection);
-    for (Day day = attendance.first; day <= attendance.last; day += days{1}) {
-        writer.AddDay(staff, day, day == reopened ? SheetStatus::Open : SheetStatus::Closed);
-        work.Advance(qint64{2} * options.employees);
-    }
-    writer.Flush();
-    transaction.Commit();
-    return {attendance.first, writer.CardCount(), writer.SheetCount()};
+        // One sheet was opened again for a correction; the others are closed.
+        const Day reopened = attendance.last - weeks{1};
+        AttendanceWriter writer(connection);
+        for (Day day = attendance.first; day <= attendance.last; day += days{1}) {
+            writer.AddDay(staff, day, day == reopened ? SheetStatus::Open : SheetStatus::Closed);
+            work.Advance(qint64{2} * options.employees);
+        }
+        writer.Flush();
+        return {attendance.first, writer.CardCount(), writer.SheetCount()};
+    });
 }
 
 DemoSummary MakeDemoCompany(const QString& path, const DemoOptions& options, const DemoProgress& progress) {

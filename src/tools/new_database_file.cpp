@@ -1,6 +1,6 @@
 #include "tools/new_database_file.h"
 
-#include "database/schema.h"
+#include "database/database_file.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -8,23 +8,17 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int FileNumber = 90010;
-
-} // namespace
-
 void MakeDatabaseFile(const QString& path, const std::function<void(Connection&)>& fill) {
     const QFileInfo wanted(path);
     if (wanted.exists() || wanted.isSymLink())
-        throw ProgramError(FileNumber, u"%1 exists already"_s.arg(path));
+        RefuseExisting(path);
     const QTemporaryDir workshop(wanted.absolutePath() + u"/.tadata-XXXXXX"_s);
     if (!workshop.isValid())
-        throw ProgramError(FileNumber, u"%1 cannot be made: %2"_s.arg(path, workshop.errorString()));
+        RefuseUnmade(path, workshop.errorString());
 
     QFile file(workshop.filePath(u"DATA.mdb"_s));
     CreateDatabase(file.fileName());
     fill(*OpenDatabaseFile(file.fileName()));
     if (!file.rename(wanted.absoluteFilePath()))
-        throw ProgramError(FileNumber, u"%1 cannot be made: %2"_s.arg(path, file.errorString()));
+        RefuseUnmade(path, file.errorString());
 }

@@ -1,4 +1,6 @@
 #include "core/clock.h"
+#include "core/platform_files.h"
+#include "core/version.h"
 #include "database/database_error.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"
@@ -144,7 +146,9 @@ QString Help(const std::vector<Command>& commands) {
         "program.\n\nCommands:\n"_s;
     for (const Command& command : commands)
         help += u"  %1  %2\n"_s.arg(command.name, -8).arg(command.purpose);
-    return help + u"\n\"tadata COMMAND --help\" tells the options of a command.\n"_s;
+    return help
+           + u"\n\"tadata COMMAND --help\" tells the options of a command, \"tadata "
+             "--version\" the version.\n"_s;
 }
 
 int RunCommand(const Command& command, const QStringList& arguments) {
@@ -174,6 +178,10 @@ int Run(const QStringList& arguments) {
         Print(stdout, Help(commands));
         return Done;
     }
+    if (wanted == u"--version"_s || wanted == u"-v"_s) {
+        Print(stdout, u"tadata %1\n"_s.arg(ProgramVersion()));
+        return Done;
+    }
     for (const Command& command : commands) {
         if (command.name == wanted)
             return RunCommand(command, arguments);
@@ -184,6 +192,7 @@ int Run(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+    TellFileSizeLimitAsError();
     const QCoreApplication application(argc, argv);
     int status = Failed;
     try {

@@ -1,4 +1,5 @@
 #include "tools/demo_company.h"
+#include "tour/quiet_platform.h"
 #include "tour/tour.h"
 #include "ui/guarded_application.h"
 #include "ui/standard_texts.h"
@@ -28,6 +29,7 @@ void FillProgramFolder(const QDir& folder, const QDir& assets) {
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    QuietPlatform();
     GuardedApplication application(argc, argv);
     QStandardPaths::setTestModeEnabled(true);
     Theme::Apply(application);

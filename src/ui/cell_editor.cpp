@@ -1,5 +1,6 @@
 #include "ui/cell_editor.h"
 
+#include "database/database_error.h"
 #include "ui/data_grid.h"
 #include "ui/typing.h"
 
@@ -63,7 +64,7 @@ CellEditor::CellEditor(Program& program, DataGrid& grid, CellEditing editing)
         if (editing_.gridDoubleClick)
             Trapped(program_, u"DblClick"_s, [&] { editing_.gridDoubleClick(cell); });
     });
-    connect(cmdLov_, &QToolButton::clicked, this, &CellEditor::OpenPickList);
+    connect(cmdLov_, &QToolButton::clicked, this, [this] { OpenPickList(); });
     connect(grid.model(), &QAbstractItemModel::modelReset, this, &CellEditor::Forget);
     for (QScrollBar* bar : {grid.horizontalScrollBar(), grid.verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &CellEditor::Hide);
@@ -199,29 +200,43 @@ bool CellEditor::Text1_Validate() {
         return cell.isValid();
     std::optional<QString> listed;
     const QString code = text1_->text().trimmed();
-    if (!Trapped(program_, u"OnEnterText1"_s, [&] { listed = editing_.check(cell, code); }))
+    if (!Attempt([&] { listed = editing_.check(cell, code); }))
         return false;
     if (listed)
         text1_->setText(*listed);
     else
-        OpenPickList();
+        OpenPickList(u"Kode %1 tidak dikenal."_s.arg(code));
     return listed.has_value();
+}
+
+/// With what was typed still over the cell, the next Enter would overwrite what the conflict protected.
+bool CellEditor::Attempt(const std::function<void()>& action) {
+    return Trapped(program_, u"OnEnterText1"_s, [&] {
+        try {
+            action();
+        } catch (const ConflictError&) {
+            Hide();
+            throw;
+        }
+    });
 }
 
 void CellEditor::CommitCellEdit() {
     const QPersistentModelIndex cell = grid_.currentIndex();
     const QString text = text1_->text();
-    Hide();
     // A text that could not be saved can be entered again as it is.
-    if (!cell.isValid() || (text == TextOf(cell) && !grid_.IsMarkedUnsaved(cell)))
+    const bool changes = cell.isValid() && (text != TextOf(cell) || grid_.IsMarkedUnsaved(cell));
+    bool saved = false;
+    if (changes && editing_.saveCell && !Attempt([&] { saved = editing_.saveCell(cell, text); }))
         return;
-    grid_.model()->setData(cell, text, Qt::EditRole);
+    Hide();
+    if (!changes)
+        return;
     if (editing_.saveCell) {
-        bool saved = false;
-        Trapped(program_, u"OnEnterText1"_s, [&] { saved = editing_.saveCell(cell); });
         grid_.MarkUnsaved(cell, !saved);
         return;
     }
+    grid_.model()->setData(cell, text, Qt::EditRole);
     rowDirty_ = true;
     lastRow_ = cell.row();
 }
@@ -237,11 +252,17 @@ void CellEditor::TakePicked(const QString& code) {
         CommitCellEdit();
 }
 
-void CellEditor::OpenPickList() {
+void CellEditor::OfferPickList() {
+    const QString text = TextOf(grid_.currentIndex());
+    OpenPickList(text.isEmpty() ? u"Masih kosong: pilih kodenya."_s
+                                : u"Sekarang %1: pilih gantinya."_s.arg(text));
+}
+
+void CellEditor::OpenPickList(const QString& reason) {
     if (!editing_.openPickList || !HasPickList(grid_.currentIndex()) || !MayEdit(grid_.currentIndex()))
         return;
     PlaceOverCell(); // the list opens under the cell also while the editor is hidden
-    Trapped(program_, u"cmdLov_Click"_s, [this] { editing_.openPickList(*text1_); });
+    Trapped(program_, u"cmdLov_Click"_s, [&] { editing_.openPickList(*text1_, reason); });
 }
 
 void CellEditor::ShowPickButton() {

@@ -16,7 +16,8 @@ class QLineEdit;
 class QToolButton;
 
 /// What a window adds to the editor of its grid. Rows and columns are the grid model's, whose first columns
-/// are fixed. What these functions throw is logged and shown; what was typed then stays.
+/// are fixed. What these functions throw is logged and shown; what was typed then stays, but for a
+/// ConflictError: the editor makes way for what another desk stored.
 struct CellEditing {
     int fixedColumns = 1;
     /// The columns that show cmdLov when a cell of them is entered.
@@ -27,13 +28,14 @@ struct CellEditing {
     int checkedColumn = -1;
     /// The code as its table writes it; nothing when it is not listed, and the pick list opens.
     std::function<std::optional<QString>(const QModelIndex& cell, const QString& code)> check;
-    /// Opens the pick list under the anchor; its choice comes back through TakePicked.
-    std::function<void(QLineEdit& anchor)> openPickList;
+    /// Opens the pick list under the anchor; its choice comes back through TakePicked. The reason is that of
+    /// a list that opens by itself, empty where the user asked for it.
+    std::function<void(QLineEdit& anchor, const QString& reason)> openPickList;
     /// Saves a row; false when it was not saved.
     std::function<bool(int row)> saveRow;
-    /// Saves a cell as soon as its text was changed; false when it was not saved. Rows have nothing left to
-    /// save then.
-    std::function<bool(const QModelIndex&)> saveCell;
+    /// Takes a changed text into its cell and saves it at once; false when it was not saved. Rows have
+    /// nothing left to save then.
+    std::function<bool(const QModelIndex&, const QString& text)> saveCell;
     std::function<void(const QModelIndex&)> gridEnterKey;
     std::function<void(const QModelIndex&)> gridDeleteKey;
     std::function<void(const QModelIndex&)> gridDoubleClick;
@@ -53,7 +55,9 @@ public:
     /// Takes a code from the pick list as if it had been typed and entered.
     void TakePicked(const QString& code);
     void ShowPickButton();
-    void OpenPickList();
+    void OpenPickList(const QString& reason = {});
+    /// Opens it where Enter on the cell means that one is to be picked.
+    void OfferPickList();
 
     bool RowDirty() const { return rowDirty_; }
     /// Asks what becomes of rows that are not saved: they are saved, thrown away, or the answer is false and
@@ -74,6 +78,7 @@ private:
     bool GridKeyPress(const QString& typed);
     bool Text1_KeyDown(const QKeyEvent& event);
     bool Text1_Validate();
+    bool Attempt(const std::function<void()>& action);
     void CommitCellEdit();
     void Open(const QString& text);
     void Hide();

@@ -25,6 +25,7 @@ constexpr int WrongConnectionNumber = 3705;
 PickList::PickList(Program& program, QWidget* parent)
     : QFrame(parent, Qt::Popup), program_(program), rows_(new modGeneral::TextGrid(this)),
       filtered_(new QSortFilterProxyModel(this)), filter_(new QLineEdit(this)), grid_(new DataGrid(this)),
+      reason_(new QLabel(this)),
       hint_(new QLabel(u"Ketik untuk mencari · Enter memilih · Esc batal"_s, this)) {
     setObjectName(u"PickList"_s);
     setFrameShape(StyledPanel);
@@ -36,6 +37,9 @@ PickList::PickList(Program& program, QWidget* parent)
     grid_->setObjectName(u"grdList"_s);
     grid_->setFocusPolicy(Qt::NoFocus);
     grid_->SetEmptyText(u"Tidak ada data untuk kriteria ini."_s);
+    reason_->setObjectName(u"lblReason"_s);
+    reason_->setProperty("look", u"caps"_s);
+    reason_->setTextFormat(Qt::PlainText);
     hint_->setProperty("look", u"quiet"_s);
 
     filtered_->setSourceModel(rows_);
@@ -46,6 +50,7 @@ PickList::PickList(Program& program, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(Theme::GroupGap, Theme::GroupGap, Theme::GroupGap, Theme::GroupGap);
     layout->setSpacing(Theme::FieldGap);
+    layout->addWidget(reason_);
     layout->addWidget(filter_);
     layout->addWidget(grid_);
     layout->addWidget(hint_);
@@ -59,6 +64,8 @@ void PickList::ShowList(QWidget* anchor, double left, double top) {
     itemSelected_ = false;
     values_.clear();
     filter_->clear();
+    reason_->setText(Reason);
+    reason_->setVisible(!Reason.isEmpty());
     if (!Trapped(program_, u"ShowList"_s, [this] { Fill(); })) {
         Q_EMIT LOV_AfterListClose(anchor_, {});
         return;
@@ -67,7 +74,7 @@ void PickList::ShowList(QWidget* anchor, double left, double top) {
     Place(left, top);
     show();
     filter_->setFocus();
-    grid_->selectRow(0);
+    ChooseFirst(Reason.isEmpty());
 }
 
 void PickList::Fill() {
@@ -109,8 +116,16 @@ void PickList::Place(double left, double top) {
 }
 
 void PickList::ApplyFilter(const QString& text) {
-    filtered_->setFilterFixedString(text.trimmed());
-    grid_->selectRow(0);
+    const QString wanted = text.trimmed();
+    filtered_->setFilterFixedString(wanted);
+    ChooseFirst(Reason.isEmpty() || !wanted.isEmpty());
+}
+
+void PickList::ChooseFirst(bool chosen) {
+    if (chosen)
+        grid_->selectRow(0);
+    else
+        grid_->setCurrentIndex({});
 }
 
 void PickList::Choose(int row) {
@@ -166,7 +181,7 @@ void PickList::hideEvent(QHideEvent* event) {
 }
 
 void OpenPickList(Program& program, QWidget& field, const QString& query,
-                  std::function<void(const QVariantMap& chosen)> choose) {
+                  std::function<void(const QVariantMap& chosen)> choose, const QString& reason) {
     Trapped(program, u"OpenPickList"_s, [&] {
         auto* list = new PickList(program, field.window());
         QObject::connect(list, &PickList::LOV_AfterListClose, list,
@@ -177,6 +192,7 @@ void OpenPickList(Program& program, QWidget& field, const QString& query,
                          });
         list->ConnectionString = program.Db().ConnectionString();
         list->SqlText = query;
+        list->Reason = reason;
         list->ShowList(&field, -1.0, -1.0);
     });
 }

@@ -18,7 +18,8 @@ class TextGrid;
 }
 
 /// A list of the rows of one query, from which the user picks one. It opens under its field, takes typing
-/// into the filter at once, walks with the arrows, takes with Enter and leaves with Esc.
+/// into the filter at once, walks with the arrows, takes with Enter and leaves with Esc. A list that opened
+/// by itself has no row chosen until the user walks to one or filters: one Enter too many takes nothing.
 class PickList : public QFrame {
     Q_OBJECT
 public:
@@ -29,6 +30,8 @@ public:
     QString ConnectionString;
     /// The query whose rows are listed; its column names are the field names of the result.
     QString SqlText;
+    /// Why the list opened by itself; empty where the user asked for it.
+    QString Reason;
 
     /// Shows the list next to the anchor, or at a place on the screen when both numbers are 0 or more.
     void ShowList(QWidget* anchor, double left, double top);
@@ -48,6 +51,7 @@ private:
     void Fill();
     void Place(double left, double top);
     void ApplyFilter(const QString& text);
+    void ChooseFirst(bool chosen);
     void Choose(int row);
     bool HandleFilterKey(int key);
 
@@ -56,6 +60,7 @@ private:
     QSortFilterProxyModel* filtered_;
     QLineEdit* filter_;
     DataGrid* grid_;
+    QLabel* reason_;
     QLabel* hint_;
     QPointer<QWidget> anchor_;
     QVariantMap values_;
@@ -64,6 +69,6 @@ private:
 };
 
 /// Lists the rows of a query under a field and hands over the one that the user chooses, by column name. The
-/// list is gone when it was closed.
+/// list is gone when it was closed. The reason is that of a list that opens by itself.
 void OpenPickList(Program& program, QWidget& field, const QString& query,
-                  std::function<void(const QVariantMap& chosen)> choose);
+                  std::function<void(const QVariantMap& chosen)> choose, const QString& reason = {});

@@ -94,8 +94,8 @@ QLineEdit:disabled, QAbstractSpinBox:disabled, QComboBox:disabled, QLineEdit:rea
 QLineEdit[look="cell"] { background: #FFFF00; color: black; border: 1px solid #0B5CAD; border-radius: 0px; padding: 0px 5px;
     min-height: 0px; }
 
-QComboBox::drop-down, QDateEdit::drop-down { border: none; width: 20px; }
-QComboBox::down-arrow, QDateEdit::down-arrow { image: url(:/ui/down.png); width: 11px; height: 6px; margin-right: 6px; }
+QComboBox::drop-down { border: none; width: 20px; }
+QComboBox::down-arrow { image: url(:/ui/down.png); width: 11px; height: 6px; margin-right: 6px; }
 
 QFrame[look="group"] { background: white; border: 1px solid #E1E6EC; border-radius: 6px; }
 QFrame[look="group"] QCheckBox { font-weight: 600; }
@@ -130,7 +130,7 @@ QMenu::item:disabled { color: #8A95A3; }
 QStatusBar { color: #566273; padding: 0 8px; }
 QStatusBar QLabel { color: #566273; padding: 0 8px; }
 QStatusBar::item { border: none; }
-QToolTip { background: white; color: #1B2430; border: 1px solid #B9C4D0; padding: 4px; }
+QToolTip, QLabel[look="tip"] { background: white; color: #1B2430; border: 1px solid #B9C4D0; padding: 4px; }
 )"_s;
 
 QString LegendRules() {

@@ -1,6 +1,5 @@
 #include "ui/typing.h"
 
-#include <QAbstractSpinBox>
 #include <QLineEdit>
 
 bool IsEnter(int key) {
@@ -13,9 +12,4 @@ void TypeUpperCase(QLineEdit& field) {
         field.setText(text.toUpper());
         field.setCursorPosition(cursor);
     });
-}
-
-void ReadTypedBoxes(const QWidget& window) {
-    for (auto* box : window.findChildren<QAbstractSpinBox*>())
-        box->interpretText();
 }

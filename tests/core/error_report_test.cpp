@@ -1,8 +1,11 @@
 #include "core/error_log.h"
 
+#include "core/error_words.h"
 #include "support/test_company.h"
 
 #include <QDir>
+
+#include <csignal>
 
 using namespace Qt::StringLiterals;
 using modGeneral::ErrorLog;
@@ -48,6 +51,24 @@ TEST(ShowDatabaseError, SaysWhatIsPendingWordForWord) {
     EXPECT_EQ(company.dialogs.texts, QStringList());
 }
 
+TEST(UserText, PutsTheDetailsIntoTheKindsWords) {
+    using enum ErrorKind;
+    const std::tuple<ErrorKind, QStringList, QString> cases[] = {
+        {CardOfOther,
+         {u"T1%2"_s, u"0012"_s},
+         u"Kartu T1%2 adalah kartu karyawan 0012. Tidak ada yang disimpan."_s},
+        {CardInUse,
+         {u"T1"_s, u"22-Nov-2026"_s},
+         u"Kartu T1 sudah dipakai untuk tanggal 22-Nov-2026. Tidak ada yang disimpan."_s},
+        {AmountTooLarge, {u"8.3"_s, u"1"_s}, u"Jumlah terlalu besar: 8.3 jam x 1."_s},
+        {DiskFull,
+         {u"database or disk is full"_s, u"/data/DATA.mdb"_s},
+         u"Disk penuh. Kosongkan ruang pada disk lalu ulangi. (database or disk is full)\n/data/DATA.mdb"_s},
+    };
+    for (const auto& [kind, details, text] : cases)
+        EXPECT_EQ(UserText(ProgramError(kind, 1, u"in English"_s, details)), text);
+}
+
 TEST(ErrorLog, HoldsOneLineForEachErrorOfTheRun) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"state/VELTLOG.TXT"_s);
@@ -60,12 +81,46 @@ TEST(ErrorLog, HoldsOneLineForEachErrorOfTheRun) {
         EXPECT_EQ(LogOf(path), "Error Number: 5.~Error Description: satu~dua tiga~Module Name: VELT~"
                                "Sub/Function: EnterCell~\n");
         log.LogError(-7, u"übung"_s, u"Scroll"_s, u"OTHER"_s);
-        log.LogError(DatabaseError({19, u"SQLite"_s, u"ganda"_s}), u"Keypress"_s);
+        log.LogError(DatabaseError(ErrorKind::NumberTooLarge, 19, u"in English"_s, {u"9"_s}), u"Keypress"_s);
         log.LogError(std::logic_error("x"), u"OnEnter"_s);
         EXPECT_EQ(LogOf(path).split('\n').mid(1),
                   (QList<QByteArray>{
                       "Error Number: -7.~Error Description: übung~Module Name: OTHER~Sub/Function: Scroll~",
-                      "Error Number: 19.~Error Description: ganda~Module Name: VELT~Sub/Function: Keypress~",
+                      "Error Number: 19.~Error Description: Angka terlalu besar: 9.~Module Name: "
+                      "VELT~Sub/Function: Keypress~",
                       "Error Number: 0.~Error Description: x~Module Name: VELT~Sub/Function: OnEnter~", ""}));
     }
 }
+
+TEST(ErrorLog, ProgramsSideBySideWriteAFileEach) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"VELTLOG.TXT"_s);
+    const QString second = folder.filePath(u"VELTLOG-2.TXT"_s);
+    ErrorLog desk(path);
+    for (const QByteArray& run : {QByteArray("b"), QByteArray("c")}) {
+        ErrorLog other(path);
+        desk.WriteLog(u"a"_s);
+        other.WriteLog(QString::fromLatin1(run));
+        ErrorLog(path).WriteLog(u"third"_s);
+        EXPECT_EQ(LogOf(second), run + '\n');
+    }
+    EXPECT_EQ(LogOf(path), "a\na\n");
+    EXPECT_EQ(LogOf(folder.filePath(u"VELTLOG-3.TXT"_s)), "third\n");
+}
+
+#ifndef Q_OS_WIN
+TEST(ErrorLog, AKilledProgramLeavesTheFileToTheNext) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"VELTLOG.TXT"_s);
+    const auto dieWithTheFileOpen = [&path] {
+        ErrorLog log(path);
+        log.WriteLog(u"last words"_s);
+        raise(SIGKILL);
+    };
+    EXPECT_EXIT(dieWithTheFileOpen(), testing::KilledBySignal(SIGKILL), "");
+    EXPECT_EQ(LogOf(path), "last words\n");
+    ErrorLog next(path);
+    next.WriteLog(u"next"_s);
+    EXPECT_EQ(LogOf(path), "next\n");
+}
+#endif

@@ -1,7 +1,7 @@
 #include "core/settings.h"
 
 #include "core/program_folder.h"
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "support/test_company.h"
 
 #include <QDir>
@@ -70,13 +70,12 @@ TEST(ConnectionText, NamesTheDatabaseBesideTheProgramOrInTheFolderUi) {
         CreateDatabase(parent.filePath(database));
         Write(parent.filePath(u"prog;1/setting.ini"_s), "[Main]\nserver=has no effect\n");
 
-        const QString text = b_global::DatabaseConnectionText(folder);
-        EXPECT_EQ(text, head + QDir::toNativeSeparators(parent.filePath(u"prog;1"_s)) + source + Tail);
         b_global::SharedConnection shared;
         TestDialogs dialogs;
         ASSERT_TRUE(b_global::OpenConnection(shared, folder, dialogs)) << dialogs.Last().toStdString();
         EXPECT_EQ(QFileInfo(shared.Get().FileName()), QFileInfo(parent.filePath(database)));
-        EXPECT_EQ(shared.Get().ConnectionString(), text);
+        EXPECT_EQ(shared.Get().ConnectionString(),
+                  head + QDir::toNativeSeparators(parent.filePath(u"prog;1"_s)) + source + Tail);
     }
 }
 

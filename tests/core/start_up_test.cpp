@@ -83,6 +83,52 @@ TEST_F(StartUp, WhateverFailsIsToldOnceAndEndsTheStart) {
     }
 }
 
+TEST_F(StartUp, TheSettingsMayLetAnyCountryPass) {
+    const std::pair<QByteArray, bool> cases[] = {{"any", true}, {"Any", true}, {"", false}, {"id", false}};
+    for (const auto& [value, passes] : cases) {
+        QFile settings(company.folder.filePath(u"setting.ini"_s));
+        ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+        settings.write("[Main]\nregional=" + value + '\n');
+        settings.close();
+        EXPECT_EQ(Start(u"Indonesia"_s), passes) << value.toStdString();
+    }
+}
+
+#ifndef Q_OS_WIN
+TEST(RegionalSetting, NumbersAndTimesTellTheCountryNotTheLanguageOfMessages) {
+    const std::pair<QMap<QByteArray, QByteArray>, bool> cases[] = {
+        {{{"LANG", "en_US.UTF-8"}, {"LANGUAGE", "id"}}, true},
+        {{{"LANG", "en_US.UTF-8"}, {"LC_MESSAGES", "id_ID.UTF-8"}}, true},
+        {{{"LANG", "id_ID"}, {"LANGUAGE", "en_US"}}, false},
+        {{{"LANG", "id_ID"}, {"LC_NUMERIC", "en_US"}, {"LC_TIME", "en_US"}}, true},
+        {{{"LANG", "id_ID"}, {"LC_TIME", "en_US"}}, true},
+        {{{"LC_NUMERIC", "en_US"}, {"LC_TIME", "id_ID"}}, false},
+        {{{"LC_NUMERIC", "id_ID"}, {"LC_TIME", "en_US"}}, false},
+        {{{"LC_ALL", "en_US"}, {"LC_NUMERIC", "id_ID"}, {"LANG", "id_ID"}}, true},
+        {{{"LC_ALL", "id_ID"}, {"LANG", "en_US"}}, false},
+        {{{"LANG", "es_US.UTF-8@euro"}}, true},
+        {{{"LANG", "en_ID"}}, false},
+        {{{"LANG", "en"}}, false},
+        {{{"LANG", "C.UTF-8"}}, false},
+        {{}, false},
+    };
+    const QByteArrayList names{"LC_ALL", "LC_NUMERIC", "LC_TIME", "LC_MESSAGES", "LANG", "LANGUAGE"};
+    QMap<QByteArray, QByteArray> usual;
+    for (const QByteArray& name : names)
+        usual[name] = qgetenv(name);
+    const auto set = [&](const QMap<QByteArray, QByteArray>& values) {
+        for (const QByteArray& name : names)
+            values.value(name).isEmpty() ? qunsetenv(name) : qputenv(name, values.value(name));
+    };
+    for (const auto& [values, passes] : cases) {
+        set(values);
+        EXPECT_EQ(b_WinControlPanel::IsRegionalSettingUS(), passes)
+            << (values.keys().join(',') + " = " + values.values().join(',')).toStdString();
+    }
+    set(usual);
+}
+#endif
+
 TEST(RegionalSetting, OnlyTheUnitedStatesInAnyLetterCase) {
     const std::pair<QString, bool> cases[] = {
         {u"United States"_s, true},      {u"UNITED STATES"_s, true},   {u"united states"_s, true},

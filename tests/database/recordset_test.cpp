@@ -128,44 +128,42 @@ TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
     const auto add = [&](const QString& nip) {
         db.Execute(u"INSERT INTO Employee (NIP) VALUES (?)"_s, {nip});
     };
-    try {
-        Transaction transaction(db);
-        add(u"0001"_s);
-        throw std::runtime_error("something else went wrong");
-    } catch (const std::runtime_error&) {
-    }
+    TakenBack(db, [&] { add(u"0001"_s); });
+    TakenBack(db, [&] { db.InTransaction([&] { add(u"0001"_s); }); });
     EXPECT_EQ(Employees(), QStringList());
 
     for (const auto& action : {u"ABORT"_s, u"ROLLBACK"_s, u"FAIL"_s}) {
         db.ExecuteNative(u"CREATE TRIGGER stop BEFORE INSERT ON Employee WHEN NEW.NIP='0002' "
                          "BEGIN SELECT RAISE(%1,'aturan kantor'); END"_s.arg(action));
         EXPECT_TRUE(FailureOf([&] {
-                        Transaction transaction(db);
-                        add(u"0001"_s);
-                        add(u"0002"_s);
-                        transaction.Commit();
+                        db.InTransaction([&] {
+                            add(u"0001"_s);
+                            add(u"0002"_s);
+                        });
                     }).contains(u"aturan kantor"))
             << action.toStdString();
         EXPECT_EQ(Employees(), QStringList()) << action.toStdString();
         db.ExecuteNative(u"DROP TRIGGER stop"_s);
     }
 
-    Transaction transaction(db);
-    EXPECT_THROW(Transaction(db).Commit(), std::logic_error);
-    add(u"0003"_s);
-    EXPECT_EQ(seenByOther(), u"0"_s);
-    transaction.Commit();
+    EXPECT_EQ(db.InTransaction([&] {
+        db.InTransaction([&] { add(u"0003"_s); });
+        return seenByOther();
+    }),
+              u"0"_s);
     EXPECT_EQ(seenByOther(), u"1"_s);
 }
 
 TEST_F(Recordsets, AWriterIsToldThatAnotherHoldsTheLock) {
     const auto other = company.OtherDesk();
-    const Transaction writing(*other);
     db.SetPatience(std::chrono::milliseconds(30));
-    EXPECT_TRUE(
-        FailureOf([&] { Transaction transaction(db); }).contains(u"sedang dikunci oleh program lain"));
-    EXPECT_TRUE(FailureOf([&] { db.Execute(u"DELETE FROM Employee"_s); }).contains(u"dikunci"));
-    EXPECT_EQ(Employees(), QStringList()); // reading goes on meanwhile
+    other->InTransaction([&] {
+        EXPECT_TRUE(FailureOf([&] {
+                        db.InTransaction([] { ADD_FAILURE() << "two write at once"; });
+                    }).contains(u"sedang dikunci oleh program lain"));
+        EXPECT_TRUE(FailureOf([&] { db.Execute(u"DELETE FROM Employee"_s); }).contains(u"dikunci"));
+        EXPECT_EQ(Employees(), QStringList()); // reading goes on meanwhile
+    });
 }
 
 TEST_F(Recordsets, TheChangeStampDiffersAfterEveryWriteAndOnlyThen) {
@@ -187,11 +185,7 @@ TEST_F(Recordsets, TheChangeStampDiffersAfterEveryWriteAndOnlyThen) {
          true},
         {"other's statement", [&] { other->Execute(insert, {number()}); }, true},
         {"other's transaction taken back",
-         [&] {
-             Transaction transaction(*other);
-             other->Execute(insert, {number()});
-         },
-         false},
+         [&] { TakenBack(*other, [&] { other->Execute(insert, {number()}); }); }, false},
     };
     for (const auto& [what, action, differs] : cases) {
         const ChangeStamp before = db.Changes();
@@ -199,10 +193,9 @@ TEST_F(Recordsets, TheChangeStampDiffersAfterEveryWriteAndOnlyThen) {
         EXPECT_EQ(db.Changes() != before, differs) << what;
     }
     ChangeStamp inside;
-    {
-        const Transaction takenBack(db);
+    TakenBack(db, [&] {
         db.Execute(insert, {number()});
         inside = db.Changes();
-    }
+    });
     EXPECT_NE(db.Changes(), inside);
 }

@@ -1,7 +1,6 @@
-#include "database/schema.h"
+#include "database/sqlite_schema.h"
 
-#include "database/connection_text.h"
-#include "database/sqlite_engine.h"
+#include "database/database_file.h"
 #include "support/failures.h"
 #include "support/test_company.h"
 
@@ -16,7 +15,8 @@ namespace {
 
 /// The steps of today and two that might follow them.
 std::vector<SchemaStep> LaterSteps(const QString& third = u"CREATE TABLE Libur (Tgl TEXT)"_s) {
-    std::vector<SchemaStep> steps(SchemaSteps().begin(), SchemaSteps().end());
+    const std::span<const SchemaStep> today = SqliteSchema().Steps();
+    std::vector<SchemaStep> steps(today.begin(), today.end());
     const int newest = steps.back().version;
     steps.push_back({newest + 1, {u"ALTER TABLE Employee ADD COLUMN Telepon TEXT"_s}});
     steps.push_back({newest + 2, {u"UPDATE Employee SET Telepon='-'"_s, third}});
@@ -26,11 +26,6 @@ std::vector<SchemaStep> LaterSteps(const QString& third = u"CREATE TABLE Libur (
 int VersionOf(Connection& connection) {
     Cursor rows = connection.QueryNative(u"PRAGMA user_version"_s);
     return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : -1;
-}
-
-/// Opens a file as any engine would, without looking at its schema.
-std::unique_ptr<Connection> OpenUnprepared(const QString& path) {
-    return std::make_unique<Connection>(std::make_unique<SqliteEngine>(), ConnectionText(path));
 }
 
 } // namespace
@@ -67,8 +62,9 @@ TEST(Schema, StoredFormsAreEnforced) {
     };
     for (const auto& [insert, bad, good] : columns) {
         const auto refusal = [&, &insert = insert](const QString& value) {
-            const Transaction takenBack(company.Db());
-            return FailureOf([&] { company.Db().Execute(u"INSERT INTO "_s + insert, {value}); });
+            return FailureOf([&] {
+                TakenBack(company.Db(), [&] { company.Db().Execute(u"INSERT INTO "_s + insert, {value}); });
+            });
         };
         for (const QString& value : bad)
             EXPECT_NE(refusal(value), QString()) << insert.toStdString() << " took " << value.toStdString();
@@ -97,7 +93,7 @@ TEST(SchemaUpgrade, TakesAllFurtherStepsAndCopiesTheFileAside) {
         CreateDatabase(path);
         OpenDatabaseFile(path)->ExecuteNative(u"INSERT INTO Employee (NIP,Nama) VALUES ('0012','Budi')"_s);
         for (int start = 0; start < 2; ++start) {
-            const auto connection = OpenUnprepared(path);
+            const auto connection = ConnectToFile(path);
             PrepareSchema(*connection, LaterSteps());
             EXPECT_EQ(VersionOf(*connection), 3);
             Cursor rows = connection->QueryNative(u"SELECT Nama||Telepon FROM Employee"_s);
@@ -128,7 +124,7 @@ TEST(SchemaUpgrade, TwoProgramsUpgradeOneDatabase) {
         std::barrier ready(2);
         QString failures[2];
         const auto upgrade = [&](QString& failure) {
-            const auto connection = OpenUnprepared(company.DatabaseFile());
+            const auto connection = ConnectToFile(company.DatabaseFile());
             ready.arrive_and_wait();
             failure = FailureOf([&] { PrepareSchema(*connection, LaterSteps()); });
             EXPECT_EQ(VersionOf(*connection), 3);

@@ -85,6 +85,7 @@ TEST_F(Statements, FunctionsOfTheDialectWorkInAnyCaseAndNested) {
     Expect(select.arg(u"Mid(TCID, 2, Left('41',1))='2025'"_s), {u"T202512010012"_s});
     Expect(select.arg(u"left((TCID),(4+5))=Left('T20261122xyz',9)"_s), both);
     Expect(select.arg(u"YEAR(Tanggal)=2025"_s), {u"T202512010012"_s});
+    Expect(select.arg(u"Same(TimeIN,null) and not same('x',null)"_s), {u"T202611230012"_s});
     Expect(select.arg(u"month(Tanggal)=12 and Year(TimeIN)=2025"_s), {u"T202512010012"_s});
     Expect(select.arg(u"year(CDATE('12/01/2025'))=Year(Tanggal)"_s), {u"T202512010012"_s});
     Expect(select.arg(u"Left(TCID,9) in ('T20261122',Left('T20261122-1',9))"_s), both);

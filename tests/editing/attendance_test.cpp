@@ -1,4 +1,3 @@
-#include "database/connection_text.h"
 #include "database/sqlite_dialect.h"
 #include "editing/attendance_cards.h"
 #include "editing/attendance_model.h"
@@ -59,7 +58,7 @@ protected:
         return rows;
     }
     ShownDayRow RowOf(const QString& nip, Day day) {
-        return {nip, day, ReadAttendance(company.Db(), nip, day)};
+        return {nip, day, AttendanceOn(company.Db(), nip, day)};
     }
 
     TestCompany company;
@@ -146,7 +145,7 @@ TEST_F(AttendanceTest, RefusesWhatNoGridHoldsAndStopsWhenAsked) {
 /// The history grows for years while the days that are shown stay few.
 TEST_F(AttendanceTest, ReadsInTwoStatementsByAnIndex) {
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), ConnectionText(company.DatabaseFile()));
+    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
     const DayRange day{company.clock.Today(), company.clock.Today()};
     for (const AttendanceCriteria& criteria :
          {AttendanceCriteria{{}, {}, {}, day}, AttendanceCriteria{{}, u"PROD"_s, u"A"_s, day},
@@ -169,7 +168,7 @@ TEST_F(AttendanceTest, ReadsInTwoStatementsByAnIndex) {
 TEST_F(AttendanceTest, AStatusMakesTheCardOfADayThatHasNone) {
     const Day day = On(u"2006-03-05");
     for (const auto& [nip, tcid] : {std::pair{u"0012"_s, u"T200603050012"_s}, {u"k1"_s, u"T20060305K1"_s}}) {
-        const AttendanceRecord saved = SaveStatusCell(company.Db(), {nip, day, {}}, u"S"_s);
+        const AttendanceRecord saved = SaveDayStatus(company.Db(), {nip, day, {}}, u"S"_s);
         EXPECT_EQ(saved, (AttendanceRecord{tcid, {}, {}, u"S"_s, {}}));
         EXPECT_EQ(RowOf(nip, day).record, saved);
     }
@@ -179,7 +178,7 @@ TEST_F(AttendanceTest, AStatusMakesTheCardOfADayThatHasNone) {
     DeleteCardDays(company.Db(), RowOf(u"0012"_s, day), {});
     EXPECT_EQ(RowOf(u"0012"_s, day).record, std::nullopt);
     Run(u"UPDATE TimeCardHeader SET OTHours=2, OTAmount=30000, Keterangan='surat dokter'"_s);
-    SaveStatusCell(company.Db(), RowOf(u"0012"_s, day), u"CT"_s);
+    SaveDayStatus(company.Db(), RowOf(u"0012"_s, day), u"CT"_s);
     EXPECT_EQ(company.RowsOf(u"select OTHours, OTAmount, Keterangan from TimeCardHeader order by TCID"_s)[0],
               u"-|-|surat dokter"_s);
     EXPECT_EQ(company.RowsOf(Cards).value(0), u"T200603050012|0012|CT|2006-03-05|-|-"_s);
@@ -239,7 +238,7 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
                 if (deleting)
                     DeleteCardDays(company.Db(), row, told);
                 else
-                    SaveStatusCell(company.Db(), row, u"S"_s);
+                    SaveDayStatus(company.Db(), row, u"S"_s);
             } catch (const ProgramError& error) {
                 failure = error.Description();
             }
@@ -250,32 +249,6 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
                 EXPECT_EQ(company.RowsOf(Cards), QStringList(before).replaceInStrings(u"|IN|"_s, u"|S|"_s));
             }
         }
-    }
-}
-
-TEST_F(AttendanceTest, LeavingARowAddsWhatIsMissingAndChangesNothingElse) {
-    const Day day = On(u"2026-11-20");
-    AddCard(u"T202611200012"_s, u"0012"_s, u"2026-11-20"_s, u"'2026-11-20 07:00:00',NULL"_s, u"S"_s);
-    const ShownDayRow row = RowOf(u"0012"_s, day);
-    const QString shown = u"T202611200012|0012|S|2026-11-20|2026-11-20 07:00:00|-"_s;
-    const QString clockedOut = u"T202611200012|0012|OUT|2026-11-20|2026-11-20 07:00:00|2026-11-20 17:00:00"_s;
-    const std::pair<QString, QString> cases[] = {
-        {u"DELETE FROM TimeCardDetail"_s, shown},
-        {u"DELETE FROM TimeCardHeader"_s, shown},
-        {u"UPDATE TimeCardHeader SET Status='OUT';"
-         "UPDATE TimeCardDetail SET TimeOUT='2026-11-20 17:00:00'"_s,
-         clockedOut},
-        {u"UPDATE TimeCardDetail SET Tanggal='2026-11-19'"_s,
-         QString(clockedOut).replace(u"|2026-11-20|"_s, u"|2026-11-19|"_s)},
-        {u"DELETE FROM TimeCardDetail;UPDATE TimeCardHeader SET NIP='0013'"_s,
-         u"T202611200012|0013|OUT|-|-|-"_s},
-    };
-    for (const auto& [meanwhile, stored] : cases) {
-        Run(meanwhile);
-        const auto saved = SaveGridRow(company.Db(), row);
-        EXPECT_EQ(company.RowsOf(Cards), QStringList{stored});
-        EXPECT_EQ(saved, RowOf(u"0012"_s, day).record);
-        EXPECT_EQ(LoadRow(company.Db(), {u"0012"_s, day, {}}), saved);
     }
 }
 

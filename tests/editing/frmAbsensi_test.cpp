@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -87,7 +86,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.Part<QComboBox>("txtDivisi").setFocus();
     Keys(u"s↹"_s);
     KeyboardUser::Press(Qt::Key_Space);
-    EXPECT_FALSE(browser.Part<QDateEdit>("txtDate1").isEnabled());
+    EXPECT_FALSE(browser.Part<QLineEdit>("txtDate1").isEnabled());
     KeyboardUser::Press(Qt::Key_Return);
     EXPECT_EQ(browser.Status(), u"1 baris · Tanggal: 03-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
@@ -98,7 +97,17 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     EXPECT_EQ(browser.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
 
-    browser.Part<QLineEdit>("txtEmpl").clear(); // what another desk writes while it is closed
+    browser.Part<QLineEdit>("txtEmpl").clear();
+    browser.Part<QCheckBox>("chkInterval").setChecked(true);
+    KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+    Keys(u"31/2⏎"_s); // no such day: not with another one either
+    EXPECT_TRUE(browser.dialogs.Last().startsWith(u"Sampai tanggal: \"31/2\""_s));
+    EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
+    Keys(u"2/11⏎"_s);
+    EXPECT_EQ(browser.Status(),
+              u"2 baris · Tanggal: 01-Nov-2026 s/d 02-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
+
+    // What another desk writes while it is closed.
     browser.window->close();
     browser.Run(u"UPDATE TimeCardHeader SET NIP='0012'"_s);
     browser.Run(u"INSERT INTO Departments (DeptCode,DeptName) VALUES ('B','Bengkel')"_s);
@@ -109,8 +118,8 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.window->close();
     browser.clock.now = Moment(u"2026-12-02 08:00:00");
     browser.window->show();
-    EXPECT_EQ(browser.Part<QDateEdit>("txtDate1").date(), QDate(2026, 12, 1));
-    EXPECT_EQ(browser.Part<QDateEdit>("txtDate2").date(), QDate(2026, 12, 2));
+    EXPECT_EQ(browser.Part<QLineEdit>("txtDate1").text(), u"01-Dec-2026"_s);
+    EXPECT_EQ(browser.Part<QLineEdit>("txtDate2").text(), u"02-Dec-2026"_s);
 }
 
 TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
@@ -123,8 +132,13 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
 
     Keys(u"XX⏎"_s); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
+    KeyboardUser::Press(Qt::Key_Return); // one too many
     EXPECT_EQ(browser.RowsOf(Cards).size(), 2);
-    Keys(u"↓⏎"_s);
+    KeyboardUser::Press(Qt::Key_Escape);
+    EXPECT_EQ(browser.Part<QLineEdit>("Text1").text(), u"XX"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    ASSERT_TRUE(Browser::ListIsOpen());
+    Keys(u"↓↓⏎"_s);
     EXPECT_EQ(browser.Row(2), u"0012|01-Nov-2026|||CT|T202611010012"_s);
 
     browser.Go(3, AttendanceModel::Nip); // Enter leads to an empty status and to its list
@@ -133,6 +147,8 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     KeyboardUser::Press(Qt::Key_Return);
     ASSERT_TRUE(Browser::ListIsOpen());
     KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026||||"_s);
+    Keys(u"sakit⏎"_s);
     EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026|||S|T202611020014"_s);
 
     browser.Go(1, AttendanceModel::Nip); // and to the editor where there is a status
@@ -153,21 +169,20 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
 TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
     Browser browser;
     browser.Open();
-    browser.Run(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
-    browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
+    const auto other = browser.OtherDesk();
+    other->Execute(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
+    other->Execute(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
     const QString clockedOut = u"0013|01-Nov-2026|07:45|17:00|OUT|T202611010013"_s;
     browser.Go(1);
     Keys(u"S⏎"_s);
     EXPECT_EQ(browser.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(1), clockedOut);
-    KeyboardUser::Press(Qt::Key_Return); // what was typed stands there still
+    EXPECT_FALSE(browser.Editing());
+    Keys(u"⏎⏎⎋⎋"_s); // without a look at the message
+    EXPECT_EQ(browser.RowsOf(Cards), QStringList{u"T202611010013|0013|OUT|2026-11-01|2026-11-01 07:45:12|"
+                                                 "2026-11-01 17:00:00"_s});
+    Keys(u"S⏎"_s);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|S|T202611010013"_s);
-
-    browser.Run(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
-    KeyboardUser::Press(Qt::Key_Up); // no alarm when the row is left, but it is told
-    EXPECT_EQ(browser.Row(1), clockedOut);
-    EXPECT_TRUE(browser.Said("lblDone").contains(u"OUT"_s));
-    EXPECT_EQ(browser.dialogs.texts.size(), 1);
 
     browser.Run(u"UPDATE TimeCardHeader SET Status='CT'"_s);
     browser.Go(1);

@@ -88,7 +88,12 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     search.Type(0, TimeOut, u"23:15"_s);
     search.Type(0, Keterangan, u"lupa"_s);
     EXPECT_EQ(search.RowsOf(Cards)[0], u"T202611210012|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
-    search.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"luar⏎"_s); });
+    search.user.WhenIn(u"PickList"_s, [&](QWidget&) {
+        Keys(u"⏎⎋"_s); // nothing is chosen yet
+        EXPECT_EQ(search.Part<QLineEdit>("Text1").text(), u"zz"_s);
+        search.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"luar⏎"_s); });
+        KeyboardUser::Press(Qt::Key_Return);
+    });
     search.Type(0, Status, u"zz"_s); // is no status: the list opens
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return search.Cell(0, Status) == u"TL"_s; }));
     KeyboardUser::Press(Qt::Key_Down);

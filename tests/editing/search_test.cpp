@@ -1,5 +1,4 @@
 #include "core/text_table.h"
-#include "database/connection_text.h"
 #include "editing/grid_row.h"
 #include "editing/search_criteria.h"
 #include "editing/search_model.h"
@@ -80,8 +79,8 @@ TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
     for (const auto& [clause, found] : cases) {
         model.Search(company.Db(), clause);
         QStringList shown;
-        for (const SearchRow& row : model.FetchedRows())
-            shown << row.nip;
+        for (const FoundDay& row : model.FetchedRows())
+            shown << row.header.nip;
         EXPECT_EQ(shown, found) << clause.toStdString();
     }
     EXPECT_EQ(Shown(0),
@@ -101,7 +100,7 @@ TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
 TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
     AddCards(301, 3);
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), ConnectionText(company.DatabaseFile()));
+    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
     model.Search(desk, u""_s);
     EXPECT_EQ(model.rowCount(), 198) << "the last card of the page would be cut";
     EXPECT_FALSE(model.IsWhole());
@@ -112,12 +111,12 @@ TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
     ASSERT_EQ(model.rowCount(), 301 * 3 + 1);
     EXPECT_FALSE(model.canFetchMore({}));
     std::set<std::pair<QString, Day>> days;
-    for (const SearchRow& row : model.FetchedRows())
-        days.emplace(row.tcid, *row.tanggal);
+    for (const FoundDay& row : model.FetchedRows())
+        days.emplace(row.header.tcid, row.day->tanggal);
     EXPECT_EQ(days.size(), model.FetchedRows().size());
     for (const QString& clause : {u""_s, u" Where Dept='GA'"_s, u" Where TCID like 'T2020%'"_s}) {
         statements.clear();
-        SearchPages pages(clause);
+        CardSearch pages(clause);
         pages.Next(desk);
         pages.Next(desk);
         EXPECT_TRUE(statements[0].startsWith(u"Select * from qry_TimeCardAll  "_s + clause));
@@ -321,19 +320,19 @@ TEST_F(Search, ReloadsTheRowsOwnDayUnlessTheCardIsGone) {
 
 TEST(WorkGrid, PrintsMonthsOfSheetsAndOfEmployees) {
     const auto row = [](const QString& tcid, const QString& nip, const QString& nama, const QString& status) {
-        SearchRow made;
-        made.tcid = tcid;
-        made.nip = nip;
+        FoundDay made;
+        made.header.tcid = tcid;
+        made.header.nip = nip;
         made.nama = nama;
-        made.status = status;
+        made.header.status = status;
         return made;
     };
     const QString wide = u"李小龍 Muhammad Ramadhan"_s;
-    const std::vector<SearchRow> rows{
-        row(u"T200603010012"_s, u"0012"_s, wide, u"IN"_s),
-        row(u"T200603310013"_s, u"0013"_s, u"Siti Aminah binti Abd"_s, u"OUT"_s),
-        row(u"T200603310012"_s, u"0012"_s, wide, u"A"_s), row(u"T200602280012"_s, u"0012"_s, wide, u"TL"_s),
-        row(u"T20060228-20012"_s, u"0012"_s, wide, u"KI"_s)};
+    const std::vector<FoundDay> rows{row(u"T200603010012"_s, u"0012"_s, wide, u"IN"_s),
+                                     row(u"T200603310013"_s, u"0013"_s, u"Siti Aminah binti Abd"_s, u"OUT"_s),
+                                     row(u"T200603310012"_s, u"0012"_s, wide, u"A"_s),
+                                     row(u"T200602280012"_s, u"0012"_s, wide, u"TL"_s),
+                                     row(u"T20060228-20012"_s, u"0012"_s, wide, u"KI"_s)};
     const QString blank = u"   |"_s;
     const QStringList sheets = SheetPrint(rows, u"Dicetak: x"_s);
     const QString rule(5 + 1 + 8 + 1 + 20 + 1 + 31 * 4, u'-');
@@ -357,12 +356,12 @@ TEST(WorkGrid, PrintsMonthsOfSheetsAndOfEmployees) {
 }
 
 TEST(WorkGrid, CutsNoKeyCountsCharactersAndStopsWhenToldTo) {
-    SearchRow row;
-    row.tcid = u"T202603010123456789"_s;
-    row.nip = u"0123456789"_s;
+    FoundDay row;
+    row.header.tcid = u"T202603010123456789"_s;
+    row.header.nip = u"0123456789"_s;
     row.nama = u"Siti\nAminah"_s;
-    row.status = u"e\u0301\u0302"_s;             // one character
-    const std::vector<SearchRow> days{row, row}; // two days of one card
+    row.header.status = u"e\u0301\u0302"_s;     // one character
+    const std::vector<FoundDay> days{row, row}; // two days of one card
     const QStringList lines = SheetPrint(days, {}, [](qsizetype, qsizetype) { return true; });
     EXPECT_TRUE(lines[4].startsWith(u"Sr.No|NIK       |Nama                |1  |"_s));
     EXPECT_TRUE(lines[6].startsWith(u"1    |0123456789|Siti Aminah         |e\u0301\u0302  |   |"_s));

@@ -4,7 +4,6 @@
 #include "support/window_company.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -142,14 +141,18 @@ TEST(frmRptCriteria, TakesAnEmployeeFromTheListOrAsTyped) {
 TEST(frmRptCriteria, TypedDatesAreTakenAndAReversedPeriodIsHintedAt) {
     Criteria criteria;
     criteria.Open(u"AbsensiDivisi"_s, [&](QWidget& window) {
-        auto& first = Part<QDateEdit>(window, "txtDate1");
-        first.setSelectedSection(QDateEdit::DaySection);
-        KeyboardUser::Type(u"23"_s);
+        EXPECT_TRUE(Part<QWidget>(window, "txtDate1").hasFocus());
+        Keys(u"23↹"_s);
         EXPECT_NE(TextOf(window, "lblDateHint"), QString());
         criteria.PressOk();
         EXPECT_EQ(criteria.ReportLines().value(1), u"TANGGAL: 23-Nov-2026 s/d 22-Nov-2026"_s);
-        first.setSelectedSection(QDateEdit::DaySection);
-        KeyboardUser::Type(u"2"_s); // and no further: the second or the twenties
+        auto& first = Part<QLineEdit>(window, "txtDate1");
+        first.setFocus();
+        KeyboardUser::Type(u"31/2/2026"_s);
+        criteria.PressOk(); // refused: no report with another date
+        EXPECT_TRUE(criteria.dialogs.Last().contains(u"Tanggal awal: \"31/2/2026\""_s));
+        EXPECT_EQ(criteria.shownReports.size(), 1);
+        KeyboardUser::Type(u"2"_s);
         criteria.PressOk();
         EXPECT_EQ(TextOf(window, "lblDateHint"), QString());
         EXPECT_EQ(criteria.ReportLines().value(1), u"TANGGAL: 02-Nov-2026 s/d 22-Nov-2026"_s);

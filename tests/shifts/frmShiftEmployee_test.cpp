@@ -232,7 +232,9 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
         Keys(u"⏎"_s);
         EXPECT_FALSE(Part<QWidget>(window, "cmdLov").isVisible());
         EXPECT_TRUE(status.text().contains(u"22:00 - 06:00 (+1)"_s)) << status.text().toStdString();
-        Keys(u"→cuti⏎"_s);
+        Keys(u"→⏎⏎"_s);
+        EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM"_s) << "an empty day stays empty";
+        Keys(u"cuti⏎"_s);
         EXPECT_EQ(roster.Look(0, 2), CellLook::Doubtful);
         EXPECT_TRUE(status.text().contains(u"tidak ada di Shift"_s));
         roster.Run(u"INSERT INTO Shift (Code) VALUES ('cuti')"_s);

@@ -1,6 +1,6 @@
 #include "support/test_company.h"
 
-#include "database/schema.h"
+#include "database/database_file.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
 // Records arrivals and departures without end and tells each one that is confirmed, until it is killed.
 // Arguments: the database file and the number of the first employee.
 
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "timecard/clock_recording.h"
 
 #include <QCoreApplication>

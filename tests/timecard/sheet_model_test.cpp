@@ -1,6 +1,5 @@
 #include "timecard/sheet_model.h"
 
-#include "database/connection_text.h"
 #include "database/sqlite_dialect.h"
 #include "support/failures.h"
 #include "support/recording_engine.h"
@@ -154,7 +153,7 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
 
 TEST_F(DaySheet, ReadsFewStatementsAndNoneWhenNothingChanged) {
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), ConnectionText(company.DatabaseFile()));
+    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
     const auto refresh = [&] {
         statements.clear();
         model.Refresh(desk, Sheet);
@@ -180,7 +179,7 @@ TEST_F(DaySheet, ReadsFewStatementsAndNoneWhenNothingChanged) {
 
 TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), ConnectionText(company.DatabaseFile()));
+    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
     model.LoadEmployees(desk, ByName);
     statements.clear(); // the list of all employees is read whole
     model.Refresh(desk, Sheet);

@@ -1,5 +1,6 @@
+#include "cards/sheet_cards.h"
+#include "cards/sheet_identifier.h"
 #include "timecard/sheet_choice.h"
-#include "timecard/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 
 #include "support/failures.h"

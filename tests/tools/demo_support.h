@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/schema.h"
+#include "database/database_file.h"
 #include "support/test_company.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"

@@ -1,6 +1,7 @@
 #include "tools/demo_support.h"
 
 #include <QProcess>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +45,7 @@ TEST_F(Tool, HelpIsGivenOnTheToolAndOnEachCommand) {
     } cases[] = {
         {{u"--help"_s}, u"demo"_s},
         {{u"-h"_s}, u"create"_s},
+        {{u"--version"_s}, u"tadata 1."_s},
         {{u"create"_s, u"--help"_s}, u"create FILE"_s},
         {{u"demo"_s, u"--help"_s}, u"--until"_s},
         {{u"check"_s, u"FILE"_s, u"--help"_s}, u"check FILE"_s},
@@ -112,23 +114,31 @@ TEST_F(Tool, CheckTellsWhyAFileCannotBeRead) {
         file.write(bytes);
         return file.fileName();
     };
+    const QString locked = MakeDemo(u"locked.mdb"_s);
+    const QByteArray whole = BytesOf(locked); // before the lock, which reading here would end
+    const auto other = OpenDatabaseFile(locked);
+    other->ExecuteNative(u"BEGIN EXCLUSIVE"_s);
     const struct {
         QString file;
         QString says;
     } cases[] = {
-        {folder.filePath(u"missing.mdb"_s), u"tidak ditemukan"_s},
-        {folder.path(), u"tidak ditemukan"_s},
-        {written(u"text.mdb"_s, QByteArray("no database ").repeated(100)), u"bukan database"_s},
-        {written(u"empty.mdb"_s, {}), u"bukan database absensi"_s},
-        {altered(u"newer.mdb"_s, u"PRAGMA user_version=99"_s), u"lebih baru"_s},
+        {folder.filePath(u"missing.mdb"_s), u"missing.mdb does not exist"_s},
+        {folder.path(), u"does not exist"_s},
+        {written(u"text.mdb"_s, QByteArray("no database ").repeated(100)), u"file is not a database: "_s},
+        {written(u"empty.mdb"_s, {}), u"empty.mdb is empty or not a database of this program"_s},
+        {written(u"cut.mdb"_s, whole.chopped(100)), u"incomplete page: "_s},
+        {locked, u"database is locked: "_s},
+        {altered(u"newer.mdb"_s, u"PRAGMA user_version=99"_s), u"of version 99; the newest known is 1"_s},
         {altered(u"older.mdb"_s, u"PRAGMA user_version=0"_s), u"older version"_s},
-        {altered(u"incomplete.mdb"_s, u"DROP TABLE AbsenTipe"_s), u"absentipe"_s},
+        {altered(u"incomplete.mdb"_s, u"DROP TABLE AbsenTipe"_s), u"the database lacks absentipe"_s},
     };
     const QStringList entries = EntriesOf(folder.path());
+    static const QRegularExpression indonesian(u"\\b(tidak|bukan|sedang|yang|atau)\\b"_s);
     for (const auto& [file, says] : cases) {
         const Outcome outcome = Tadata({u"check"_s, file});
         EXPECT_EQ(outcome.status, 2) << file.toStdString();
         EXPECT_TRUE(outcome.errors.contains(says)) << outcome.errors.toStdString();
+        EXPECT_FALSE(outcome.errors.contains(indonesian)) << outcome.errors.toStdString();
         EXPECT_EQ(outcome.output, QString());
     }
     EXPECT_EQ(EntriesOf(folder.path()), entries);

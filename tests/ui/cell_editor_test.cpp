@@ -1,6 +1,7 @@
 #include "ui/cell_editor.h"
 
 #include "core/text_table.h"
+#include "database/database_error.h"
 #include "support/window_company.h"
 #include "ui/data_grid.h"
 
@@ -46,13 +47,18 @@ public:
         editing.checkedColumn = Code;
         editing.mayEdit = [](const QModelIndex& cell) { return cell.column() != Locked; };
         editing.check = [this](const QModelIndex&, const QString& code) -> std::optional<QString> {
+            if (conflicting)
+                throw ConflictError(u"kartu absen"_s);
             if (failing)
                 throw std::runtime_error("no table");
             if (code.toUpper() == u"A"_s || code.toUpper() == u"TL"_s)
                 return code.toUpper();
             return std::nullopt;
         };
-        editing.openPickList = [this](QLineEdit& anchor) { pickedUnder << anchor.geometry(); };
+        editing.openPickList = [this](QLineEdit& anchor, const QString& reason) {
+            pickedUnder << anchor.geometry();
+            reasons << reason;
+        };
         editing.saveRow = [this](int row) {
             saved << row;
             if (failing)
@@ -80,7 +86,9 @@ public:
     QList<int> saved;
     QList<int> deleted;
     QList<QRect> pickedUnder;
+    QStringList reasons;
     bool failing = false;
+    bool conflicting = false;
 };
 
 } // namespace
@@ -176,6 +184,7 @@ TEST(CellEditor, StoresOnlyListedCodes) {
     EXPECT_EQ(host.CmdLov().geometry().topLeft(), host.Cell().topRight() + QPoint(1, 0));
     Keys(u"zz⏎"_s);
     EXPECT_EQ(host.pickedUnder, QList<QRect>{host.Cell()}) << "an unknown code opens the pick list";
+    EXPECT_EQ(host.reasons, QStringList{u"Kode zz tidak dikenal."_s});
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"A"_s);
     host.editor->TakePicked(u"tl"_s);
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s) << "as the table writes it";
@@ -186,6 +195,9 @@ TEST(CellEditor, StoresOnlyListedCodes) {
     Keys(u"a⏎"_s);
     EXPECT_EQ(host.dialogs.texts.size(), 1);
     EXPECT_EQ(host.Text1().text(), u"a"_s) << "what was typed stays when the check fails";
+    host.conflicting = true;
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_TRUE(host.Text1().isHidden()) << "but for a conflict, whose row is to be seen";
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s);
 }
 
@@ -197,7 +209,7 @@ TEST(CellEditor, ShowsTheListOnItsColumnsOnlyAndShowsWhatWasPickedThere) {
     host.Go(0, Host::Picked);
     EXPECT_TRUE(host.CmdLov().isVisible());
     KeyboardUser::Press(Qt::Key_Down, Qt::AltModifier);
-    EXPECT_EQ(host.pickedUnder.size(), 1);
+    EXPECT_EQ(host.reasons, QStringList{QString()}) << "asked for";
     host.editor->TakePicked(u"TL"_s);
     EXPECT_EQ(host.Text1().text(), u"TL"_s);
     EXPECT_EQ(host.sheet.Text(0, Host::Picked), QString()) << "not before it is entered";

@@ -68,7 +68,10 @@ TEST(TextViewer, ShowsTheFileAsItStandsAndStaysWhenTheWindowBelowIsLeft) {
     const auto& text = Part<QPlainTextEdit>(*viewer, "text");
     EXPECT_EQ(text.toPlainText(), u"ABSENSI HARIAN\n|Mü      |\n|--------|\n"_s);
     EXPECT_TRUE(text.isReadOnly());
-    EXPECT_TRUE(text.font().fixedPitch() || QFontInfo(text.font()).fixedPitch());
+    const QFontMetrics metrics(text.font());
+    for (const QString& letters : {u"iiii"_s, u"WWWW"_s, u"|-.|"_s})
+        EXPECT_EQ(metrics.horizontalAdvance(letters), metrics.horizontalAdvance(u"0000"_s))
+            << "columns stand in line";
     viewer->activateWindow();
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return viewer->isActiveWindow(); }));
     KeyboardUser::Press(Qt::Key_Escape);

@@ -70,6 +70,27 @@ TEST(PickList, TypingFiltersKeysWalkEnterTakesTheRowAndEscapeNothing) {
     EXPECT_EQ(open.picked.value(u"Nama"_s).toString(), u"Genap 2"_s);
 }
 
+TEST(PickList, OpenedByItselfItSaysWhyAndTakesNothingUntilARowIsChosen) {
+    OpenList open;
+    open.list->Reason = u"Kode XX tidak dikenal."_s;
+    for (const auto& [keys, picked] : {std::pair{u"⏎"_s, u""_s},
+                                       {u"g⌫⏎"_s, u""_s},
+                                       {u" ⏎"_s, u""_s},
+                                       {u"genap⏎"_s, u"102"_s},
+                                       {u"↓⏎"_s, u"101"_s},
+                                       {u"↑⏎"_s, u"101"_s}}) {
+        open.closed = 0;
+        open.Show();
+        const auto& reason = Part<QLabel>(*open.list, "lblReason");
+        EXPECT_TRUE(reason.isVisible());
+        EXPECT_EQ(reason.text(), open.list->Reason);
+        Keys(keys);
+        EXPECT_EQ(open.closed, picked.isEmpty() ? 0 : 1) << keys.toStdString();
+        KeyboardUser::Press(Qt::Key_Escape);
+        EXPECT_EQ(open.picked.value(u"NIP"_s).toString(), picked) << keys.toStdString();
+    }
+}
+
 TEST(PickList, AFailingQueryOrAnotherConnectionSelectsNothing) {
     OpenList open;
     open.list->SqlText = u"select Tiada from Employee"_s;

@@ -1,0 +1,101 @@
+#include "cards/card_computation.h"
+
+#include "cards/card_store.h"
+#include "compute/shift_resolution.h"
+#include "database/statement.h"
+
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Large enough that a transaction's own cost does not show, small enough that other desks hardly wait.
+constexpr qsizetype BatchSize = 500;
+
+using Reasons = QHash<QString, ProgramError>;
+
+std::vector<ShiftRow> ReadShifts(Connection& connection) {
+    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
+    std::vector<ShiftRow> shifts;
+    while (rows.Next())
+        shifts.push_back({rows.Text(0), rows.Time(1), rows.Time(2)});
+    return shifts;
+}
+
+CardResult Compute(const ComputableCard& card, const std::vector<ShiftRow>& shifts) {
+    const QString shiftCode = modAbsen::ResolveShift(card.rosterCode, card.timeIn, shifts);
+    // No statement may carry a quote in a value: such a number or code finds no employee and no shift.
+    Quoted(card.nip);
+    Quoted(shiftCode);
+    return ComputeCard({card.status,
+                        card.timeIn,
+                        card.timeOut,
+                        card.mealGranted,
+                        shiftCode,
+                        modAbsen::HoursOfShift(shifts, shiftCode),
+                        {Money::FromField(card.basicPay), HourlyRate::FromField(card.overtimeRate),
+                         Money::FromField(card.mealAllowance), card.employeeType}});
+}
+
+/// What became of a batch: the identifiers of the computed cards, and why the others were not.
+struct Batch {
+    QSet<QString> computed;
+    Reasons failed;
+};
+
+Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
+    return connection.InTransaction([&] {
+        const CardStore store(connection);
+        const std::vector<ShiftRow> shifts = ReadShifts(connection);
+        Batch batch;
+        std::vector<ComputedCard> results;
+        for (const ComputableCard& card : store.ReadForComputation(tcids)) {
+            try {
+                results.push_back({card.tcid, card.tanggal, Compute(card, shifts)});
+                batch.computed << card.tcid;
+            } catch (const ProgramError& reason) {
+                batch.failed.insert(card.tcid, reason);
+            }
+        }
+        store.WriteResults(results);
+        return batch;
+    });
+}
+
+void Note(const Batch& batch, const QStringList& tcids, modAbsen::ComputationReport& report) {
+    report.computed += static_cast<int>(batch.computed.size());
+    for (const QString& tcid : tcids) {
+        const auto failed = batch.failed.constFind(tcid);
+        if (failed != batch.failed.cend())
+            report.notComputed.push_back({tcid, *failed});
+        else if (!batch.computed.contains(tcid))
+            report.notComputed.push_back({tcid, {}});
+    }
+}
+
+} // namespace
+
+modAbsen::ComputationReport modAbsen::CalculateTimeCards(Connection& connection, const QStringList& tcids,
+                                                         const Progress& progress) {
+    QStringList cards = tcids;
+    cards.removeAll(QString());
+    cards.removeDuplicates();
+    ComputationReport report;
+    for (qsizetype start = 0; start < cards.size(); start += BatchSize) {
+        const QStringList batch = cards.mid(start, BatchSize);
+        Note(ComputeBatch(connection, batch), batch, report);
+        const qsizetype done = start + batch.size();
+        if (progress && !progress(done, cards.size())) {
+            report.cancelled = done < cards.size();
+            break;
+        }
+    }
+    return report;
+}
+
+std::optional<modAbsen::CardNotComputed> modAbsen::CalculateTimeCard(Connection& connection,
+                                                                     const QString& tcid) {
+    ComputationReport report = CalculateTimeCards(connection, {tcid});
+    return report.notComputed.empty() ? std::nullopt : std::optional(std::move(report.notComputed.front()));
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/progress.h"
+#include "database/connection.h"
+#include "database/database_error.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace modAbsen {
+
+/// A card that was left as it was.
+struct CardNotComputed {
+    QString tcid;
+    std::optional<ProgramError> reason; ///< nothing: it has no day row, or no header to hold the results
+};
+
+/// What became of a run over cards.
+struct ComputationReport {
+    int computed = 0;
+    std::vector<CardNotComputed> notComputed; ///< in the order given
+    bool cancelled = false;                   ///< stopped before the last card
+};
+
+/// Computes cards: resolves the shift, writes overtime period and shift code onto the day row, hours and
+/// amounts onto the header, a card's together or not at all. Of a card with several day rows the first
+/// counts. Cards are written some hundreds in a transaction; progress is told between them. A card that
+/// cannot be computed stops no other one. An identifier given twice counts once, an empty one not at all.
+/// Throws DatabaseError; the cards of the transactions before the failure stay computed.
+ComputationReport CalculateTimeCards(Connection& connection, const QStringList& tcids,
+                                     const Progress& progress = {});
+
+/// The same for one card. Nothing when it was computed, or when the identifier is empty.
+std::optional<CardNotComputed> CalculateTimeCard(Connection& connection, const QString& tcid);
+
+} // namespace modAbsen

@@ -1,0 +1,131 @@
+#include "cards/card_search.h"
+
+#include "cards/card_fields.h"
+#include "cards/card_store.h"
+#include "cards/listed_employees.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Growth = 4;
+constexpr int LargestPage = 20'000;
+
+/// Reads rows of one statement: where each column stands is looked up once.
+class FoundDays {
+public:
+    explicit FoundDays(const Cursor& rows)
+        : rows_(rows), header_(ColumnsOf(HeaderColumns)), day_(ColumnsOf(DayColumns)),
+          nama_(rows.ColumnOf(u"Nama"_s)), dept_(rows.ColumnOf(u"Dept"_s)),
+          divisi_(rows.ColumnOf(u"Divisi"_s)) {}
+
+    FoundDay Current(SharedTexts& texts) const {
+        FoundDay found{RowAt<CardHeader>(HeaderColumns, header_), RowAt<CardDay>(DayColumns, day_),
+                       texts.Of(rows_.Text(nama_)), texts.Of(rows_.Text(dept_)),
+                       texts.Of(rows_.Text(divisi_))};
+        found.header.status = texts.Of(found.header.status);
+        found.header.nip = texts.Of(found.header.nip);
+        return found;
+    }
+
+private:
+    template<class Each>
+    std::vector<int> ColumnsOf(Each each) const {
+        std::vector<int> columns;
+        each([&](QStringView name, auto) { columns.push_back(rows_.ColumnOf(name.toString())); });
+        return columns;
+    }
+
+    template<class Row, class Each>
+    Row RowAt(Each each, const std::vector<int>& columns) const {
+        auto column = columns.cbegin();
+        return RowOf<Row>(each, [&](QStringView) {
+            const int at = *column++;
+            return at < 0 ? FieldValue() : rows_.Value(at);
+        });
+    }
+
+    const Cursor& rows_;
+    std::vector<int> header_;
+    std::vector<int> day_;
+    int nama_;
+    int dept_;
+    int divisi_;
+};
+
+} // namespace
+
+/// The order of the cards costs nothing, since it is that of their key; asking for the days' order as well
+/// would make the engine read and sort the whole result for every page.
+QString CardSearch::Statement(int limit) const {
+    QString statement = u"Select * from qry_TimeCardAll  "_s + clause_;
+    if (!lastCard_.isNull())
+        statement += (clause_.isEmpty() ? u" Where "_s : u" and "_s) + u"TCID>?"_s;
+    return statement + u" ORDER BY TCID LIMIT %1"_s.arg(limit);
+}
+
+std::vector<FoundDay> CardSearch::Read(Connection& connection, int limit) {
+    Cursor rows =
+        connection.Query(Statement(limit), lastCard_.isNull() ? QVariantList{} : QVariantList{lastCard_});
+    const FoundDays found(rows);
+    std::vector<FoundDay> page;
+    while (rows.Next())
+        page.push_back(found.Current(texts_));
+    return page;
+}
+
+std::vector<FoundDay> CardSearch::Next(Connection& connection) {
+    std::vector<FoundDay> page;
+    for (int limit = pageSize_;; limit *= 2) {
+        page = Read(connection, limit);
+        if (page.size() < static_cast<size_t>(limit)) {
+            atEnd_ = true;
+            return page;
+        }
+        // The last card may have more days after the page's end: it is read again with the next page.
+        const QString cut = page.back().header.tcid;
+        while (!page.empty() && page.back().header.tcid == cut)
+            page.pop_back();
+        if (!page.empty())
+            break;
+    }
+    lastCard_ = page.back().header.tcid;
+    pageSize_ = qMin(pageSize_ * Growth, LargestPage);
+    return page;
+}
+
+QStringList CardSearch::Tcids(Connection& connection) const {
+    Cursor rows = connection.Query(u"Select TCID from qry_TimeCardAll  "_s + clause_);
+    QStringList tcids;
+    while (rows.Next())
+        tcids << rows.Text(0);
+    return tcids;
+}
+
+FoundDay AsFound(const TimeCard& card, const std::optional<CardDay>& day) {
+    FoundDay found{card.header.value_or(CardHeader()), {}, {}, {}, {}};
+    found.header.totalUangMakan.reset();
+    const CardDay* stored =
+        day ? card.DayOn(day->tanggal) : (card.days.empty() ? nullptr : &card.days.front());
+    if (stored) {
+        found.day = *stored;
+        found.day->shiftCode.clear();
+    }
+    return found;
+}
+
+std::optional<FoundDay> FindAgain(Connection& connection, const FoundDay& row) {
+    const TimeCard card = CardStore(connection).Read(row.header.tcid);
+    if (!card.header)
+        return std::nullopt;
+    FoundDay found = AsFound(card, row.day);
+    if (!found.day)
+        found = AsFound(card, {});
+    const auto employees = ReadListedEmployees(connection, {.nip = found.header.nip}, {});
+    if (!employees.empty()) {
+        found.nama = employees.front().nama;
+        found.dept = employees.front().dept;
+        found.divisi = employees.front().divisi;
+    }
+    return found;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "cards/time_card.h"
+#include "core/shared_texts.h"
+#include "database/connection.h"
+
+#include <QStringList>
+
+/// What a search finds: a card, one of its days and the employee. What the search does not read is absent:
+/// the shift code and the total of the meal allowance.
+struct FoundDay {
+    CardHeader header;
+    std::optional<CardDay> day; ///< nothing: the card has no such day
+    QString nama;
+    QString dept;
+    QString divisi;
+
+    bool operator==(const FoundDay&) const = default;
+};
+
+/// The result of a search, read page by page in the order of the cards. Each page is a statement of its own
+/// that goes on after the last card of the page before it: a statement left open between two pages would
+/// keep every other desk from writing. Pages grow, so that a large result takes few of them.
+class CardSearch {
+public:
+    CardSearch() = default;
+    /// The clause follows the search's statement (search_criteria); "" finds all.
+    explicit CardSearch(const QString& whereClause) : clause_(whereClause), atEnd_(false) {}
+
+    bool AtEnd() const { return atEnd_; }
+    /// The next rows; a card's days always come in one page. Throws DatabaseError, and may be asked again
+    /// then.
+    std::vector<FoundDay> Next(Connection& connection);
+
+    /// The identifiers of all cards of the result, read in one statement.
+    QStringList Tcids(Connection& connection) const;
+
+private:
+    QString Statement(int limit) const;
+    std::vector<FoundDay> Read(Connection& connection, int limit);
+
+    QString clause_;
+    QString lastCard_;
+    int pageSize_ = 200;
+    bool atEnd_ = true;
+    SharedTexts texts_;
+};
+
+/// The row's card as it stands, with the day that the row shows or else the card's first; nothing when the
+/// card is gone. Throws DatabaseError.
+std::optional<FoundDay> FindAgain(Connection& connection, const FoundDay& row);
+
+/// The card reduced to what a search reads, with the day of that date, or without one its first.
+FoundDay AsFound(const TimeCard& card, const std::optional<CardDay>& day);

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "cards/time_card.h"
+#include "compute/time_card_rules.h"
+#include "database/connection.h"
+
+#include <QStringList>
+
+#include <functional>
+
+/// What the computation reads of a card, its first day, its employee and the roster. What the employee is
+/// paid by is null where there is no employee.
+struct ComputableCard {
+    QString tcid;
+    QString nip;
+    QString status;
+    Day tanggal{};
+    std::optional<WallTime> timeIn;
+    std::optional<WallTime> timeOut;
+    bool mealGranted = false;
+    QString rosterCode; ///< empty when the roster says nothing of the day
+    FieldValue basicPay;
+    FieldValue overtimeRate;
+    FieldValue mealAllowance;
+    QString employeeType;
+};
+
+/// What the computation found for a card.
+struct ComputedCard {
+    QString tcid;
+    Day tanggal{};
+    CardResult result;
+};
+
+/// The one way to a time card: reads and writes header and days. All functions throw DatabaseError.
+class CardStore {
+public:
+    explicit CardStore(Connection& connection) : connection_(connection) {}
+
+    /// The card as it stands; empty when there is none.
+    TimeCard Read(const QString& tcid) const;
+
+    /// Reads the card, lets `change` alter it, and writes what was altered, as one transaction. Days are told
+    /// apart by their place: `change` may alter and append days, not remove them. What it throws leaves the
+    /// card as it was; it may be called again. Returns the card as it stands then.
+    TimeCard Change(const QString& tcid, const std::function<void(TimeCard&)>& change) const;
+
+    /// Deletes the card's days, or one of them, and leaves its header. `check` sees the card first; what it
+    /// throws leaves the card as it was.
+    void DeleteDays(const QString& tcid, const std::function<void(const TimeCard&)>& check,
+                    std::optional<Day> only = {}) const;
+
+    /// Adds cards that are not there yet, in few statements.
+    void Insert(const std::vector<TimeCard>& cards) const;
+
+    /// The cards that have a header and a day, ordered by identifier, in one statement.
+    std::vector<ComputableCard> ReadForComputation(const QStringList& tcids) const;
+    /// Writes what was computed, in two statements run for each card. Part of the caller's transaction.
+    void WriteResults(const std::vector<ComputedCard>& cards) const;
+
+    /// How many days of cards name one of these shift codes.
+    int CountDaysOfShift(const QStringList& codes) const;
+
+private:
+    Connection& connection_;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "cards/card_lines.h"
+
+#include <vector>
+
+/// An employee as lists and reports name one.
+struct ListedEmployee {
+    QString nip;
+    QString nama;
+    QString dept;
+    QString divisi;
+};
+
+/// The employees whom the filter asks for, whether or not they have cards, in the order of the columns of
+/// Employee ("Dept, Nama"); without any, in the table's own. Throws DatabaseError.
+std::vector<ListedEmployee> ReadListedEmployees(Connection& connection, const CardFilter& filter,
+                                                const QString& order);

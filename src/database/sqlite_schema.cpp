@@ -1,0 +1,169 @@
+#include "database/sqlite_schema.h"
+
+#include "database/sqlite_engine.h"
+
+#include <QDir>
+#include <QFile>
+#include <QScopeGuard>
+#include <QUuid>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Marks a file as a database of this program: "TATD".
+constexpr int ApplicationId = 0x54415444;
+constexpr int CopyNumber = 90003;
+
+/// The modifier makes the engine work the date out anew: without it, some of its versions give 30 February
+/// and 24:00:00 back as they are.
+QString Checked(QStringView column, QStringView form) {
+    return u"%1 TEXT CHECK (%1 IS %2(%1,'+0 days'))"_s.arg(column, form);
+}
+
+QString DayColumn(QStringView column) {
+    return Checked(column, u"date");
+}
+
+QString TimeColumn(QStringView column) {
+    return Checked(column, u"datetime");
+}
+
+QString FlagColumn(QStringView column) {
+    return u"%1 BOOLEAN CHECK (%1 IN (0,1))"_s.arg(column);
+}
+
+/// Keys lead the rows (WITHOUT ROWID), since nearly every look-up is by key. The indexes on the first 9 and
+/// 11 characters of TCID serve the search for a sheet's date, those on year and month the roster of a month;
+/// they hold the very expressions that the translated statements use.
+QStringList FirstStep() {
+    return {
+        u"CREATE TABLE timecardmaster (TCID TEXT NOT NULL PRIMARY KEY, Status SMALLINT) WITHOUT ROWID"_s,
+        u"CREATE TABLE TimeCardHeader (TCID TEXT NOT NULL PRIMARY KEY, NIP TEXT, Status TEXT, Keterangan "
+        u"TEXT, "
+        "NormalHours SINGLE, OTHours SINGLE, NormalAmount CURRENCY, OTAmount CURRENCY, "
+        "TotalUangMakan CURRENCY) WITHOUT ROWID"_s,
+        u"CREATE INDEX TimeCardHeaderNIP ON TimeCardHeader (NIP)"_s,
+        u"CREATE TABLE TimeCardDetail (TCID TEXT NOT NULL, %1 NOT NULL, %2, %3, %4, %5, ShiftCode TEXT, %6, "
+        "PRIMARY KEY (TCID, Tanggal)) WITHOUT ROWID"_s.arg(
+            DayColumn(u"Tanggal"), TimeColumn(u"TimeIN"), TimeColumn(u"TimeOUT"), TimeColumn(u"TimeINOT"),
+            TimeColumn(u"TimeOutOT"), FlagColumn(u"BeriUangMakan")),
+        u"CREATE INDEX TimeCardDetailTanggal ON TimeCardDetail (Tanggal)"_s,
+        u"CREATE INDEX TimeCardDetailSheet ON TimeCardDetail (substr(TCID,1,9))"_s,
+        u"CREATE INDEX TimeCardDetailExtendedSheet ON TimeCardDetail (substr(TCID,1,11))"_s,
+        u"CREATE TABLE Employee (NIP TEXT NOT NULL PRIMARY KEY, Nama TEXT, Dept TEXT, Divisi TEXT, PathImage "
+        u"TEXT, "
+        "GP CURRENCY, RateOT DOUBLE, TMakan DOUBLE, EmpType TEXT, sc NUMBER) WITHOUT ROWID"_s,
+        u"CREATE TABLE Shift (Code TEXT NOT NULL PRIMARY KEY, %1, %2) WITHOUT ROWID"_s.arg(
+            TimeColumn(u"TimeIn"), TimeColumn(u"TimeOut")),
+        u"CREATE TABLE ShiftEmployee (NIP TEXT NOT NULL, %1 NOT NULL, ShiftCode TEXT, "
+        "PRIMARY KEY (NIP, Tgl)) WITHOUT ROWID"_s.arg(DayColumn(u"Tgl")),
+        u"CREATE INDEX ShiftEmployeeMonth ON ShiftEmployee "
+        "(CAST(substr(Tgl,1,4) AS INTEGER), CAST(substr(Tgl,6,2) AS INTEGER))"_s,
+        u"CREATE TABLE [Employee Status] (ID INTEGER, Status TEXT NOT NULL PRIMARY KEY, Description TEXT) "
+        "WITHOUT ROWID"_s,
+        u"CREATE TABLE AbsenTipe (Kode TEXT NOT NULL PRIMARY KEY, Keterangan TEXT) WITHOUT ROWID"_s,
+        u"CREATE TABLE Division (DivKode TEXT NOT NULL PRIMARY KEY, DivName TEXT) WITHOUT ROWID"_s,
+        u"CREATE TABLE Departments (DeptCode TEXT NOT NULL PRIMARY KEY, DeptName TEXT, "
+        "[Dept Code] TEXT GENERATED ALWAYS AS (DeptCode) VIRTUAL, "
+        "[Dept Name] TEXT GENERATED ALWAYS AS (DeptName) VIRTUAL) WITHOUT ROWID"_s,
+        u"CREATE TABLE [User] (UserID TEXT NOT NULL PRIMARY KEY, Password TEXT) WITHOUT ROWID"_s,
+        u"CREATE TABLE User_Job (UserID TEXT NOT NULL, GroupID TEXT NOT NULL, PRIMARY KEY (UserID, GroupID)) "
+        "WITHOUT ROWID"_s,
+        u"CREATE VIEW qry_TimeCardAll AS SELECT h.Status, h.NIP, e.Nama, h.Keterangan, e.Dept, h.TCID, "
+        u"e.Divisi, "
+        "d.Tanggal, d.TimeIN, d.TimeOUT, d.TimeINOT, d.TimeOutOT, d.BeriUangMakan, h.NormalHours, h.OTHours, "
+        "h.NormalAmount, h.OTAmount FROM TimeCardHeader h INNER JOIN TimeCardDetail d ON h.TCID=d.TCID "
+        "INNER JOIN Employee e ON h.NIP=e.NIP"_s,
+    };
+}
+
+/// The names of the tables, or of the views, and "table.column" for each of their columns.
+QString NamesQuery(QStringView kind) {
+    return u"SELECT lower(m.name), lower(m.name)||'.'||lower(c.name) FROM sqlite_master m "
+           "JOIN pragma_table_xinfo(m.name) c WHERE m.type='%1'"_s.arg(kind);
+}
+
+QSet<QString> NamesIn(Connection& connection, QStringView kind) {
+    QSet<QString> found;
+    Cursor rows = connection.QueryNative(NamesQuery(kind));
+    while (rows.Next())
+        found << rows.Text(0) << rows.Text(1);
+    return found;
+}
+
+void Run(QSqlQuery& query, const QString& statement) {
+    if (!query.exec(statement))
+        throw DatabaseError(SqliteEngine().Describe(query.lastError()));
+}
+
+SchemaNames NamesInMemoryAfter(std::span<const SchemaStep> steps, const QString& connectionName) {
+    QSqlDatabase memory = QSqlDatabase::addDatabase(u"QSQLITE"_s, connectionName);
+    memory.setDatabaseName(u":memory:"_s);
+    if (!memory.open())
+        throw DatabaseError(SqliteEngine().Describe(memory.lastError()));
+    QSqlQuery query(memory);
+    for (const SchemaStep& step : steps) {
+        for (const QString& statement : step.statements)
+            Run(query, statement);
+    }
+    const auto names = [&query](QStringView kind) {
+        QSet<QString> found;
+        Run(query, NamesQuery(kind));
+        while (query.next())
+            found << query.value(0).toString() << query.value(1).toString();
+        return found;
+    };
+    return {names(u"table"), names(u"view")};
+}
+
+} // namespace
+
+std::span<const SchemaStep> SqliteSchema::Steps() const {
+    static const SchemaStep steps[] = {{1, FirstStep()}};
+    return steps;
+}
+
+std::optional<int> SqliteSchema::VersionOf(Connection& connection) const {
+    Cursor rows = connection.QueryNative(
+        u"SELECT user_version, application_id FROM pragma_user_version, pragma_application_id"_s);
+    if (!rows.Next() || rows.Value(1).Number() != ApplicationId)
+        return std::nullopt;
+    return static_cast<int>(rows.Value(0).Number());
+}
+
+void SqliteSchema::SetVersion(Connection& connection, int version) const {
+    connection.ExecuteNative(u"PRAGMA user_version=%1"_s.arg(version));
+    connection.ExecuteNative(u"PRAGMA application_id=%1"_s.arg(ApplicationId));
+}
+
+/// The engine makes the copy, so that it is whole even while other desks write. It gets its name only once it
+/// is complete; when another desk was quicker, that desk's copy stays.
+void SqliteSchema::CopyAside(Connection& connection, int version) const {
+    const QString copy = connection.FileName() + u".v"_s + QString::number(version);
+    if (QFile::exists(copy))
+        return;
+    const QString unfinished = copy + u'.' + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    const auto removeUnfinished = qScopeGuard([&] { QFile::remove(unfinished); });
+    connection.ExecuteNative(u"VACUUM INTO '"_s + QString(unfinished).replace(u'\'', u"''"_s) + u'\'');
+    if (!QFile::rename(unfinished, copy) && !QFile::exists(copy)) {
+        const QString file = QDir::toNativeSeparators(copy);
+        throw DatabaseError(ErrorKind::CopyNotMade, CopyNumber, u"the copy %1 cannot be made"_s.arg(file),
+                            {file});
+    }
+}
+
+QSet<QString> SqliteSchema::TablesIn(Connection& connection) const {
+    return NamesIn(connection, u"table");
+}
+
+QSet<QString> SqliteSchema::ViewsIn(Connection& connection) const {
+    return NamesIn(connection, u"view");
+}
+
+/// Read off a fresh database in memory: the steps are the only description of what a version holds.
+SchemaNames SqliteSchema::NamesAfter(std::span<const SchemaStep> steps) const {
+    const QString name = QUuid::createUuid().toString();
+    const auto forget = qScopeGuard([&name] { QSqlDatabase::removeDatabase(name); });
+    return NamesInMemoryAfter(steps, name);
+}

@@ -1,0 +1,46 @@
+#include "reports/attendance_rows.h"
+
+#include "reports/report_cells.h"
+
+namespace {
+
+qint16 MinuteOf(const std::optional<WallTime>& time) {
+    using std::chrono::floor;
+    using std::chrono::minutes;
+    return time ? static_cast<qint16>(floor<minutes>(TimeOfDay(*time)).count()) : qint16{-1};
+}
+
+} // namespace
+
+quint32 AttendanceRows::Texts::NumberOf(const QString& text) {
+    if (!texts_.empty() && texts_[last_] == text)
+        return last_;
+    const auto known = numbers_.constFind(text);
+    last_ = known != numbers_.cend() ? *known : static_cast<quint32>(texts_.size());
+    if (known == numbers_.cend()) {
+        numbers_.insert(text, last_);
+        texts_.push_back(text);
+    }
+    return last_;
+}
+
+bool AttendanceRows::Read(Connection& connection, const CardFilter& filter,
+                          const std::vector<ListedEmployee>& employees, const Progress& progress) {
+    QHash<QString, size_t> places;
+    for (size_t i = 0; i < employees.size(); ++i)
+        places.insert(employees[i].nip, i);
+    rows_.assign(employees.size(), {});
+    qsizetype read = 0;
+    return EachCardLine(connection, filter, WithIdentifier::No, [&](const CardLine& line) {
+        if (const auto place = places.constFind(line.nip); place != places.cend())
+            rows_[*place].push_back({line.day, MinuteOf(line.timeIn), MinuteOf(line.timeOut),
+                                     statuses_.NumberOf(line.status), remarks_.NumberOf(line.keterangan)});
+        return ShouldContinue(progress, read++, 0);
+    });
+}
+
+void AttendanceRows::AppendCells(QString& line, const Row& row) const {
+    AppendTimeCell(line, row.minuteIn);
+    AppendTimeCell(line, row.minuteOut);
+    AppendStatusAndRemark(line, statuses_.Text(row.status), remarks_.Text(row.remark), remarkWidth_);
+}
