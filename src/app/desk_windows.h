@@ -8,7 +8,7 @@
 #include <functional>
 #include <memory>
 
-/// The main window and the windows that open from it, tied together.
+/// Makes the main window and the windows that open from it, and gives each what it needs of the others.
 class DeskWindows {
 public:
     DeskWindows(Program& program, b_form_skin::Backgrounds& skin,

@@ -7,6 +7,9 @@
 #include <optional>
 #include <vector>
 
+/// What messages call a time card.
+inline constexpr QStringView CardThing = u"kartu absen";
+
 /// What a time card says as a whole. A null text and an absent number were never stored. Hours are in
 /// hours-dot-minutes notation, amounts in the currency.
 struct CardHeader {

@@ -10,7 +10,6 @@ namespace {
 
 /// The number of the error "duplicate value in an index".
 constexpr int CardElsewhereError = 3022;
-const QString Cards = u"kartu absen"_s;
 
 /// What the card says of the employee's day; nothing when header or day is missing, or when the card is
 /// another employee's now.
@@ -41,7 +40,7 @@ void MakeCard(TimeCard& card, const ShownDayRow& row, const QString& tcid) {
 void RequireShown(const TimeCard& card, const ShownDayRow& row, const QString& newStatus) {
     const std::optional<AttendanceRecord> stored = RecordOn(card, row);
     if (!stored || (stored->status != row.record->status && stored->status != newStatus))
-        throw ConflictError(Cards);
+        throw ConflictError(CardThing.toString());
 }
 
 QString Span(QStringView what, const std::optional<WallTime>& from, const std::optional<WallTime>& to) {
@@ -73,7 +72,8 @@ AttendanceRecord SaveDayStatus(Connection& connection, const ShownDayRow& row, c
         if (row.record)
             RequireShown(card, row, status);
         else if (AttendanceOn(connection, row.nip, row.day))
-            throw ConflictError(Cards); // another desk was quicker, perhaps on an extended sheet
+            throw ConflictError(
+                CardThing.toString()); // another desk was quicker, perhaps on an extended sheet
         else
             MakeCard(card, row, tcid);
         card.header->status = status;
@@ -90,7 +90,7 @@ void DeleteCardDays(Connection& connection, const ShownDayRow& row, const QStrin
         return;
     CardStore(connection).DeleteDays(row.record->tcid, [&](const TimeCard& card) {
         if (RecordOn(card, row) != row.record || HiddenOn(card, row) != told)
-            throw ConflictError(Cards);
+            throw ConflictError(CardThing.toString());
     });
 }
 

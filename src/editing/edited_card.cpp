@@ -70,7 +70,7 @@ bool EditedCard::Save(const CardFields& fields) {
         return false;
     read_ = CardStore(connection_).Change(tcid_, [&](TimeCard& card) {
         if (card != read_)
-            throw ConflictError(u"TimeCardHeader"_s);
+            throw ConflictError(CardThing.toString());
         FillHeader(card.HeaderOf(tcid_, nip_), fields);
         FillDay(card.FirstDay(fields.tanggal), fields);
     });

@@ -19,7 +19,7 @@ constexpr int UnknownEmployeeNumber = 3201;
 void RequireUnchanged(const TimeCard& card, const FoundDay& shown) {
     const FoundDay stored = AsFound(card, shown.day);
     if ((card.header && stored.header != shown.header) || stored.day != shown.day)
-        throw ConflictError(u"TimeCardDetail"_s);
+        throw ConflictError(CardThing.toString());
 }
 
 /// The texts of a row, and which of them were typed over what was shown.

@@ -1,6 +1,7 @@
 #include "tools/demo_attendance.h"
 
 #include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "tools/demo_random.h"
 
 #include <array>
@@ -12,8 +13,8 @@ namespace {
 
 enum ShiftIndex { Default, DayOff, Morning, Afternoon, Night, CrewDayOff };
 constexpr std::array<DemoShift, 6> Shifts{{
-    {u"P", 8h, 17h},
-    {u"O", 0h, 0h},
+    {ShiftCode::Default, 8h, 17h},
+    {ShiftCode::DayOff, 0h, 0h},
     {u"PAGI", 6h, 14h},
     {u"SIANG", 14h, 22h},
     {u"MALAM", 22h, 30h},
@@ -28,13 +29,13 @@ struct Outcome {
     std::array<QStringView, 3> remarks;
 };
 constexpr std::array<Outcome, 7> Outcomes{{
-    {20, u"S", {u"Surat dokter", u"Demam", u"Rawat inap"}},
-    {12, u"I", {u"Urusan keluarga", u"Mengurus SIM", u"Anak sakit"}},
-    {18, u"C", {u"Cuti tahunan", u"Cuti tahunan", u"Cuti menikah"}},
-    {16, u"PC", {u"Sakit kepala", u"Urusan keluarga", u"Ijin atasan"}},
-    {16, u"TL", {u"Ke cabang Bekasi", u"Kirim barang ke pelabuhan", u"Rapat di kantor pusat"}},
-    {10, u"A", {u"", u"Tanpa kabar", u""}},
-    {4, u"IN", {u"", u"", u""}}, // forgot to clock out
+    {20, CardStatus::Sick, {u"Surat dokter", u"Demam", u"Rawat inap"}},
+    {12, CardStatus::Excused, {u"Urusan keluarga", u"Mengurus SIM", u"Anak sakit"}},
+    {18, CardStatus::OnLeave, {u"Cuti tahunan", u"Cuti tahunan", u"Cuti menikah"}},
+    {16, CardStatus::LeftEarly, {u"Sakit kepala", u"Urusan keluarga", u"Ijin atasan"}},
+    {16, CardStatus::OnDuty, {u"Ke cabang Bekasi", u"Kirim barang ke pelabuhan", u"Rapat di kantor pusat"}},
+    {10, CardStatus::Absent, {u"", u"Tanpa kabar", u""}},
+    {4, CardStatus::In, {u"", u"", u""}}, // forgot to clock out
 }};
 /// Days without a card at all.
 constexpr int AwayPerMille = 8;
@@ -111,7 +112,7 @@ private:
         const bool isSaturday = weekday{day_} == Saturday;
         if (employee_.plan != WorkPlan::Office || !isSaturday || !random_.Chance(SaturdayWorkPerMille))
             return;
-        DemoCard& card = Add(u"OUT", u"Lembur hari Sabtu"_s);
+        DemoCard& card = Add(CardStatus::Out, u"Lembur hari Sabtu"_s);
         card.timeIn = day_ + 8h + SomeMinutes(random_, 0, 20);
         card.timeOut = day_ + 12h + SomeMinutes(random_, 0, 90);
     }
@@ -120,19 +121,19 @@ private:
         const auto remark = static_cast<size_t>(random_.Between(0, 2));
         DemoCard& card = Add(outcome.status, outcome.remarks[remark].toString());
         const Seconds arrival = ArrivalOf(employee_, shift_, random_);
-        if (outcome.status == QStringView(u"IN")) {
+        if (outcome.status == CardStatus::In) {
             card.timeIn = day_ + arrival;
-        } else if (outcome.status == QStringView(u"PC")) {
+        } else if (outcome.status == CardStatus::LeftEarly) {
             card.timeIn = day_ + arrival;
             card.timeOut = day_ + shift_.end - SomeMinutes(random_, 60, 200);
-        } else if (outcome.status == QStringView(u"TL") && random_.Chance(500)) {
+        } else if (outcome.status == CardStatus::OnDuty && random_.Chance(500)) {
             card.timeIn = day_ + arrival;
             card.timeOut = day_ + shift_.end - SomeMinutes(random_, 0, 30);
         }
     }
 
     void WorkAsPlanned() {
-        DemoCard& card = Add(u"OUT", {});
+        DemoCard& card = Add(CardStatus::Out, {});
         card.timeIn = day_ + ArrivalOf(employee_, shift_, random_);
         // Who works until ten in the evening is not kept into the night.
         if (shift_.code != Shifts[Afternoon].code && random_.Chance(OvertimePerMille)) {
@@ -148,7 +149,7 @@ private:
     }
 
     void ComeBackInTheEvening() {
-        DemoCard& card = Add(u"OUT", u"Dipanggil kembali"_s, u"1"_s);
+        DemoCard& card = Add(CardStatus::Out, u"Dipanggil kembali"_s, u"1"_s);
         card.timeIn = day_ + 19h + SomeMinutes(random_, 0, 30);
         card.timeOut = day_ + 21h + SomeMinutes(random_, 0, 90);
     }

@@ -2,6 +2,7 @@
 
 #include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "timecard/sheet_lifecycle.h"
 #include "tools/demo_attendance.h"
 #include "tools/demo_photos.h"
@@ -55,14 +56,15 @@ constexpr CodeAndText Divisions[] = {
     {u"G", u"Gudang"}, {u"K", u"Kantor"}, {u"T", u"Teknik"},
 };
 constexpr CodeAndText Statuses[] = {
-    {u"IN", u"Masuk"},      {u"OUT", u"Keluar"},
-    {u"A", u"Tidak hadir"}, {u"S", u"Sakit"},
-    {u"I", u"Izin"},        {u"C", u"Cuti"},
-    {u"L", u"Libur"},       {u"PC", u"Pulang cepat"},
-    {u"TL", u"Tugas luar"}, {u"KI", u"Keluar istirahat"},
+    {CardStatus::In, u"Masuk"},           {CardStatus::Out, u"Keluar"},
+    {CardStatus::Absent, u"Tidak hadir"}, {CardStatus::Sick, u"Sakit"},
+    {CardStatus::Excused, u"Izin"},       {CardStatus::OnLeave, u"Cuti"},
+    {CardStatus::Holiday, u"Libur"},      {CardStatus::LeftEarly, u"Pulang cepat"},
+    {CardStatus::OnDuty, u"Tugas luar"},  {CardStatus::OnBreak, u"Keluar istirahat"},
 };
 constexpr CodeAndText AbsenceTypes[] = {
-    {u"A", u"Alpa"}, {u"C", u"Cuti"}, {u"I", u"Izin"}, {u"L", u"Libur"}, {u"S", u"Sakit"},
+    {CardStatus::Absent, u"Alpa"},   {CardStatus::OnLeave, u"Cuti"}, {CardStatus::Excused, u"Izin"},
+    {CardStatus::Holiday, u"Libur"}, {CardStatus::Sick, u"Sakit"},
 };
 
 void WriteCodes(Connection& connection, const QString& insert, std::span<const CodeAndText> codes) {

@@ -1,5 +1,6 @@
 #include "tools/demo_staff.h"
 
+#include "core/status_codes.h"
 #include "tools/demo_random.h"
 
 #include <algorithm>
@@ -36,16 +37,16 @@ struct Post {
     int mealAllowance;
 };
 constexpr std::array<Post, 10> Posts{{
-    {u"PROD", u"A", u"HRN", WorkPlan::Crew, 0, 150'000, 195'000, 5'000, 15'000},
+    {u"PROD", u"A", PayType::Daily, WorkPlan::Crew, 0, 150'000, 195'000, 5'000, 15'000},
     {u"ADM", u"K", u"BLN", WorkPlan::Office, 0, 4'800'000, 7'500'000, 50'000, 20'000},
-    {u"PROD", u"B", u"HRN", WorkPlan::Crew, 1, 150'000, 195'000, 5'000, 15'000},
-    {u"GUD", u"G", u"HRN", WorkPlan::Warehouse, 0, 145'000, 180'000, 5'000, 15'000},
-    {u"PROD", u"C", u"HRN", WorkPlan::Crew, 2, 150'000, 195'000, 5'000, 15'000},
+    {u"PROD", u"B", PayType::Daily, WorkPlan::Crew, 1, 150'000, 195'000, 5'000, 15'000},
+    {u"GUD", u"G", PayType::Daily, WorkPlan::Warehouse, 0, 145'000, 180'000, 5'000, 15'000},
+    {u"PROD", u"C", PayType::Daily, WorkPlan::Crew, 2, 150'000, 195'000, 5'000, 15'000},
     {u"KEU", u"K", u"BLN", WorkPlan::Office, 0, 5'500'000, 9'000'000, 50'000, 20'000},
     {u"QC", u"K", u"BLN", WorkPlan::Office, 0, 5'000'000, 7'000'000, 50'000, 20'000},
-    {u"PROD", u"A", u"HRN", WorkPlan::Crew, 0, 150'000, 195'000, 5'000, 15'000},
+    {u"PROD", u"A", PayType::Daily, WorkPlan::Crew, 0, 150'000, 195'000, 5'000, 15'000},
     {u"MNT", u"T", u"BLN", WorkPlan::Crew, 1, 4'900'000, 6'800'000, 50'000, 17'500},
-    {u"GUD", u"G", u"HRN", WorkPlan::Warehouse, 0, 145'000, 180'000, 5'000, 15'000},
+    {u"GUD", u"G", PayType::Daily, WorkPlan::Warehouse, 0, 145'000, 180'000, 5'000, 15'000},
 }};
 
 /// Hours of work that a day's pay and a month's pay are divided by for the overtime rate.
@@ -97,7 +98,7 @@ DemoEmployee EmployeeAt(int index, int digits) {
     DemoRandom random(static_cast<std::uint64_t>(employee.number));
     const int pay =
         post.leastPay + post.payStep * random.Between(0, (post.mostPay - post.leastPay) / post.payStep);
-    const double hours = post.empType == QStringView(u"HRN") ? HoursPerDay : HoursPerMonth;
+    const double hours = post.empType == PayType::Daily ? HoursPerDay : HoursPerMonth;
     employee.gp = pay;
     employee.rateOT = static_cast<double>(static_cast<int>(pay / hours / 100) * 100);
     employee.tMakan = post.mealAllowance;

@@ -8,8 +8,8 @@
 #include <functional>
 #include <list>
 
-/// Someone at the keyboard: presses keys in the window that is in front, and knows what to do in windows that
-/// open later, while the program waits in them.
+/// Types for the tour and the tests: presses keys in the window that is in front, and keeps what to do in
+/// windows that open later, while the program waits in them.
 class KeyboardUser : public QObject {
 public:
     using Action = std::function<void(QWidget&)>;

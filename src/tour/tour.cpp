@@ -1,9 +1,12 @@
 #include "tour/tour.h"
 
+#include "cards/card_fields.h"
+#include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
 #include "shell/frmLogin.h"
 #include "timecard/clock_recording.h"
+#include "timecard/sheet_lifecycle.h"
 #include "ui/text_viewer.h"
 
 #include <QApplication>
@@ -22,6 +25,15 @@ const QString Employee = u"0007"_s;
 
 void Print(const QString& line) {
     QTextStream(stdout) << line << Qt::endl;
+}
+
+template<class Row, class Each>
+QString FieldsOf(const Row& row, Each each) {
+    QStringList fields;
+    each([&](QStringView name, auto member) {
+        fields << name.toString() + u'=' + Stored(row.*member).Text();
+    });
+    return fields.join(u"  "_s);
 }
 
 } // namespace
@@ -215,26 +227,12 @@ void Tour::Expect(bool condition, const QString& what) {
 }
 
 void Tour::PrintRows() {
-    const QString card = CardIdentifier(SheetIdentifierOf(DayOf(clock_.now)), Employee);
-    const QString statements[] = {
-        u"select TCID, NIP, Status, NormalHours, OTHours, NormalAmount, OTAmount, TotalUangMakan from TimeCardHeader where TCID='%1'"_s
-            .arg(card),
-        u"select TCID, Tanggal, TimeIN, TimeOUT, BeriUangMakan from TimeCardDetail where TCID='%1'"_s.arg(
-            card),
-        u"select TCID, Status from timecardmaster where TCID='%1'"_s.arg(
-            SheetIdentifierOf(DayOf(clock_.now))),
-    };
-    for (const QString& statement : statements) {
-        Cursor rows = program_.Db().Query(statement);
-        const QStringList columns = rows.ColumnNames();
-        bool found = false;
-        while (rows.Next()) {
-            found = true;
-            QStringList fields;
-            for (int i = 0; i < columns.size(); ++i)
-                fields << columns[i] + u'=' + rows.Text(i);
-            Print(fields.join(u"  "_s));
-        }
-        Expect(found, u"no row: "_s + statement);
-    }
+    const QString sheet = SheetIdentifierOf(DayOf(clock_.now));
+    const TimeCard card = CardStore(program_.Db()).Read(CardIdentifier(sheet, Employee));
+    Expect(card.header && card.days.size() == 1, u"no card with one day on sheet "_s + sheet);
+    if (card.header)
+        Print(FieldsOf(*card.header, HeaderColumns));
+    for (const CardDay& day : card.days)
+        Print(FieldsOf(day, DayColumns));
+    Print(u"sheet %1 is %2"_s.arg(sheet, IsSheetClosed(program_.Db(), sheet) ? u"closed"_s : u"open"_s));
 }

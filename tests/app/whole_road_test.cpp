@@ -1,10 +1,8 @@
 #include "app/desk_windows.h"
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QApplication>
 #include <QRegularExpression>
-#include <QTableView>
 
 using namespace Qt::StringLiterals;
 
@@ -12,49 +10,39 @@ namespace {
 
 /// The whole program over one company, with everything that a supervisor and an employee do in it by
 /// keyboard.
-class WholeProgram {
+class WholeProgram : public WindowCompany {
 public:
     WholeProgram() {
-        company.window->hide();
-        TestCompany& staff = company.company;
+        window->hide();
         for (int i = 15; i < 22; ++i)
-            staff.AddEmployee(u"00%1"_s.arg(i), u"Karyawan %1"_s.arg(i), u"x"_s);
-        staff.Db().Execute(u"UPDATE [User] SET Password='x' WHERE UserID<>'pelon'"_s);
+            AddEmployee(u"00%1"_s.arg(i), u"Karyawan %1"_s.arg(i), u"x"_s);
+        Db().Execute(u"UPDATE [User] SET Password='x' WHERE UserID<>'pelon'"_s);
         windows.Desk().Form_Load();
-        windows.Desk().show();
-        BringToFront(windows.Desk());
+        Show(windows.Desk());
     }
 
-    static void BringToFront(QWidget& window) {
-        window.activateWindow();
-        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return window.isActiveWindow(); }));
-    }
     /// What to do in a window when it comes.
-    void In(const QString& window, const std::function<void()>& work) {
-        company.user.WhenIn(window, [work](QWidget&) { work(); });
+    void In(const QString& name, const std::function<void()>& work) {
+        user.WhenIn(name, [work](QWidget&) { work(); });
     }
     static void Mnemonic(Qt::Key key) { KeyboardUser::Press(key, Qt::AltModifier); }
     void RecordAll(Qt::Key key, const QString& moment) {
-        company.company.clock.now = Moment(moment);
-        for (const QString& nip : company.company.RowsOf(u"select NIP from Employee"_s))
-            company.Record(key, nip, u"x"_s);
+        clock.now = Moment(moment);
+        for (const QString& nip : RowsOf(u"select NIP from Employee"_s))
+            Record(key, nip, u"x"_s);
     }
     /// The report's lines of two employees, one that works by night on the 22nd and one that is off.
-    QStringList Printed() const {
-        return company.company.ReportLines().filter(QRegularExpression(u"\\|001[23] *\\|"_s));
-    }
+    QStringList Printed() const { return ReportLines().filter(QRegularExpression(u"\\|001[23] *\\|"_s)); }
     /// In admin mode Enter on a row opens the card; it is computed there.
     void ComputeLastCard() {
         In(u"frmEditAbsensiOne"_s, [this] {
             Mnemonic(Qt::Key_H);
-            EXPECT_TRUE(KeyboardUser::WaitUntil([this] {
-                return !company.company.RowsOf(u"select 1 from TimeCardHeader where NormalHours>0"_s)
-                            .isEmpty();
-            }));
+            EXPECT_TRUE(KeyboardUser::WaitUntil(
+                [this] { return !RowsOf(u"select 1 from TimeCardHeader where NormalHours>0"_s).isEmpty(); }));
             Keys(u"⎋"_s);
         });
-        BringToFront(windows.Desk());
-        auto& sheet = WindowCompany::Part<QTableView>(windows.Desk(), "MSHFlexGrid1");
+        Show(windows.Desk());
+        auto& sheet = ::Part<QTableView>(windows.Desk(), "MSHFlexGrid1");
         sheet.setFocus();
         sheet.selectRow(sheet.model()->rowCount() - 1);
         Keys(u"⏎"_s);
@@ -63,23 +51,21 @@ public:
         Keys(u"t20261122⏎"_s);
         Mnemonic(Qt::Key_H);
         EXPECT_TRUE(KeyboardUser::WaitUntil([this] {
-            return company.company.RowsOf(u"select 1 from TimeCardHeader where NormalHours is null"_s)
-                .isEmpty();
+            return RowsOf(u"select 1 from TimeCardHeader where NormalHours is null"_s).isEmpty();
         }));
         Mnemonic(Qt::Key_G);
-        EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return !company.company.shownReports.isEmpty(); }));
+        EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return !shownReports.isEmpty(); }));
         QStringList printed = Printed();
         Keys(u"⎋"_s);
         return printed;
     }
     void Administer() {
-        BringToFront(windows.Desk());
-        company.ChooseFromMenu(u"Edit data master dan laporan"_s);
-        EXPECT_TRUE(company.user.IsDone());
+        Show(windows.Desk());
+        ChooseFromMenu(u"Edit data master dan laporan"_s);
+        EXPECT_TRUE(user.IsDone());
     }
 
-    WindowCompany company;
-    DeskWindows windows{company.company.program, company.skin, [] { return u"United States"_s; }};
+    DeskWindows windows{program, skin, [] { return u"United States"_s; }};
 };
 
 /// Types a month, everybody's shifts in turn, and adds what must then be stored.
@@ -100,12 +86,11 @@ void TypeRoster(QStringList& typed) {
 
 TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTheReport) {
     WholeProgram program;
-    TestCompany& company = program.company.company;
-    company.Db().Execute(u"UPDATE Employee SET EmpType='HRN', GP=150000, TMakan=12500"_s);
+    program.Db().Execute(u"UPDATE Employee SET EmpType='HRN', GP=150000, TMakan=12500"_s);
 
     // The supervisor makes the shifts, types the month's roster and leaves the desk in admin mode.
     QStringList typed;
-    program.company.WillLogIn(u"pelon"_s, u"pelon"_s);
+    program.WillLogIn(u"pelon"_s, u"pelon"_s);
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_C); });
     program.In(u"frmShiftCode"_s, [] { Keys(u"⎀MALAM⏎22:00⏎06:00⏎⎀P⏎08:00⏎17:00⏎⎋"_s); });
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_S); });
@@ -113,14 +98,14 @@ TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
     program.In(u"frmSetting"_s, [] { Keys(u"↹↹↹↹ ⎋"_s); });
     program.Administer();
     ASSERT_TRUE(program.windows.Desk().AdminMode());
-    EXPECT_EQ(company.RowsOf(u"select NIP, Tgl, ShiftCode from ShiftEmployee"_s), typed);
+    EXPECT_EQ(program.RowsOf(u"select NIP, Tgl, ShiftCode from ShiftEmployee"_s), typed);
 
     program.RecordAll(Qt::Key_F2, u"2026-11-22 21:50:00"_s);
     program.RecordAll(Qt::Key_F8, u"2026-11-23 06:05:00"_s);
 
     program.ComputeLastCard(); // by name it is Siti's
     EXPECT_EQ(
-        company.RowsOf(
+        program.RowsOf(
             u"select h.TCID, h.NormalHours, h.NormalAmount, h.TotalUangMakan, d.TimeINOT, "
             "d.ShiftCode from TimeCardHeader h inner join TimeCardDetail d on d.TCID=h.TCID where h.NIP='0012'"_s),
         QStringList{u"T202611220012|8.1|150000|12500|2026-11-23 06:00:00|MALAM"_s});
@@ -138,7 +123,7 @@ TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
     program.In(u"frmAbsensi"_s, [] { Keys(u"⎋"_s); });
     program.In(u"frmSetting"_s, [] { Keys(u"⎋"_s); });
     program.Administer();
-    ASSERT_EQ(company.shownReports.size(), 2);
+    ASSERT_EQ(program.shownReports.size(), 2);
     printed << program.Printed();
     EXPECT_EQ(
         printed,
@@ -151,5 +136,5 @@ TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
             "True         |0          |0      |150000      |0       |"_s,
             u"|2   |0013    |Budi Santoso        | 21:50 | 06:05 |OUT    |                              |"_s,
             u"|10  |0012    |Siti Aminah         | 21:50 | 06:05 |OUT    |                              |"_s}));
-    EXPECT_EQ(company.dialogs.texts.size(), 1) << "the print's own notice";
+    EXPECT_EQ(program.dialogs.texts.size(), 1) << "the print's own notice";
 }

@@ -1,14 +1,10 @@
 #include "editing/frmAbsensi.h"
 
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTableView>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -20,14 +16,14 @@ const QString Cards = u"select h.TCID, h.NIP, h.Status, d.Tanggal, d.TimeIN, d.T
 const QString Supervisor = u"pelon~pelon~d"_s;
 
 /// The browser of a company of three, on the 3rd of a month; Agus (0014) comes first, Siti (0012) last.
-class Browser {
+class Browser : public WindowFixture {
 public:
     Browser() {
-        company.clock.now = Moment(u"2026-11-03 08:00:00");
-        company.AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"P"_s, u"A"_s);
-        company.AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"P"_s, u"B"_s);
-        company.AddEmployee(u"0014"_s, u"Agus"_s, u"x"_s, u"K"_s, u"A"_s);
-        company.AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
+        clock.now = Moment(u"2026-11-03 08:00:00");
+        AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"P"_s, u"A"_s);
+        AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"P"_s, u"B"_s);
+        AddEmployee(u"0014"_s, u"Agus"_s, u"x"_s, u"K"_s, u"A"_s);
+        AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
         Run(u"INSERT INTO Departments (DeptCode,DeptName) VALUES ('P','Produksi'),('K','Kantor')"_s);
         Run(u"INSERT INTO Division VALUES ('A','Satu'),('B','Dua')"_s);
         Run(u"INSERT INTO [Employee Status] VALUES (1,'S','Sakit'),(2,'CT','Cuti')"_s);
@@ -36,10 +32,9 @@ public:
             "('T202611010013','2026-11-01','2026-11-01 07:45:12')"_s);
     }
 
-    void Run(const QString& statement) { company.Db().ExecuteNative(statement); }
     void Open() {
         window = std::make_unique<frmAbsensi>(
-            company.program,
+            program,
             AttendanceBrowserNeeds{[this](const QString& report) { opened << report; },
                                    [this](const QString& tcid, const QString& nip) {
                                        opened << tcid + u' ' + nip;
@@ -47,35 +42,19 @@ public:
                                        return true;
                                    }},
             skin, nullptr);
-        window->show();
-        window->activateWindow();
-        EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return QApplication::activeWindow() == window.get(); }));
+        Show(*window);
     }
-    template<class Widget>
-    Widget& Part(const char* name) {
-        return WindowCompany::Part<Widget>(*window, name);
-    }
-    QTableView& Grid() { return Part<QTableView>("MSHFlexGrid1"); }
-    void Go(int row, int column = AttendanceModel::Status) {
-        Grid().setFocus();
-        Grid().setCurrentIndex(Grid().model()->index(row, column));
-    }
+    void Go(int row, int column = AttendanceModel::Status) { WindowFixture::Go(row, column); }
     QString Row(int row) {
         QStringList cells;
         for (const int column : {AttendanceModel::Nip, AttendanceModel::Tanggal, AttendanceModel::TimeIn,
                                  AttendanceModel::TimeOut, AttendanceModel::Status, AttendanceModel::Tcid})
-            cells << Grid().model()->index(row, column).data().toString();
+            cells << Cell(row, column);
         return cells.join(u'|');
     }
-    QString Status() { return Part<QLabel>("lblStatus").text(); }
+    QString Status() { return Said("lblStatus"); }
     bool Editing() { return Part<QLineEdit>("Text1").isVisible(); }
-    static bool ListIsOpen() {
-        return KeyboardUser::WaitUntil(
-            [] { return KeyboardUser::InFront() && KeyboardUser::InFront()->objectName() == u"PickList"_s; });
-    }
 
-    TestCompany company;
-    b_form_skin::Backgrounds skin;
     QStringList opened;
     std::unique_ptr<frmAbsensi> window;
 };
@@ -97,7 +76,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     KeyboardUser::Press(Qt::Key_F9);
     ASSERT_TRUE(Browser::ListIsOpen());
     Keys(u"agus⏎"_s);
-    EXPECT_EQ(browser.Part<QLineEdit>("txtEmpl").text(), u"0014"_s);
+    EXPECT_EQ(browser.Said("txtEmpl"), u"0014"_s);
     browser.Part<QLineEdit>("txtEmpl").clear();
 
     auto& dept = browser.Part<QComboBox>("txtDept");
@@ -115,14 +94,14 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.Part<QLineEdit>("txtEmpl").setText(u"0'12"_s);
     browser.Part<QLineEdit>("txtEmpl").setFocus();
     KeyboardUser::Press(Qt::Key_Return); // refused: what was shown stays
-    EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(browser.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
 
     browser.Part<QLineEdit>("txtEmpl").clear();
     browser.Part<QCheckBox>("chkInterval").setChecked(true);
     KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
     Keys(u"31/2⏎"_s); // no such day: not with another one either
-    EXPECT_TRUE(browser.company.dialogs.Last().startsWith(u"Sampai tanggal: \"31/2\""_s));
+    EXPECT_TRUE(browser.dialogs.Last().startsWith(u"Sampai tanggal: \"31/2\""_s));
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
     Keys(u"2/11⏎"_s);
     EXPECT_EQ(browser.Status(),
@@ -137,7 +116,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     EXPECT_EQ(dept.currentText(), u"Produksi"_s);
     EXPECT_EQ(dept.itemText(1), u"Bengkel"_s);
     browser.window->close();
-    browser.company.clock.now = Moment(u"2026-12-02 08:00:00");
+    browser.clock.now = Moment(u"2026-12-02 08:00:00");
     browser.window->show();
     EXPECT_EQ(browser.Part<QLineEdit>("txtDate1").text(), u"01-Dec-2026"_s);
     EXPECT_EQ(browser.Part<QLineEdit>("txtDate2").text(), u"02-Dec-2026"_s);
@@ -154,7 +133,7 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     Keys(u"XX⏎"_s); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
     KeyboardUser::Press(Qt::Key_Return); // one too many
-    EXPECT_EQ(browser.company.RowsOf(Cards).size(), 2);
+    EXPECT_EQ(browser.RowsOf(Cards).size(), 2);
     KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_EQ(browser.Part<QLineEdit>("Text1").text(), u"XX"_s);
     KeyboardUser::Press(Qt::Key_Return);
@@ -180,30 +159,28 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     EXPECT_TRUE(browser.window->isVisible());
     KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_FALSE(browser.window->isVisible());
-    EXPECT_EQ(
-        browser.company.RowsOf(Cards),
-        (QStringList{u"T202611010012|0012|CT|2026-11-01|-|-"_s,
-                     u"T202611010013|0013|IN|2026-11-01|2026-11-01 07:45:12|-"_s,
-                     u"T202611010014|0014|S|2026-11-01|-|-"_s, u"T202611020014|0014|S|2026-11-02|-|-"_s}));
-    EXPECT_EQ(browser.company.dialogs.texts + browser.company.dialogs.questions, QStringList());
+    EXPECT_EQ(browser.RowsOf(Cards), (QStringList{u"T202611010012|0012|CT|2026-11-01|-|-"_s,
+                                                  u"T202611010013|0013|IN|2026-11-01|2026-11-01 07:45:12|-"_s,
+                                                  u"T202611010014|0014|S|2026-11-01|-|-"_s,
+                                                  u"T202611020014|0014|S|2026-11-02|-|-"_s}));
+    EXPECT_EQ(browser.dialogs.texts + browser.dialogs.questions, QStringList());
 }
 
 TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
     Browser browser;
     browser.Open();
-    const auto other = browser.company.OtherDesk();
+    const auto other = browser.OtherDesk();
     other->Execute(u"UPDATE TimeCardHeader SET Status='OUT'"_s);
     other->Execute(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
     const QString clockedOut = u"0013|01-Nov-2026|07:45|17:00|OUT|T202611010013"_s;
     browser.Go(1);
     Keys(u"S⏎"_s);
-    EXPECT_EQ(browser.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(browser.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(1), clockedOut);
     EXPECT_FALSE(browser.Editing());
     Keys(u"⏎⏎⎋⎋"_s); // without a look at the message
-    EXPECT_EQ(browser.company.RowsOf(Cards),
-              QStringList{u"T202611010013|0013|OUT|2026-11-01|2026-11-01 07:45:12|"
-                          "2026-11-01 17:00:00"_s});
+    EXPECT_EQ(browser.RowsOf(Cards), QStringList{u"T202611010013|0013|OUT|2026-11-01|2026-11-01 07:45:12|"
+                                                 "2026-11-01 17:00:00"_s});
     Keys(u"S⏎"_s);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|S|T202611010013"_s);
 
@@ -216,28 +193,28 @@ TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
 TEST(frmAbsensi, DeletesTheCardsDayForASupervisorOnly) {
     Browser browser;
     browser.Open();
-    const QStringList before = browser.company.RowsOf(Cards);
+    const QStringList before = browser.RowsOf(Cards);
     browser.Go(0);
     KeyboardUser::Press(Qt::Key_Delete); // no card: nothing, not even a question
     browser.Go(1);
     KeyboardUser::Press(Qt::Key_Delete);
-    EXPECT_EQ(browser.company.dialogs.texts.size(), 1); // not logged in
-    browser.company.login = Supervisor;
+    EXPECT_EQ(browser.dialogs.texts.size(), 1); // not logged in
+    browser.login = Supervisor;
     browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
     KeyboardUser::Press(Qt::Key_Delete);
-    EXPECT_EQ(browser.company.dialogs.texts.size(), 2); // not what was shown
+    EXPECT_EQ(browser.dialogs.texts.size(), 2); // not what was shown
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|IN|T202611010013"_s);
-    EXPECT_EQ(browser.company.RowsOf(Cards).size(), before.size());
+    EXPECT_EQ(browser.RowsOf(Cards).size(), before.size());
     browser.Run(
         u"UPDATE TimeCardDetail SET TimeINOT='2026-11-01 17:00:00',TimeOutOT='2026-11-01 20:00:00'"_s);
-    browser.company.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
+    browser.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
     KeyboardUser::Press(Qt::Key_Delete); // overtime, which the row does not show
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|IN|T202611010013"_s);
-    EXPECT_TRUE(browser.company.dialogs.questions.value(0).contains(u"01-Nov-2026 lembur 17:00-20:00"_s));
+    EXPECT_TRUE(browser.dialogs.questions.value(0).contains(u"01-Nov-2026 lembur 17:00-20:00"_s));
     KeyboardUser::Press(Qt::Key_Delete);
-    EXPECT_EQ(browser.company.dialogs.texts.size(), 2);
+    EXPECT_EQ(browser.dialogs.texts.size(), 2);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026||||"_s);
-    EXPECT_EQ(browser.company.RowsOf(Cards), QStringList{u"T202611010013|0013|IN|-|-|-"_s});
+    EXPECT_EQ(browser.RowsOf(Cards), QStringList{u"T202611010013|0013|IN|-|-|-"_s});
 }
 
 TEST(frmAbsensi, PrintsTheRowsThatAreShown) {
@@ -246,15 +223,15 @@ TEST(frmAbsensi, PrintsTheRowsThatAreShown) {
     Keys(u"0013⏎"_s);
     browser.Part<QLineEdit>("txtEmpl").setText(u"typed since"_s);
     KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
-    ASSERT_TRUE(KeyboardUser::WaitUntil([&] { return !browser.company.shownReports.isEmpty(); }));
-    const QStringList lines = browser.company.ReportLines();
+    ASSERT_TRUE(KeyboardUser::WaitUntil([&] { return !browser.shownReports.isEmpty(); }));
+    const QStringList lines = browser.ReportLines();
     EXPECT_EQ(lines.value(1), u"Tanggal: 01-Nov-2026 s/d 03-Nov-2026  NIP: 0013"_s);
     const QString person = u"|0013    |Budi                |P       |B       |"_s;
     EXPECT_EQ(lines.filter(u"|00"_s),
               (QStringList{person + u"07:45  |       |IN     |"_s + QString(30, u' '),
                            person + u"       |       |       |"_s + QString(30, u' '),
                            person + u"       |       |       |"_s + QString(30, u' ')}));
-    EXPECT_EQ(browser.company.dialogs.texts, QStringList());
+    EXPECT_EQ(browser.dialogs.texts, QStringList());
 }
 
 TEST(frmAbsensi, OpensReportsAndTheCardOfARow) {
@@ -290,5 +267,5 @@ TEST(frmAbsensi, ADoubleClickReadsTheRowOrOpensTheEditor) {
     doubleClick(AttendanceModel::SerialNumber);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||CT|T202611010013"_s);
     doubleClick(AttendanceModel::Status);
-    EXPECT_EQ(browser.Part<QLineEdit>("Text1").text(), u"CT"_s);
+    EXPECT_EQ(browser.Said("Text1"), u"CT"_s);
 }

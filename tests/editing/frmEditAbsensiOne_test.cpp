@@ -7,9 +7,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -22,48 +19,34 @@ const QString Days = u"select TCID, Tanggal, TimeIN, TimeOUT, TimeINOT, TimeOutO
                      "from TimeCardDetail order by TCID"_s;
 
 /// The editor over one employee's card, worked at by keyboard while it is open.
-class CardEditor {
+class CardEditor : public WindowFixture {
 public:
     /// With that status the employee has a card of the day, else none.
     explicit CardEditor(const QString& status = {}, const QString& timeIn = u"2026-11-22 07:45:00"_s,
                         const QVariant& timeOut = u"2026-11-22 17:00:00"_s) {
-        company.AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s);
+        AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s);
         Run(u"UPDATE Employee SET GP=150000, RateOT=10000, TMakan=12500, EmpType='HRN'"_s);
         Run(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00')"_s);
         Run(u"INSERT INTO AbsenTipe VALUES ('I','Izin'),('S','Sakit')"_s);
         if (status.isEmpty())
             return;
-        company.Db().Execute(
-            u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012',?)"_s, {status});
-        company.Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,BeriUangMakan) VALUES "
-                             "('T202611220012','2026-11-22',?,?,1)"_s,
-                             {timeIn, timeOut});
+        Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012',?)"_s,
+                     {status});
+        Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,BeriUangMakan) VALUES "
+                     "('T202611220012','2026-11-22',?,?,1)"_s,
+                     {timeIn, timeOut});
     }
-
-    void Run(const QString& statement) { company.Db().Execute(statement); }
 
     /// Opens the editor, does the work in it and gives the dialog's result. What is left open is closed.
     int Open(const std::function<void(QWidget&)>& work) {
-        frmEditAbsensiOne editor(company.program, u"T202611220012"_s, u"0012"_s, skin, nullptr);
+        frmEditAbsensiOne editor(program, u"T202611220012"_s, u"0012"_s, skin, nullptr);
         QObject::connect(&editor, &frmEditAbsensiOne::Saved, &editor, [this] { ++saved; });
-        user.WhenIn(u"frmEditAbsensiOne"_s, [&](QWidget& window) {
-            work(window);
-            if (window.isVisible())
-                KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
-        });
-        return editor.exec();
+        return WindowFixture::Open(editor, work,
+                                   [](QWidget&) { KeyboardUser::Press(Qt::Key_B, Qt::AltModifier); });
     }
 
-    TestCompany company;
-    b_form_skin::Backgrounds skin;
-    KeyboardUser user;
     int saved = 0;
 };
-
-template<class Widget>
-Widget& Part(QWidget& window, const char* name) {
-    return WindowCompany::Part<Widget>(window, name);
-}
 
 /// Replaces all that a box holds, by typing.
 void TypeInto(QWidget& window, const char* name, const QString& text) {
@@ -81,18 +64,14 @@ void Press(const char* name, QWidget& window) {
 
 TEST(frmEditAbsensiOne, ShowsTheCardAndSavesNothingUnasked) {
     CardEditor editor(u"OUT"_s, u"2026-11-22 07:45:12"_s, u"2026-11-22 17:03:30"_s);
-    const QStringList before = editor.company.RowsOf(Headers) + editor.company.RowsOf(Days);
+    const QStringList before = editor.RowsOf(Headers) + editor.RowsOf(Days);
     const int result = editor.Open([](QWidget& window) {
-        EXPECT_EQ(Part<QLabel>(window, "lblNama").text(), u"Siti Aminah"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtNIK").text(), u"0012"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtTCID").text(), u"T202611220012"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtTanggal").text(), u"22-Nov-2026"_s);
-        EXPECT_EQ(Part<QComboBox>(window, "txtStatus").currentText(), u"OUT"_s);
+        EXPECT_EQ(
+            TextOf(window, {"lblNama", "txtNIK", "txtTCID", "txtTanggal", "txtStatus", "txtTIN", "txtTOUT"}),
+            u"Siti Aminah|0012|T202611220012|22-Nov-2026|OUT|22-Nov-2026 07:45|22-Nov-2026 17:03"_s);
         EXPECT_EQ(Part<QComboBox>(window, "txtStatus").count(), 3);
         EXPECT_TRUE(Part<QCheckBox>(window, "chkTimeIO").isChecked());
         EXPECT_TRUE(Part<QWidget>(window, "txtTIN").isEnabled());
-        EXPECT_EQ(Part<QLineEdit>(window, "txtTIN").text(), u"22-Nov-2026 07:45"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtTOUT").text(), u"22-Nov-2026 17:03"_s);
         EXPECT_FALSE(Part<QCheckBox>(window, "chkOTIO").isChecked());
         for (const char* name : {"txtOTIN", "txtOTOUT", "txtOTHrs"})
             EXPECT_FALSE(Part<QWidget>(window, name).isEnabled()) << name;
@@ -100,8 +79,8 @@ TEST(frmEditAbsensiOne, ShowsTheCardAndSavesNothingUnasked) {
         KeyboardUser::Press(Qt::Key_Escape);
     });
     EXPECT_EQ(result, QDialog::Rejected);
-    EXPECT_TRUE(editor.company.dialogs.questions.isEmpty());
-    EXPECT_EQ(editor.company.RowsOf(Headers) + editor.company.RowsOf(Days), before);
+    EXPECT_TRUE(editor.dialogs.questions.isEmpty());
+    EXPECT_EQ(editor.RowsOf(Headers) + editor.RowsOf(Days), before);
 }
 
 TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
@@ -121,10 +100,10 @@ TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
         });
         EXPECT_EQ(result, QDialog::Accepted);
         EXPECT_EQ(editor.saved, 1);
-        EXPECT_EQ(editor.company.RowsOf(Headers),
+        EXPECT_EQ(editor.RowsOf(Headers),
                   QStringList{u"T202611220012|0012|OUT|Lupa 'absen' — é|%1|1.15|12500.75|0|-"_s.arg(hours)});
         EXPECT_EQ(
-            editor.company.RowsOf(Days),
+            editor.RowsOf(Days),
             QStringList{
                 u"T202611220012|2026-11-22|2026-11-22 08:00:00|%1|2026-11-22 17:00:00|-|P|1"_s.arg(out)});
     }
@@ -132,72 +111,68 @@ TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
 
 TEST(frmEditAbsensiOne, MakesACardForADayThatHasNone) {
     CardEditor editor;
-    editor.company.clock.now = Moment(u"2026-11-25 09:00:00");
+    editor.clock.now = Moment(u"2026-11-25 09:00:00");
     editor.Open([](QWidget& window) {
         auto& status = Part<QComboBox>(window, "txtStatus");
         EXPECT_TRUE(status.hasFocus());
         KeyboardUser::Type(u"S"_s);
-        EXPECT_EQ(Part<QLabel>(window, "lblStatusText").text(), u"Sakit"_s);
+        EXPECT_EQ(TextOf(window, "lblStatusText"), u"Sakit"_s);
         Press("cmdButtons_1", window);
     });
-    EXPECT_EQ(editor.company.RowsOf(Headers), QStringList{u"T202611220012|0012|S|-|-|-|0|0|-"_s});
-    EXPECT_EQ(editor.company.RowsOf(Days), QStringList{u"T202611220012|2026-11-22|-|-|-|-|-|0"_s});
+    EXPECT_EQ(editor.RowsOf(Headers), QStringList{u"T202611220012|0012|S|-|-|-|0|0|-"_s});
+    EXPECT_EQ(editor.RowsOf(Days), QStringList{u"T202611220012|2026-11-22|-|-|-|-|-|0"_s});
 }
 
 TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
     CardEditor editor(u"OUT"_s);
-    editor.company.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::Yes};
+    editor.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::Yes};
     editor.Open([&](QWidget& window) {
         TypeInto(window, "txtTOUT", u"22Nov2026 1630"_s);
         Press("cmdCalcHrs", window);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), QString());
+        EXPECT_EQ(TextOf(window, "txtNHrs"), QString());
         Press("cmdCalcHrs", window);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), u"9.15"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtOTHrs").text(), u"0.3"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtNAmount").text(), u"150000"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtOTAmount").text(), u"3000"_s);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtOTIN").text(), u"22-Nov-2026 17:00"_s);
-        EXPECT_TRUE(Part<QLabel>(window, "lblTotalUangMakan").text().contains(u"12500"_s));
+        EXPECT_EQ(TextOf(window, {"txtNHrs", "txtOTHrs", "txtNAmount", "txtOTAmount", "txtOTIN"}),
+                  u"9.15|0.3|150000|3000|22-Nov-2026 17:00"_s);
+        EXPECT_TRUE(TextOf(window, "lblTotalUangMakan").contains(u"12500"_s));
         KeyboardUser::Press(Qt::Key_Escape);
     });
-    EXPECT_EQ(editor.company.dialogs.questions.size(), 2);
-    EXPECT_EQ(editor.company.RowsOf(Headers),
-              QStringList{u"T202611220012|0012|OUT|-|9.15|0.3|150000|3000|12500"_s});
-    EXPECT_EQ(editor.company.RowsOf(Days),
+    EXPECT_EQ(editor.dialogs.questions.size(), 2);
+    EXPECT_EQ(editor.RowsOf(Headers), QStringList{u"T202611220012|0012|OUT|-|9.15|0.3|150000|3000|12500"_s});
+    EXPECT_EQ(editor.RowsOf(Days),
               QStringList{u"T202611220012|2026-11-22|2026-11-22 07:45:00|2026-11-22 16:30:00|"
                           "2026-11-22 17:00:00|2026-11-22 16:30:00|P|1"_s});
 }
 
 TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
     CardEditor editor(u"IN"_s, u"2026-11-22 07:45:12"_s, {});
-    editor.company.clock.now = Moment(u"2026-11-25 09:00:00");
+    editor.clock.now = Moment(u"2026-11-25 09:00:00");
     editor.Open([](QWidget& window) {
         EXPECT_FALSE(Part<QCheckBox>(window, "chkTimeIO").isChecked());
-        EXPECT_EQ(Part<QLineEdit>(window, "txtTOUT").text(), u"25-Nov-2026 00:00"_s);
+        EXPECT_EQ(TextOf(window, "txtTOUT"), u"25-Nov-2026 00:00"_s);
         KeyboardUser::Press(Qt::Key_I, Qt::AltModifier);
         EXPECT_TRUE(
             KeyboardUser::WaitUntil([&] { return Part<QCheckBox>(window, "chkTimeIO").isChecked(); }));
         Press("chkOTIO", window);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtTIN").text(), u"22-Nov-2026 07:45"_s);
-        EXPECT_FALSE(Part<QLabel>(window, "lblNormalHint").text().isEmpty()) << "no departure typed yet";
-        for (const char* name : {"txtTOUT", "txtOTIN", "txtOTOUT"})
-            EXPECT_EQ(Part<QLineEdit>(window, name).text(), u"22-Nov-2026 00:00"_s) << name;
+        EXPECT_EQ(TextOf(window, "txtTIN"), u"22-Nov-2026 07:45"_s);
+        EXPECT_FALSE(TextOf(window, "lblNormalHint").isEmpty()) << "no departure typed yet";
+        EXPECT_EQ(TextOf(window, {"txtTOUT", "txtOTIN", "txtOTOUT"}),
+                  u"22-Nov-2026 00:00|22-Nov-2026 00:00|22-Nov-2026 00:00"_s);
         const auto& out = Part<QLineEdit>(window, "txtTOUT");
         Part<QWidget>(window, "chkTimeIO").setFocus();
         Keys(u"↹↹16:30↹"_s);
-        EXPECT_EQ(Part<QLabel>(window, "lblNormalHint").text(), QString());
+        EXPECT_EQ(TextOf(window, "lblNormalHint"), QString());
         for (const char* name : {"chkOTIO", "chkTimeIO", "chkTimeIO"})
             Press(name, window);
         EXPECT_EQ(out.text(), u"22-Nov-2026 16:30"_s) << "what was typed stays";
         Press("cmdButtons_1", window);
     });
-    EXPECT_EQ(editor.company.RowsOf(Days),
+    EXPECT_EQ(editor.RowsOf(Days),
               QStringList{u"T202611220012|2026-11-22|2026-11-22 07:45:12|2026-11-22 16:30:00|-|-|-|1"_s});
 }
 
 TEST(frmEditAbsensiOne, ReloadingShowsTheCardAsItStandsNow) {
     CardEditor editor(u"OUT"_s);
-    const auto other = editor.company.OtherDesk();
+    const auto other = editor.OtherDesk();
     editor.Open([&](QWidget& window) {
         Press("cmdCalcHrs", window);
         EXPECT_TRUE(Part<QCheckBox>(window, "chkOTIO").isChecked());
@@ -207,32 +182,31 @@ TEST(frmEditAbsensiOne, ReloadingShowsTheCardAsItStandsNow) {
             Press("cmdCalcHrs", window);
             for (const char* name : {"chkTimeIO", "chkOTIO"})
                 EXPECT_FALSE(Part<QCheckBox>(window, name).isChecked()) << name;
-            for (const char* name : {"txtTOUT", "txtOTIN", "txtOTOUT"})
-                EXPECT_EQ(Part<QLineEdit>(window, name).text(), u"22-Nov-2026 00:00"_s) << name;
-            EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), u"0"_s);
-            EXPECT_EQ(Part<QComboBox>(window, "txtStatus").currentText(), u"IN"_s);
+            EXPECT_EQ(TextOf(window, {"txtTOUT", "txtOTIN", "txtOTOUT"}),
+                      u"22-Nov-2026 00:00|22-Nov-2026 00:00|22-Nov-2026 00:00"_s);
+            EXPECT_EQ(TextOf(window, {"txtNHrs", "txtStatus"}), u"0|IN"_s);
             EXPECT_EQ(Part<QComboBox>(window, "txtStatus").count(), 3);
         }
         KeyboardUser::Press(Qt::Key_Escape);
     });
-    EXPECT_TRUE(editor.company.dialogs.questions.isEmpty()) << "nothing was typed";
+    EXPECT_TRUE(editor.dialogs.questions.isEmpty()) << "nothing was typed";
 }
 
 TEST(frmEditAbsensiOne, AfterAComputationThatFailsTheSavedCardCanBeSavedAgain) {
     CardEditor editor(u"OUT"_s);
-    editor.company.Db().ExecuteNative(u"CREATE TRIGGER refuse BEFORE UPDATE OF ShiftCode ON TimeCardDetail "
-                                      "BEGIN SELECT RAISE(ABORT,'disk on fire'); END"_s);
-    editor.company.dialogs.answers = {Dialogs::Answer::Yes};
+    editor.Run(u"CREATE TRIGGER refuse BEFORE UPDATE OF ShiftCode ON TimeCardDetail "
+               "BEGIN SELECT RAISE(ABORT,'disk on fire'); END"_s);
+    editor.dialogs.answers = {Dialogs::Answer::Yes};
     const int result = editor.Open([&](QWidget& window) {
         Part<QLineEdit>(window, "txtKeterangan").setText(u"satu"_s);
         Press("cmdCalcHrs", window);
-        EXPECT_EQ(editor.company.dialogs.texts.size(), 1);
-        EXPECT_EQ(Part<QLineEdit>(window, "txtKeterangan").text(), u"satu"_s);
+        EXPECT_EQ(editor.dialogs.texts.size(), 1);
+        EXPECT_EQ(TextOf(window, "txtKeterangan"), u"satu"_s);
         Part<QLineEdit>(window, "txtKeterangan").setText(u"dua"_s);
         Press("cmdButtons_1", window);
     });
     EXPECT_EQ(result, QDialog::Accepted);
-    EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{u"dua"_s});
+    EXPECT_EQ(editor.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{u"dua"_s});
 }
 
 TEST(frmEditAbsensiOne, EnterWalksThroughTheFieldsAndPressesAButton) {
@@ -246,15 +220,15 @@ TEST(frmEditAbsensiOne, EnterWalksThroughTheFieldsAndPressesAButton) {
             EXPECT_TRUE(Part<QWidget>(window, name).hasFocus()) << name;
             KeyboardUser::Press(Qt::Key_Return);
         }
-        EXPECT_EQ(Part<QLineEdit>(window, "txtNHrs").text(), u"9.15"_s);
+        EXPECT_EQ(TextOf(window, "txtNHrs"), u"9.15"_s);
         Part<QWidget>(window, "cmdButtons_2").setFocus();
         Part<QLineEdit>(window, "txtKeterangan").setText(u"dibuang"_s);
         KeyboardUser::Press(Qt::Key_Enter, Qt::KeypadModifier);
         EXPECT_FALSE(window.isVisible());
     });
     EXPECT_EQ(result, QDialog::Rejected);
-    EXPECT_TRUE(editor.company.dialogs.questions.isEmpty());
-    EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{u"-"_s});
+    EXPECT_TRUE(editor.dialogs.questions.isEmpty());
+    EXPECT_EQ(editor.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{u"-"_s});
 }
 
 TEST(frmEditAbsensiOne, AmountsSayWhatOfThemCountsAndSecondsAreThoseOfTheCardOrNone) {
@@ -266,17 +240,17 @@ TEST(frmEditAbsensiOne, AmountsSayWhatOfThemCountsAndSecondsAreThoseOfTheCardOrN
         EXPECT_EQ(normal.text(), u"0"_s) << "no exponent, whose first digit would be saved";
         EXPECT_EQ(overtime.text(), u"1250000.5"_s);
         TypeInto(window, "txtNAmount", u"1,250,000"_s);
-        EXPECT_TRUE(Part<QLabel>(window, "lblNormalHint").text().contains(u"\",\""_s));
+        EXPECT_TRUE(TextOf(window, "lblNormalHint").contains(u"\",\""_s));
         TypeInto(window, "txtOTAmount", u"Rp 1,250,000.75"_s);
         EXPECT_EQ(overtime.text(), u"1250000.75"_s) << "only what makes a number can be typed";
-        EXPECT_EQ(Part<QLabel>(window, "lblOvertimeHint").text(), QString());
+        EXPECT_EQ(TextOf(window, "lblOvertimeHint"), QString());
         TypeInto(window, "txtTIN", u"21Nov2026"_s);
         TypeInto(window, "txtTOUT", u"1704"_s);
         Press("cmdButtons_1", window);
     });
-    EXPECT_EQ(editor.company.RowsOf(u"select NormalAmount, OTAmount from TimeCardHeader"_s),
+    EXPECT_EQ(editor.RowsOf(u"select NormalAmount, OTAmount from TimeCardHeader"_s),
               QStringList{u"1|1250000.75"_s});
-    EXPECT_EQ(editor.company.RowsOf(u"select TimeIN, TimeOUT from TimeCardDetail"_s),
+    EXPECT_EQ(editor.RowsOf(u"select TimeIN, TimeOUT from TimeCardDetail"_s),
               QStringList{u"2026-11-21 07:45:12|2026-11-22 17:04:00"_s});
 }
 
@@ -289,7 +263,7 @@ TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
           {QString(), u"DELETE FROM TimeCardDetail"_s, {}}}) {
         SCOPED_TRACE((typedOut + change).toStdString());
         CardEditor editor(u"OUT"_s);
-        const auto other = editor.company.OtherDesk();
+        const auto other = editor.OtherDesk();
         const int result = editor.Open([&, typedOut = typedOut, change = change](QWidget& window) {
             Part<QLineEdit>(window, "txtKeterangan").setText(u"dari sini"_s);
             if (!typedOut.isEmpty())
@@ -297,17 +271,17 @@ TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
             other->Execute(change);
             for (int attempt = 1; attempt <= 2; ++attempt) {
                 Press("cmdButtons_1", window);
-                EXPECT_EQ(editor.company.dialogs.texts.size(), attempt);
-                EXPECT_TRUE(editor.company.dialogs.Last().contains(u"sudah diubah dari komputer lain"_s));
+                EXPECT_EQ(editor.dialogs.texts.size(), attempt);
+                EXPECT_TRUE(editor.dialogs.Last().contains(u"sudah diubah dari komputer lain"_s));
                 EXPECT_TRUE(window.isVisible());
             }
-            EXPECT_EQ(Part<QLineEdit>(window, "txtKeterangan").text(), u"dari sini"_s);
+            EXPECT_EQ(TextOf(window, "txtKeterangan"), u"dari sini"_s);
         });
         EXPECT_EQ(result, QDialog::Rejected);
         EXPECT_EQ(editor.saved, 0);
-        EXPECT_EQ(editor.company.RowsOf(u"select Keterangan, NormalHours from TimeCardHeader"_s),
+        EXPECT_EQ(editor.RowsOf(u"select Keterangan, NormalHours from TimeCardHeader"_s),
                   QStringList{u"-|-"_s});
-        EXPECT_EQ(editor.company.RowsOf(u"select TimeOUT from TimeCardDetail"_s), left);
+        EXPECT_EQ(editor.RowsOf(u"select TimeOUT from TimeCardDetail"_s), left);
     }
 }
 
@@ -322,14 +296,14 @@ TEST(frmEditAbsensiOne, LeavingWithUnsavedChangesAsksExceptByBatal) {
           {"txtTOUT", Answer::Yes, false, u"-"_s}}) {
         SCOPED_TRACE(box + std::to_string(static_cast<int>(answer)));
         CardEditor editor(u"OUT"_s);
-        editor.company.dialogs.answers = {answer};
+        editor.dialogs.answers = {answer};
         editor.Open([&, box = box, leaves = leaves](QWidget& window) {
             TypeInto(window, box, u"baru"_s);
             KeyboardUser::Press(Qt::Key_Escape);
             EXPECT_EQ(window.isVisible(), !leaves);
         });
         EXPECT_EQ(editor.saved, keterangan == u"baru"_s ? 1 : 0);
-        EXPECT_EQ(editor.company.dialogs.questions.size(), 1);
-        EXPECT_EQ(editor.company.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{keterangan});
+        EXPECT_EQ(editor.dialogs.questions.size(), 1);
+        EXPECT_EQ(editor.RowsOf(u"select Keterangan from TimeCardHeader"_s), QStringList{keterangan});
     }
 }

@@ -1,11 +1,7 @@
 #include "editing/frmEditAbsensi.h"
 
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
-#include <QLabel>
-#include <QPushButton>
-#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
@@ -19,43 +15,31 @@ const QString Cards =
     "join TimeCardDetail d on d.TCID=h.TCID order by h.TCID"_s;
 
 /// The search window over the cards of two employees on two days, worked at by keyboard.
-class SearchWindow {
+class SearchWindow : public WindowFixture {
 public:
     SearchWindow() {
-        company.AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
-        company.AddEmployee(u"0013"_s, u"李小龍"_s, u"x"_s, u"GA"_s, u"B"_s);
-        company.AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
+        AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
+        AddEmployee(u"0013"_s, u"李小龍"_s, u"x"_s, u"GA"_s, u"B"_s);
+        AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
         Run(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00')"_s);
         Run(u"INSERT INTO [Employee Status] VALUES (1,'IN','Masuk'),(2,'TL','Tugas luar')"_s);
         for (const QString& day : {u"2026-11-21"_s, u"2026-11-22"_s}) {
             for (const QString& nip : {u"0012"_s, u"0013"_s}) {
                 const QString tcid = u'T' + QString(day).remove(u'-') + nip;
-                company.Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (?,?,'OUT')"_s,
-                                     {tcid, nip});
-                company.Db().Execute(
-                    u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES (?,?,?,?)"_s,
-                    {tcid, day, day + u" 07:45:00"_s, day + u" 16:30:00"_s});
+                Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (?,?,'OUT')"_s,
+                             {tcid, nip});
+                Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES (?,?,?,?)"_s,
+                             {tcid, day, day + u" 07:45:00"_s, day + u" 16:30:00"_s});
             }
         }
-        window = std::make_unique<frmEditAbsensi>(company.program, skin, nullptr);
-        window->show();
-        window->activateWindow();
-        EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return window->isActiveWindow(); }));
+        window = std::make_unique<frmEditAbsensi>(program, skin, nullptr);
+        Show(*window);
     }
 
-    void Run(const QString& statement) { company.Db().Execute(statement); }
-    template<class Widget>
-    Widget& Part(const char* name) {
-        return WindowCompany::Part<Widget>(*window, name);
-    }
-    QTableView& Grid() { return Part<QTableView>("MSHFlexGrid1"); }
-    QString Cell(int row, int column) { return Grid().model()->index(row, column).data().toString(); }
-    void Go(int row, int column) { Grid().setCurrentIndex(Grid().model()->index(row, column)); }
     void Type(int row, int column, const QString& text) {
         Go(row, column);
         Keys(text + u'⏎');
     }
-    QString Said(const char* label) { return Part<QLabel>(label).text(); }
     /// Presses a button by its mnemonic and waits for what it says when it is done.
     void Do(Qt::Key mnemonic) {
         Part<QLabel>("lblDone").clear();
@@ -63,9 +47,6 @@ public:
         KeyboardUser::WaitUntil([this] { return !Said("lblDone").isEmpty(); });
     }
 
-    TestCompany company;
-    b_form_skin::Backgrounds skin;
-    KeyboardUser user;
     std::unique_ptr<frmEditAbsensi> window;
 };
 
@@ -89,7 +70,7 @@ TEST(frmEditAbsensi, SearchesWithEnterFromEveryBox) {
     KeyboardUser::Type(u"'"_s);
     for (int time = 1; time <= 2; ++time)
         KeyboardUser::Press(Qt::Key_Return);
-    EXPECT_EQ(search.company.dialogs.texts.size(), 1) << "a text that cannot be searched for is told once";
+    EXPECT_EQ(search.dialogs.texts.size(), 1) << "a text that cannot be searched for is told once";
     EXPECT_TRUE(search.Part<QLineEdit>("txtDivisi").hasFocus());
     EXPECT_TRUE(search.Said("lblRows").startsWith(u"0 baris"_s));
 }
@@ -106,8 +87,7 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     }
     search.Type(0, TimeOut, u"23:15"_s);
     search.Type(0, Keterangan, u"lupa"_s);
-    EXPECT_EQ(search.company.RowsOf(Cards)[0],
-              u"T202611210012|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
+    EXPECT_EQ(search.RowsOf(Cards)[0], u"T202611210012|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
     search.user.WhenIn(u"PickList"_s, [&](QWidget&) {
         Keys(u"⏎⎋"_s); // nothing is chosen yet
         EXPECT_EQ(search.Part<QLineEdit>("Text1").text(), u"zz"_s);
@@ -117,44 +97,42 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     search.Type(0, Status, u"zz"_s); // is no status: the list opens
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return search.Cell(0, Status) == u"TL"_s; }));
     KeyboardUser::Press(Qt::Key_Down);
-    EXPECT_EQ(search.company.RowsOf(Cards)[0],
-              u"T202611210012|TL|lupa|0|2026-11-21 07:45:00|2026-11-21 23:15:00"_s);
+    EXPECT_EQ(search.RowsOf(Cards)[0], u"T202611210012|TL|lupa|0|2026-11-21 07:45:00|2026-11-21 23:15:00"_s);
     EXPECT_EQ(search.Said("lblDone"), u"Baris 1 disimpan."_s);
 
     search.Type(1, TimeIn, u"pagi"_s);
     KeyboardUser::Press(Qt::Key_Down);
-    EXPECT_TRUE(search.company.dialogs.Last().contains(u"\"pagi\" bukan jam"_s));
+    EXPECT_TRUE(search.dialogs.Last().contains(u"\"pagi\" bukan jam"_s));
     EXPECT_EQ(search.Cell(1, TimeIn), u"pagi"_s);
-    search.company.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No};
+    search.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No};
     KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_TRUE(search.window->isVisible());
     search.Part<QWidget>("cmdTutup").setFocus();
     KeyboardUser::Press(Qt::Key_Space);
     EXPECT_FALSE(search.window->isVisible());
-    EXPECT_EQ(search.company.dialogs.questions.size(), 2);
-    EXPECT_EQ(search.company.RowsOf(Cards)[1],
-              u"T202611210013|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
+    EXPECT_EQ(search.dialogs.questions.size(), 2);
+    EXPECT_EQ(search.RowsOf(Cards)[1], u"T202611210013|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
 
-    search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='sementara ini'"_s);
+    search.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='sementara ini'"_s);
     search.window->show();
     EXPECT_EQ(search.Cell(1, TimeIn), u"07:45:00"_s) << "what was thrown away does not come back";
     EXPECT_EQ(search.Cell(3, Keterangan), u"sementara ini"_s);
     KeyboardUser::Press(Qt::Key_Escape);
-    EXPECT_EQ(search.company.dialogs.questions.size(), 2);
+    EXPECT_EQ(search.dialogs.questions.size(), 2);
 }
 
 TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
     SearchWindow search;
     KeyboardUser::Press(Qt::Key_Return);
     search.Type(0, Keterangan, u"dari sini"_s);
-    search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
+    search.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
     KeyboardUser::Press(Qt::Key_Down);
-    EXPECT_EQ(search.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(search.dialogs.texts.size(), 1);
     EXPECT_EQ(search.Cell(0, Keterangan), u"dari sana"_s);
-    EXPECT_TRUE(search.company.RowsOf(Cards)[0].contains(u"|dari sana|"_s));
+    EXPECT_TRUE(search.RowsOf(Cards)[0].contains(u"|dari sana|"_s));
     KeyboardUser::Press(Qt::Key_Escape);
     EXPECT_FALSE(search.window->isVisible());
-    EXPECT_TRUE(search.company.dialogs.questions.isEmpty());
+    EXPECT_TRUE(search.dialogs.questions.isEmpty());
 }
 
 TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
@@ -186,33 +164,33 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     search.Go(1, TimeIn);
     EXPECT_EQ(search.Said("lblCard"), u"T202611210013 · 李小龍"_s);
     KeyboardUser::Press(Qt::Key_F5);
-    EXPECT_EQ(search.company.dialogs.texts, QStringList{u"Please refresh."_s});
-    EXPECT_EQ(search.company.dialogs.icons.back(), Dialogs::Icon::Information);
+    EXPECT_EQ(search.dialogs.texts, QStringList{u"Please refresh."_s});
+    EXPECT_EQ(search.dialogs.icons.back(), Dialogs::Icon::Information);
     EXPECT_EQ(search.Cell(1, TimeOut), u"16:30:00"_s);
     KeyboardUser::Press(Qt::Key_Escape);
-    EXPECT_TRUE(search.company.dialogs.questions.isEmpty()) << "nothing typed is left";
+    EXPECT_TRUE(search.dialogs.questions.isEmpty()) << "nothing typed is left";
 }
 
 TEST(frmEditAbsensi, OnlyASupervisorDeletes) {
     SearchWindow search;
     KeyboardUser::Press(Qt::Key_Return);
     for (const QString& login : {u"<CANCEL>"_s, u"pelon~pelon~1"_s}) {
-        search.company.login = login;
+        search.login = login;
         search.Go(2, TimeIn);
         KeyboardUser::Press(Qt::Key_Delete);
     }
-    EXPECT_EQ(search.company.RowsOf(u"select TCID from TimeCardDetail order by TCID"_s),
+    EXPECT_EQ(search.RowsOf(u"select TCID from TimeCardDetail order by TCID"_s),
               (QStringList{u"T202611210012"_s, u"T202611210013"_s, u"T202611220013"_s}));
     EXPECT_EQ(search.Cell(2, TimeIn), QString());
     EXPECT_EQ(search.Cell(2, Status), u"OUT"_s);
     EXPECT_TRUE(search.Grid().hasFocus());
 
     search.Type(3, Keterangan, u"dari sini"_s);
-    search.company.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
+    search.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
     KeyboardUser::Press(Qt::Key_Delete);
     EXPECT_EQ(search.Cell(3, Keterangan), u"dari sana"_s);
     KeyboardUser::Press(Qt::Key_Escape);
-    EXPECT_TRUE(search.company.dialogs.questions.isEmpty()) << "the row was read anew";
+    EXPECT_TRUE(search.dialogs.questions.isEmpty()) << "the row was read anew";
 }
 
 TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
@@ -225,7 +203,7 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
     EXPECT_EQ(search.Said("lblDone"), u"2 kartu dihitung."_s);
     EXPECT_EQ(search.Cell(0, NormalHours), u"9.15"_s);
     EXPECT_EQ(search.Grid().currentIndex().row(), 1);
-    EXPECT_EQ(search.company.RowsOf(u"select NormalHours from TimeCardHeader order by TCID"_s),
+    EXPECT_EQ(search.RowsOf(u"select NormalHours from TimeCardHeader order by TCID"_s),
               (QStringList{u"9.15"_s, u"-"_s, u"9.15"_s, u"-"_s}));
 }
 
@@ -233,15 +211,15 @@ TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
     SearchWindow search;
     search.Part<QLineEdit>("txtTCID").setText(u"T20261122"_s);
     KeyboardUser::Press(Qt::Key_Return);
-    const QString path = search.company.folder.filePath(u"PRINT.TXT"_s);
+    const QString path = search.folder.filePath(u"PRINT.TXT"_s);
     search.Do(Qt::Key_G);
-    EXPECT_EQ(search.company.shownReports.size(), 1);
+    EXPECT_EQ(search.shownReports.size(), 1);
     const QString titles =
         u"Sr.No|Status|NIP |Nama|Keterangan|Dept|TCID         |Divisi|Tanggal    |TimeIN  |TimeOUT |"
         "TimeINOT|TimeOutOT|BeriUangMakan|NormalHours|OTHours|NormalAmount|OTAmount|"_s;
     const QString rule(titles.size(), u'-');
     EXPECT_EQ(
-        search.company.ReportLines(),
+        search.ReportLines(),
         (QStringList{
             rule, titles, rule,
             u"1    |OUT   |0012|Siti|          |PROD|T202611220012|A     |22-Nov-2026|07:45:00|16:30:00|"
@@ -250,14 +228,13 @@ TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
             "        |         |             |           |       |            |        |"_s,
             rule, QString()}));
     search.Do(Qt::Key_L);
-    EXPECT_EQ(
-        search.company.ReportLines().mid(0, 3),
-        (QStringList{u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: T202611"_s, u"Dicetak: 22-Nov-2026 07:58"_s}));
+    EXPECT_EQ(search.ReportLines().mid(0, 3), (QStringList{u"DATA ABSENSI PER LEMBAR"_s, u"Lembar: T202611"_s,
+                                                           u"Dicetak: 22-Nov-2026 07:58"_s}));
     search.Do(Qt::Key_K);
-    EXPECT_EQ(search.company.ReportLines()[1], u"NIK: 0012  Siti"_s);
-    EXPECT_EQ(search.company.dialogs.texts,
+    EXPECT_EQ(search.ReportLines()[1], u"NIK: 0012  Siti"_s);
+    EXPECT_EQ(search.dialogs.texts,
               QStringList(
                   3, u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s));
-    EXPECT_EQ(search.company.dialogs.icons.back(), Dialogs::Icon::Exclamation);
-    EXPECT_EQ(search.company.shownReports, QStringList(3, path));
+    EXPECT_EQ(search.dialogs.icons.back(), Dialogs::Icon::Exclamation);
+    EXPECT_EQ(search.shownReports, QStringList(3, path));
 }

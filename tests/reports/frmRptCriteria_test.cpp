@@ -1,33 +1,20 @@
 #include "reports/frmRptCriteria.h"
 
 #include "reports/report_file.h"
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-template<class Widget>
-Widget& Part(QWidget& window, const char* name) {
-    return WindowCompany::Part<Widget>(window, name);
-}
-
-QString TextOf(QWidget& window, const char* label) {
-    return Part<QLabel>(window, label).text();
-}
-
 /// The window over a company of two employees and a card, worked at by keyboard while it is open.
-class Criteria {
+class Criteria : public WindowFixture {
 public:
     Criteria() {
-        company.AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s, u"P1"_s, u"A"_s);
-        company.AddEmployee(u"0013"_s, u"Agus Salim"_s, u"x"_s, u"G1"_s, u"B"_s);
+        AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s, u"P1"_s, u"A"_s);
+        AddEmployee(u"0013"_s, u"Agus Salim"_s, u"x"_s, u"G1"_s, u"B"_s);
         Run(u"INSERT INTO Departments (DeptCode, DeptName) VALUES ('P1','Produksi'),('G1','Gudang')"_s);
         Run(u"INSERT INTO Division VALUES ('A','Satu'),('B','Dua')"_s);
         Run(u"INSERT INTO [Employee Status] VALUES (1,'I','Izin')"_s);
@@ -35,31 +22,19 @@ public:
         Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611220012','2026-11-22')"_s);
     }
 
-    void Run(const QString& statement) { company.Db().Execute(statement); }
-
     /// Opens the window for a report and does the work in it. What is left open is closed.
     void Open(const QString& report, const std::function<void(QWidget&)>& work) {
-        frmRptCriteria window(company.program, report, skin, nullptr);
-        user.WhenIn(u"frmRptCriteria"_s, [&](QWidget& shown) {
-            work(shown);
-            if (shown.isVisible())
-                KeyboardUser::Press(Qt::Key_Escape);
-        });
-        window.exec();
-        EXPECT_TRUE(user.IsDone());
+        frmRptCriteria window(program, report, skin, nullptr);
+        WindowFixture::Open(window, work);
     }
 
     /// Presses OK and waits until the report is shown.
     void PressOk() {
-        const qsizetype shown = company.shownReports.size() + company.dialogs.texts.size();
+        const qsizetype before = shownReports.size() + dialogs.texts.size();
         KeyboardUser::Press(Qt::Key_O, Qt::AltModifier);
-        EXPECT_TRUE(KeyboardUser::WaitUntil(
-            [&] { return company.shownReports.size() + company.dialogs.texts.size() > shown; }));
+        EXPECT_TRUE(
+            KeyboardUser::WaitUntil([&] { return shownReports.size() + dialogs.texts.size() > before; }));
     }
-
-    TestCompany company;
-    b_form_skin::Backgrounds skin;
-    KeyboardUser user;
 };
 
 } // namespace
@@ -79,18 +54,17 @@ TEST(frmRptCriteria, EnablesWhatTheReportTakesAndEnterWalksThroughIt) {
     for (const Case& c : cases) {
         Criteria criteria;
         criteria.Open(c.report, [&](QWidget& window) {
-            EXPECT_EQ(Part<QLineEdit>(window, "txtDate1").text(), c.firstDay);
-            EXPECT_EQ(Part<QLineEdit>(window, "txtDate2").text(), u"22-Nov-2026"_s);
+            EXPECT_EQ(TextOf(window, "txtDate1"), c.firstDay);
+            EXPECT_EQ(TextOf(window, "txtDate2"), u"22-Nov-2026"_s);
             QStringList walk;
             while (window.focusWidget()->objectName() != u"cmdOk"_s && walk.size() < 9) {
                 walk << window.focusWidget()->objectName();
                 KeyboardUser::Press(Qt::Key_Return);
             }
             EXPECT_EQ(walk, c.walk);
-            EXPECT_TRUE(criteria.company.shownReports.isEmpty());
+            EXPECT_TRUE(criteria.shownReports.isEmpty());
             KeyboardUser::Press(Qt::Key_Return);
-            EXPECT_EQ(criteria.company.shownReports,
-                      QStringList{ReportFilePath(criteria.company.program.folder)});
+            EXPECT_EQ(criteria.shownReports, QStringList{ReportFilePath(criteria.program.folder)});
             EXPECT_TRUE(TextOf(window, "lblDone").contains(u" 2 "_s));
         });
     }
@@ -104,22 +78,22 @@ TEST(frmRptCriteria, MakesFurtherReportsWithChangedCriteria) {
         EXPECT_EQ(dept.itemText(1) + dept.itemText(2), u"GudangProduksi"_s);
         EXPECT_EQ(division.currentText(), u"<ALL>"_s);
         criteria.PressOk();
-        EXPECT_EQ(criteria.company.ReportLines().filter(u"|0012"_s).size(), 1);
-        EXPECT_EQ(criteria.company.ReportLines().value(2), QString());
+        EXPECT_EQ(criteria.ReportLines().filter(u"|0012"_s).size(), 1);
+        EXPECT_EQ(criteria.ReportLines().value(2), QString());
         Part<QWidget>(window, "txtDept").setFocus();
         KeyboardUser::Type(u"P"_s);
         criteria.PressOk();
-        EXPECT_EQ(criteria.company.ReportLines().value(2), u"DEPT  : PRODUKSI"_s);
-        EXPECT_EQ(criteria.company.ReportLines().filter(u"|00"_s),
+        EXPECT_EQ(criteria.ReportLines().value(2), u"DEPT  : PRODUKSI"_s);
+        EXPECT_EQ(criteria.ReportLines().filter(u"|00"_s),
                   QStringList{u"|1   |0012    |Siti Aminah         |1     |"_s});
         Part<QWidget>(window, "txtDivisi").setFocus();
         KeyboardUser::Type(u"D"_s);
         criteria.PressOk();
-        EXPECT_EQ(criteria.company.ReportLines().value(3), u"DIVISI: DUA"_s);
-        EXPECT_EQ(criteria.company.ReportLines().filter(u"|00"_s), QStringList());
+        EXPECT_EQ(criteria.ReportLines().value(3), u"DIVISI: DUA"_s);
+        EXPECT_EQ(criteria.ReportLines().filter(u"|00"_s), QStringList());
         EXPECT_EQ(TextOf(window, "lblDone"), u"Tidak ada data untuk kriteria ini."_s);
     });
-    EXPECT_EQ(criteria.company.shownReports.size(), 3);
+    EXPECT_EQ(criteria.shownReports.size(), 3);
 }
 
 TEST(frmRptCriteria, SortsTheDailyReportByTheChosenOrder) {
@@ -132,7 +106,7 @@ TEST(frmRptCriteria, SortsTheDailyReportByTheChosenOrder) {
             sort.setFocus();
             sort.setCurrentIndex(sort.findText(key, Qt::MatchStartsWith));
             criteria.PressOk();
-            EXPECT_EQ(criteria.company.ReportLines().value(6).mid(6, 4), first) << key.toStdString();
+            EXPECT_EQ(criteria.ReportLines().value(6).mid(6, 4), first) << key.toStdString();
         }
     });
 }
@@ -159,7 +133,7 @@ TEST(frmRptCriteria, TakesAnEmployeeFromTheListOrAsTyped) {
             KeyboardUser::Type(typed);
             criteria.PressOk();
             EXPECT_EQ(TextOf(window, "lblEmplName"), name);
-            EXPECT_EQ(criteria.company.ReportLines().filter(u"NIP : "_s), employees) << typed.toStdString();
+            EXPECT_EQ(criteria.ReportLines().filter(u"NIP : "_s), employees) << typed.toStdString();
         }
     });
 }
@@ -171,18 +145,18 @@ TEST(frmRptCriteria, TypedDatesAreTakenAndAReversedPeriodIsHintedAt) {
         Keys(u"23↹"_s);
         EXPECT_NE(TextOf(window, "lblDateHint"), QString());
         criteria.PressOk();
-        EXPECT_EQ(criteria.company.ReportLines().value(1), u"TANGGAL: 23-Nov-2026 s/d 22-Nov-2026"_s);
+        EXPECT_EQ(criteria.ReportLines().value(1), u"TANGGAL: 23-Nov-2026 s/d 22-Nov-2026"_s);
         auto& first = Part<QLineEdit>(window, "txtDate1");
         first.setFocus();
         KeyboardUser::Type(u"31/2/2026"_s);
         criteria.PressOk(); // refused: no report with another date
-        EXPECT_TRUE(criteria.company.dialogs.Last().contains(u"Tanggal awal: \"31/2/2026\""_s));
-        EXPECT_EQ(criteria.company.shownReports.size(), 1);
+        EXPECT_TRUE(criteria.dialogs.Last().contains(u"Tanggal awal: \"31/2/2026\""_s));
+        EXPECT_EQ(criteria.shownReports.size(), 1);
         KeyboardUser::Type(u"2"_s);
         criteria.PressOk();
         EXPECT_EQ(TextOf(window, "lblDateHint"), QString());
-        EXPECT_EQ(criteria.company.ReportLines().value(1), u"TANGGAL: 02-Nov-2026 s/d 22-Nov-2026"_s);
-        EXPECT_EQ(criteria.company.ReportLines().filter(u"|22-Nov-2026|"_s).size(), 2);
+        EXPECT_EQ(criteria.ReportLines().value(1), u"TANGGAL: 02-Nov-2026 s/d 22-Nov-2026"_s);
+        EXPECT_EQ(criteria.ReportLines().filter(u"|22-Nov-2026|"_s).size(), 2);
     });
 }
 
@@ -190,17 +164,16 @@ TEST(frmRptCriteria, AFailureIsLoggedUnderItsRoutineAndLeavesTheFormerReport) {
     Criteria criteria;
     criteria.Open(u"AbsensiSumKary"_s, [&](QWidget& window) {
         criteria.PressOk();
-        const QStringList before = criteria.company.ReportLines();
+        const QStringList before = criteria.ReportLines();
         criteria.Run(u"DROP TABLE [Employee Status]"_s);
         criteria.PressOk();
         EXPECT_TRUE(window.isVisible());
         EXPECT_EQ(TextOf(window, "lblDone"), QString());
-        EXPECT_EQ(criteria.company.ReportLines(), before);
+        EXPECT_EQ(criteria.ReportLines(), before);
     });
-    EXPECT_EQ(criteria.company.dialogs.texts.size(), 1);
-    EXPECT_EQ(criteria.company.shownReports.size(), 1);
-    EXPECT_TRUE(BytesOf(criteria.company.folder.filePath(u"VELTLOG.TXT"_s))
-                    .contains("frmRptCriteria.PrintSummaryReport"));
+    EXPECT_EQ(criteria.dialogs.texts.size(), 1);
+    EXPECT_EQ(criteria.shownReports.size(), 1);
+    EXPECT_TRUE(criteria.IsLogged("frmRptCriteria.PrintSummaryReport"));
 }
 
 TEST(frmRptCriteria, AnUnknownReportCanOnlyBeLeft) {
@@ -212,5 +185,5 @@ TEST(frmRptCriteria, AnUnknownReportCanOnlyBeLeft) {
         KeyboardUser::Press(Qt::Key_Return);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !window.isVisible(); }));
     });
-    EXPECT_TRUE(criteria.company.shownReports.isEmpty());
+    EXPECT_TRUE(criteria.shownReports.isEmpty());
 }

@@ -1,11 +1,9 @@
 #include "shell/frmLogin.h"
 
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +32,7 @@ TEST(frmLogin, WhatIsTypedIsHandedOverOnceAndNotThroughTheClipboard) {
         LoginHandOver channel;
         KeyboardUser user;
         user.WhenIn(u"frmLogin"_s, [&](QWidget& window) {
-            EXPECT_EQ(WindowCompany::Part<QLineEdit>(window, "txtTanggal").text(), u"22-Nov-26"_s);
+            EXPECT_EQ(TextOf(window, "txtTanggal"), u"22-Nov-26"_s);
             Keys(login.keys);
             KeyboardUser::Press(login.last, login.with);
         });
@@ -52,7 +50,7 @@ TEST(frmLogin, ThePasswordCannotBeCopiedAndCapsLockIsTold) {
     KeyboardUser user;
     QApplication::clipboard()->setText(u"untouched"_s);
     user.WhenIn(u"frmLogin"_s, [&](QWidget& window) {
-        const auto& hint = WindowCompany::Part<QLabel>(window, "lblCapsLock");
+        const auto& hint = Part<QLabel>(window, "lblCapsLock");
         Keys(u"⏎r"_s);
         EXPECT_TRUE(hint.text().isEmpty());
         KeyboardUser::Type(u"R"_s); // a capital letter without the Shift key

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The window with four windows that do nothing but open.
-class Hub {
+class Hub : public WindowFixture {
 public:
     Hub() {
         SettingNeeds needs{Maker(u"browser"_s), Maker(u"roster"_s), Maker(u"shiftCodes"_s),
@@ -25,17 +25,8 @@ public:
         };
     }
     /// Opens the window, does the work in it and leaves it with Esc.
-    void Open(const std::function<void(QWidget&)>& work) {
-        user.WhenIn(u"frmSetting"_s, [&](QWidget& window) {
-            work(window);
-            KeyboardUser::Press(Qt::Key_Escape);
-            EXPECT_FALSE(window.isVisible());
-        });
-        setting->exec();
-    }
+    void Open(const Work& work) { WindowFixture::Open(*setting, work); }
 
-    b_form_skin::Backgrounds skin;
-    KeyboardUser user;
     std::unique_ptr<frmSetting> setting;
     QStringList made;
     QList<bool> adminMode;
@@ -74,7 +65,7 @@ TEST(frmSetting, HandsTheBoxBackWhenItIsLeftAndForgetsIt) {
     for (const auto& [box, handed] : cases) {
         Hub hub;
         hub.Open([box = box](QWidget& window) {
-            auto& chkAdminMode = WindowCompany::Part<QCheckBox>(window, "chkAdminMode");
+            auto& chkAdminMode = Part<QCheckBox>(window, "chkAdminMode");
             if (box == Qt::PartiallyChecked) { // no key makes it so
                 chkAdminMode.setCheckState(box);
             } else if (box == Qt::Checked) {

@@ -1,10 +1,8 @@
 #include "shifts/frmShiftCode.h"
 
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QAbstractItemModelTester>
-#include <QTableView>
 
 using namespace Qt::StringLiterals;
 using Answer = Dialogs::Answer;
@@ -16,29 +14,24 @@ const QString RenamedNight = u"MLM"_s + Night.sliced(5);
 const QString Daily = u"P|1899-12-30 08:00:00|1899-12-30 17:00:00"_s;
 
 /// The window over a night and a day shift, worked at by keyboard while it is open.
-class ShiftCodes {
+class ShiftCodes : public WindowFixture {
 public:
     ShiftCodes() {
-        company.Db().Execute(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00'),"
-                             "('MALAM','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
+        Run(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00'),"
+            "('MALAM','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
     }
 
     /// Opens the window and does the work in it. What is left open is closed, unsaved.
     void Open(const std::function<void(QWidget&)>& work) {
-        frmShiftCode codes(company.program, skin, nullptr);
-        user.WhenIn(u"frmShiftCode"_s, [&](QWidget& window) {
-            work(window);
-            if (!window.isVisible())
-                return;
-            company.dialogs.answers = {Answer::No};
+        frmShiftCode codes(program, skin, nullptr);
+        WindowFixture::Open(codes, work, [this](QWidget&) {
+            dialogs.answers = {Answer::No};
             KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
-            EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !window.isVisible(); }));
         });
-        codes.exec();
     }
-    static QTableView& Grid(QWidget& window) { return WindowCompany::Part<QTableView>(window, "DataGrid1"); }
-    static QStringList Shown(QWidget& window) {
-        const QAbstractItemModel& model = *Grid(window).model();
+    QTableView& Grid() { return Part<QTableView>("DataGrid1"); }
+    QStringList Shown() {
+        const QAbstractItemModel& model = *Grid().model();
         QStringList rows;
         for (int row = 0; row < model.rowCount(); ++row) {
             const auto cell = [&](int column) { return model.index(row, column).data().toString(); };
@@ -46,11 +39,7 @@ public:
         }
         return rows;
     }
-    QStringList Rows() { return company.RowsOf(u"select Code, TimeIn, TimeOut from Shift order by Code"_s); }
-
-    TestCompany company;
-    b_form_skin::Backgrounds skin;
-    KeyboardUser user;
+    QStringList Rows() { return RowsOf(u"select Code, TimeIn, TimeOut from Shift order by Code"_s); }
 };
 
 } // namespace
@@ -88,13 +77,13 @@ TEST(frmShiftCode, WritesARowWhenItIsLeftOrFinished) {
     };
     for (const auto& c : cases) {
         ShiftCodes codes;
-        codes.Open([&](QWidget& window) {
-            const QAbstractItemModelTester tester(ShiftCodes::Grid(window).model(),
+        codes.Open([&](QWidget&) {
+            const QAbstractItemModelTester tester(codes.Grid().model(),
                                                   QAbstractItemModelTester::FailureReportingMode::Fatal);
             Keys(c.keys);
             EXPECT_EQ(codes.Rows(), c.rows) << c.what;
         });
-        EXPECT_TRUE(codes.company.dialogs.texts.isEmpty()) << c.what;
+        EXPECT_TRUE(codes.dialogs.texts.isEmpty()) << c.what;
     }
 }
 
@@ -114,16 +103,16 @@ TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
     };
     for (const auto& c : cases) {
         ShiftCodes codes;
-        const auto other = codes.company.OtherDesk();
-        codes.Open([&](QWidget& window) {
+        const auto other = codes.OtherDesk();
+        codes.Open([&](QWidget&) {
             other->Execute(u"INSERT INTO Shift (Code) VALUES ('LAIN')"_s);
             Keys(c.keys);
-            EXPECT_EQ(codes.company.dialogs.texts.size(), 1) << c.row.toStdString();
+            EXPECT_EQ(codes.dialogs.texts.size(), 1) << c.row.toStdString();
             EXPECT_EQ(codes.Rows(), (QStringList{u"LAIN|-|-"_s, Night, Daily}));
-            EXPECT_EQ(ShiftCodes::Shown(window).value(2), c.row);
-            EXPECT_EQ(ShiftCodes::Grid(window).currentIndex().row(), 2);
+            EXPECT_EQ(codes.Shown().value(2), c.row);
+            EXPECT_EQ(codes.Grid().currentIndex().row(), 2);
             Keys(u"⎋"_s);
-            EXPECT_EQ(ShiftCodes::Shown(window).size(), 2);
+            EXPECT_EQ(codes.Shown().size(), 2);
         });
     }
 }
@@ -131,14 +120,14 @@ TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
 TEST(frmShiftCode, AnotherDesksChangeIsToldAndShown) {
     for (const QString& keys : {u"→21:00⏎⏎⏎"_s, u"⌦"_s}) {
         ShiftCodes codes;
-        const auto other = codes.company.OtherDesk();
+        const auto other = codes.OtherDesk();
         other->Execute(u"INSERT INTO Shift VALUES ('Z','1899-12-30 22:00:00','1899-12-30 06:00:30')"_s);
-        codes.Open([&](QWidget& window) {
+        codes.Open([&](QWidget&) {
             other->Execute(u"UPDATE Shift SET TimeIn='1899-12-30 23:00:00' WHERE Code='MALAM'"_s);
-            codes.company.dialogs.answers = {Answer::Yes};
+            codes.dialogs.answers = {Answer::Yes};
             Keys(keys);
-            EXPECT_TRUE(codes.company.dialogs.Last().contains(u"komputer lain"_s));
-            EXPECT_EQ(ShiftCodes::Shown(window),
+            EXPECT_TRUE(codes.dialogs.Last().contains(u"komputer lain"_s));
+            EXPECT_EQ(codes.Shown(),
                       (QStringList{u"MALAM|23:00|06:00 (+1)"_s, u"P|08:00|17:00"_s, u"Z|22:00|06:00:30"_s}));
             EXPECT_EQ(codes.Rows().first(), u"MALAM|1899-12-30 23:00:00|1899-12-31 06:00:00"_s);
         });
@@ -148,20 +137,20 @@ TEST(frmShiftCode, AnotherDesksChangeIsToldAndShown) {
 TEST(frmShiftCode, DeletingSaysHowManyRowsUseTheCodeAndLeavesThemAlone) {
     for (const Answer answer : {Answer::Yes, Answer::No}) {
         ShiftCodes codes;
-        Connection& db = codes.company.Db();
+        Connection& db = codes.Db();
         db.Execute(u"UPDATE Shift SET Code='Malam' WHERE Code='MALAM'"_s);
         db.Execute(u"INSERT INTO ShiftEmployee VALUES ('1','2026-11-01','Malam'),('1','2026-11-02','Malam'),"
                    "('1','2026-11-03','P')"_s);
         db.Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,ShiftCode) VALUES "
                    "('T202611011','2026-11-01','MALAM')"_s);
-        codes.company.dialogs.answers = {answer};
+        codes.dialogs.answers = {answer};
         codes.Open([&](QWidget&) {
             Keys(u"⌦"_s);
-            const QString question = codes.company.dialogs.questions.value(0);
+            const QString question = codes.dialogs.questions.value(0);
             EXPECT_TRUE(question.contains(u"2 hari"_s) && question.contains(u"1 kartu"_s));
         });
         EXPECT_EQ(codes.Rows().size(), answer == Answer::Yes ? 1 : 2);
-        EXPECT_EQ(codes.company.RowsOf(u"select ShiftCode from ShiftEmployee order by Tgl"_s),
+        EXPECT_EQ(codes.RowsOf(u"select ShiftCode from ShiftEmployee order by Tgl"_s),
                   (QStringList{u"Malam"_s, u"Malam"_s, u"P"_s}));
     }
 }
@@ -175,11 +164,11 @@ TEST(frmShiftCode, ClosingWithARowInEditAsks) {
         {Answer::Yes, true, RenamedNight}, {Answer::No, true, Night}, {Answer::Cancel, false, Night}};
     for (const auto& c : cases) {
         ShiftCodes codes;
-        codes.company.dialogs.answers = {c.answer};
+        codes.dialogs.answers = {c.answer};
         codes.Open([&](QWidget& window) {
             Keys(u"MLM"_s);
             KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
-            EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !codes.company.dialogs.questions.isEmpty(); }));
+            EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !codes.dialogs.questions.isEmpty(); }));
             QCoreApplication::processEvents();
             EXPECT_EQ(window.isVisible(), !c.closes);
         });
@@ -189,9 +178,9 @@ TEST(frmShiftCode, ClosingWithARowInEditAsks) {
 
 TEST(frmShiftCode, AnEmptyTableTakesAFirstRow) {
     ShiftCodes codes;
-    codes.company.Db().Execute(u"DELETE FROM Shift"_s);
-    codes.Open([&](QWidget& window) {
-        const QAbstractItemModel& model = *ShiftCodes::Grid(window).model();
+    codes.Run(u"DELETE FROM Shift"_s);
+    codes.Open([&](QWidget&) {
+        const QAbstractItemModel& model = *codes.Grid().model();
         EXPECT_EQ(model.rowCount(), 0);
         KeyboardUser::Press(Qt::Key_T, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return model.rowCount() == 1; }));

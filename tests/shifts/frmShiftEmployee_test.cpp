@@ -2,13 +2,11 @@
 
 #include "database/sqlite_dialect.h"
 #include "support/failures.h"
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 #include "ui/data_grid.h"
 #include "ui/frozen_columns.h"
 
 #include <QAbstractItemModelTester>
-#include <QLabel>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -18,72 +16,66 @@ namespace {
 constexpr int Days = RosterModel::FirstDay - 1; ///< added to a day of the month it gives the column
 
 /// The window over November 2026 and three employees, worked at by keyboard while it is open.
-class Roster {
+class Roster : public WindowFixture {
 public:
     Roster() {
-        company.AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s);
-        company.AddEmployee(u"0013"_s, u"Budi Santoso"_s, u"x"_s);
-        company.AddEmployee(u"O'1"_s, u"Agus Salim"_s, u"x"_s);
+        AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s);
+        AddEmployee(u"0013"_s, u"Budi Santoso"_s, u"x"_s);
+        AddEmployee(u"O'1"_s, u"Agus Salim"_s, u"x"_s);
         Run(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00'),"
             "('MALAM','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
         Run(u"INSERT INTO ShiftEmployee VALUES ('0012','2026-11-01','P'),('0013','2026-11-30','MALAM'),"
             "('0012','2026-10-31','P'),('0012','2025-11-02','P'),('9999','2026-11-01','P')"_s);
     }
-    void Run(const QString& statement) { company.Db().ExecuteNative(statement); }
 
     void Open(const std::function<void(QWidget&)>& work) {
-        frmShiftEmployee roster(company.program, skin, nullptr);
-        user.WhenIn(u"frmShiftEmployee"_s, [&](QWidget& window) {
-            const QAbstractItemModelTester tester(Grid(window).model(),
-                                                  QAbstractItemModelTester::FailureReportingMode::Fatal);
-            work(window);
-            window.close();
-        });
-        roster.exec();
+        frmShiftEmployee roster(program, skin, nullptr);
+        WindowFixture::Open(
+            roster,
+            [&](QWidget& window) {
+                const QAbstractItemModelTester tester(Grid().model(),
+                                                      QAbstractItemModelTester::FailureReportingMode::Fatal);
+                work(window);
+            },
+            [](QWidget& window) { window.close(); });
     }
-    static DataGrid& Grid(QWidget& window) { return WindowCompany::Part<DataGrid>(window, "MSHFlexGrid1"); }
-    static QModelIndex Cell(QWidget& window, int row, int day) {
-        return Grid(window).model()->index(row, day + Days);
-    }
+    DataGrid& Grid() { return Part<DataGrid>("MSHFlexGrid1"); }
+    QModelIndex Cell(int row, int day) { return At(row, day + Days); }
     /// The days of a row that hold a code, as "day code".
-    static QString Codes(QWidget& window, int row) {
+    QString Codes(int row) {
         QStringList codes;
         for (int day = 1; day <= 31; ++day) {
-            if (const QString code = Cell(window, row, day).data().toString(); !code.isEmpty())
+            if (const QString code = Cell(row, day).data().toString(); !code.isEmpty())
                 codes << QString::number(day) + u' ' + code;
         }
         return codes.join(u", "_s);
     }
-    static CellLook Look(QWidget& window, int row, int day) {
-        return static_cast<CellLook>(Cell(window, row, day).data(CellLookRole).toInt());
+    CellLook Look(int row, int day) {
+        return static_cast<CellLook>(Cell(row, day).data(CellLookRole).toInt());
     }
     /// What is stored of November 2026 for one employee, as "day code".
     QString Stored(const QString& nip) {
-        return company
-            .RowsOf(u"select Mid(Tgl,9,2)||' '||ShiftCode from ShiftEmployee where Tgl between #2026-11-01# "
-                    "and #2026-11-30# and NIP="_s
-                    + u"'%1' order by Tgl"_s.arg(nip))
+        return RowsOf(
+                   u"select Mid(Tgl,9,2)||' '||ShiftCode from ShiftEmployee where Tgl between #2026-11-01# "
+                   "and #2026-11-30# and NIP="_s
+                   + u"'%1' order by Tgl"_s.arg(nip))
             .join(u", "_s);
     }
-    static void SetPeriod(QWidget& window, const QString& period) {
+    void SetPeriod(const QString& period) {
         KeyboardUser::Press(Qt::Key_P, Qt::AltModifier);
-        auto& txtPeriode = WindowCompany::Part<QLineEdit>(window, "txtPeriode");
+        auto& txtPeriode = Part<QLineEdit>("txtPeriode");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return txtPeriode.hasFocus(); }));
         txtPeriode.selectAll();
         Keys(period + u'⏎');
     }
-
-    TestCompany company;
-    b_form_skin::Backgrounds skin;
-    KeyboardUser user;
 };
 
 } // namespace
 
 TEST(frmShiftEmployee, ShowsTheMonthWithThirtyOneDays) {
     Roster roster;
-    roster.Open([](QWidget& window) {
-        const QAbstractItemModel& model = *Roster::Grid(window).model();
+    roster.Open([&](QWidget& window) {
+        const QAbstractItemModel& model = *roster.Grid().model();
         for (int day = 1; day <= 31; ++day)
             EXPECT_EQ(model.headerData(day + Days, Qt::Horizontal).toInt(), day);
         EXPECT_EQ(model.columnCount(), 34);
@@ -91,16 +83,16 @@ TEST(frmShiftEmployee, ShowsTheMonthWithThirtyOneDays) {
         EXPECT_EQ(model.index(1, 0).data().toString() + model.index(1, 1).data().toString()
                       + model.index(1, 2).data().toString(),
                   u"20013Budi Santoso"_s);
-        EXPECT_EQ(WindowCompany::Part<QLineEdit>(window, "txtPeriode").text(), u"202611"_s);
-        EXPECT_EQ(Roster::Codes(window, 0), u"1 P"_s);
-        EXPECT_EQ(Roster::Codes(window, 1), u"30 MALAM"_s);
+        EXPECT_EQ(TextOf(window, "txtPeriode"), u"202611"_s);
+        EXPECT_EQ(roster.Codes(0), u"1 P"_s);
+        EXPECT_EQ(roster.Codes(1), u"30 MALAM"_s);
         const std::pair<int, CellLook> looks[] = {{21, CellLook::Plain},
                                                   {22, CellLook::Marked},
                                                   {29, CellLook::Tinted},
                                                   {30, CellLook::Plain},
                                                   {31, CellLook::Hatched}};
         for (const auto& [day, look] : looks)
-            EXPECT_EQ(Roster::Look(window, 1, day), look) << day;
+            EXPECT_EQ(roster.Look(1, day), look) << day;
     });
 }
 
@@ -127,7 +119,7 @@ TEST(frmShiftEmployee, WritesEachChangedCellAtOnce) {
             Keys(c.keys);
             EXPECT_EQ(roster.Stored(u"0012"_s), c.stored) << c.what;
         });
-        EXPECT_TRUE(roster.company.dialogs.texts.isEmpty()) << c.what;
+        EXPECT_TRUE(roster.dialogs.texts.isEmpty()) << c.what;
         EXPECT_EQ(roster.Stored(u"0013"_s), u"30 MALAM"_s) << c.what;
         EXPECT_EQ(roster.Stored(u"9999"_s), u"01 P"_s) << c.what;
     }
@@ -137,13 +129,13 @@ TEST(frmShiftEmployee, AnUnchangedTextIsNotWrittenAndAChangedOneOverwrites) {
     for (const auto& [keys, stored] :
          {std::pair{u"P⏎"_s, u"01 LAIN"_s}, std::pair{u"MALAM⏎"_s, u"01 MALAM"_s}}) {
         Roster roster;
-        const auto other = roster.company.OtherDesk();
+        const auto other = roster.OtherDesk();
         roster.Open([&, typed = keys](QWidget&) {
             other->Execute(u"UPDATE ShiftEmployee SET ShiftCode='LAIN' WHERE NIP='0012'"_s);
             Keys(typed);
         });
         EXPECT_EQ(roster.Stored(u"0012"_s), stored);
-        EXPECT_TRUE(roster.company.dialogs.texts.isEmpty());
+        EXPECT_TRUE(roster.dialogs.texts.isEmpty());
     }
 }
 
@@ -161,27 +153,26 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
         Roster roster;
         roster.Run(u"CREATE TRIGGER refuse BEFORE UPDATE ON ShiftEmployee WHEN NEW.ShiftCode='GAGAL' "
                    "BEGIN SELECT RAISE(ABORT,'disk on fire'); END"_s);
-        const QStringList before = roster.company.RowsOf(u"select * from ShiftEmployee"_s);
-        roster.Open([&](QWidget& window) {
-            DataGrid& grid = Roster::Grid(window);
-            const QModelIndex cell = Roster::Cell(window, c.row, c.day);
+        const QStringList before = roster.RowsOf(u"select * from ShiftEmployee"_s);
+        roster.Open([&](QWidget&) {
+            DataGrid& grid = roster.Grid();
+            const QModelIndex cell = roster.Cell(c.row, c.day);
             grid.setCurrentIndex(cell);
             Keys(c.code + u'⏎');
-            EXPECT_EQ(roster.company.dialogs.texts.size(), 1) << c.what;
-            EXPECT_EQ(roster.company.RowsOf(u"select * from ShiftEmployee"_s), before) << c.what;
+            EXPECT_EQ(roster.dialogs.texts.size(), 1) << c.what;
+            EXPECT_EQ(roster.RowsOf(u"select * from ShiftEmployee"_s), before) << c.what;
             EXPECT_EQ(cell.data().toString(), c.code) << c.what;
             EXPECT_TRUE(grid.IsMarkedUnsaved(cell)) << c.what;
-            EXPECT_TRUE(BytesOf(roster.company.folder.filePath(u"VELTLOG.TXT"_s))
-                            .contains("frmShiftEmployee.SaveCell"));
+            EXPECT_TRUE(roster.IsLogged("frmShiftEmployee.SaveCell"));
             Keys(u"⏎⏎"_s);
-            EXPECT_EQ(roster.company.dialogs.texts.size(), 2) << c.what << ", entered again";
+            EXPECT_EQ(roster.dialogs.texts.size(), 2) << c.what << ", entered again";
             if (c.wiped)
                 Keys(u"⌦"_s);
             else
                 KeyboardUser::Press(Qt::Key_R, Qt::AltModifier);
             EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !grid.IsMarkedUnsaved(cell); })) << c.what;
             EXPECT_NE(cell.data().toString(), c.code) << c.what;
-            EXPECT_EQ(roster.company.dialogs.texts.size(), 2) << c.what;
+            EXPECT_EQ(roster.dialogs.texts.size(), 2) << c.what;
         });
     }
 }
@@ -191,10 +182,10 @@ TEST(frmShiftEmployee, APeriodThatIsNoneKeepsTheMonthAndItsSaves) {
          {u"2026-1"_s, u"20261"_s, u"202613"_s, u"202600"_s, u"abcdef"_s, u"1or1=1"_s, u"⌦"_s}) {
         Roster roster;
         roster.Open([&](QWidget& window) {
-            Roster::SetPeriod(window, period);
-            EXPECT_EQ(roster.company.dialogs.texts.size(), 1) << period.toStdString();
-            EXPECT_EQ(Roster::Codes(window, 0), u"1 P"_s);
-            EXPECT_EQ(WindowCompany::Part<QLabel>(window, "lblMonth").text(), u"November 2026"_s);
+            roster.SetPeriod(period);
+            EXPECT_EQ(roster.dialogs.texts.size(), 1) << period.toStdString();
+            EXPECT_EQ(roster.Codes(0), u"1 P"_s);
+            EXPECT_EQ(TextOf(window, "lblMonth"), u"November 2026"_s);
             Keys(u"↹↹MALAM⏎"_s);
             EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM"_s);
         });
@@ -204,33 +195,33 @@ TEST(frmShiftEmployee, APeriodThatIsNoneKeepsTheMonthAndItsSaves) {
 TEST(frmShiftEmployee, AnotherMonthTakesThePlaceOfTheFirst) {
     Roster roster;
     roster.Run(u"INSERT INTO ShiftEmployee VALUES ('0012','2024-02-29','MALAM')"_s);
-    const auto other = roster.company.OtherDesk();
+    const auto other = roster.OtherDesk();
     roster.Open([&](QWidget& window) {
-        Roster::SetPeriod(window, u"202402"_s);
-        EXPECT_EQ(Roster::Codes(window, 0), u"29 MALAM"_s);
-        EXPECT_EQ(Roster::Look(window, 0, 30), CellLook::Hatched);
-        Roster::SetPeriod(window, u"202612"_s);
-        EXPECT_EQ(Roster::Codes(window, 0), QString());
+        roster.SetPeriod(u"202402"_s);
+        EXPECT_EQ(roster.Codes(0), u"29 MALAM"_s);
+        EXPECT_EQ(roster.Look(0, 30), CellLook::Hatched);
+        roster.SetPeriod(u"202612"_s);
+        EXPECT_EQ(roster.Codes(0), QString());
         KeyboardUser::Press(Qt::Key_PageUp, Qt::ControlModifier);
-        EXPECT_EQ(Roster::Codes(window, 0), u"1 P"_s);
+        EXPECT_EQ(roster.Codes(0), u"1 P"_s);
         KeyboardUser::Press(Qt::Key_PageUp, Qt::ControlModifier);
-        EXPECT_EQ(WindowCompany::Part<QLineEdit>(window, "txtPeriode").text(), u"202610"_s);
-        Roster::Grid(window).setCurrentIndex(Roster::Cell(window, 0, 31));
+        EXPECT_EQ(TextOf(window, "txtPeriode"), u"202610"_s);
+        roster.Grid().setCurrentIndex(roster.Cell(0, 31));
         Keys(u"MALAM⏎"_s);
-        EXPECT_EQ(roster.company.RowsOf(u"select ShiftCode from ShiftEmployee where Tgl=#2026-10-31#"_s),
+        EXPECT_EQ(roster.RowsOf(u"select ShiftCode from ShiftEmployee where Tgl=#2026-10-31#"_s),
                   QStringList{u"MALAM"_s});
         other->Execute(u"DELETE FROM ShiftEmployee"_s);
-        Roster::SetPeriod(window, u"202611"_s);
-        EXPECT_EQ(Roster::Codes(window, 0) + Roster::Codes(window, 1), QString());
+        roster.SetPeriod(u"202611"_s);
+        EXPECT_EQ(roster.Codes(0) + roster.Codes(1), QString());
     });
-    EXPECT_TRUE(roster.company.dialogs.texts.isEmpty());
+    EXPECT_TRUE(roster.dialogs.texts.isEmpty());
 }
 
 TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
     Roster roster;
     roster.Open([&](QWidget& window) {
-        auto& status = WindowCompany::Part<QLabel>(window, "lblStatus");
-        EXPECT_TRUE(WindowCompany::Part<QWidget>(window, "cmdLov").isVisible());
+        auto& status = Part<QLabel>(window, "lblStatus");
+        EXPECT_TRUE(Part<QWidget>(window, "cmdLov").isVisible());
         bool picked = false;
         roster.user.WhenIn(u"PickList"_s, [&picked](QWidget&) {
             Keys(u"mal⏎"_s);
@@ -239,16 +230,16 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
         KeyboardUser::Press(Qt::Key_F9);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return picked; }));
         Keys(u"⏎"_s);
-        EXPECT_FALSE(WindowCompany::Part<QWidget>(window, "cmdLov").isVisible());
+        EXPECT_FALSE(Part<QWidget>(window, "cmdLov").isVisible());
         EXPECT_TRUE(status.text().contains(u"22:00 - 06:00 (+1)"_s)) << status.text().toStdString();
         Keys(u"→⏎⏎"_s);
         EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM"_s) << "an empty day stays empty";
         Keys(u"cuti⏎"_s);
-        EXPECT_EQ(Roster::Look(window, 0, 2), CellLook::Doubtful);
+        EXPECT_EQ(roster.Look(0, 2), CellLook::Doubtful);
         EXPECT_TRUE(status.text().contains(u"tidak ada di Shift"_s));
         roster.Run(u"INSERT INTO Shift (Code) VALUES ('cuti')"_s);
-        Roster::SetPeriod(window, u"202611"_s);
-        EXPECT_EQ(Roster::Look(window, 0, 2), CellLook::Plain);
+        roster.SetPeriod(u"202611"_s);
+        EXPECT_EQ(roster.Look(0, 2), CellLook::Plain);
     });
     EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM, 02 cuti"_s);
 }
@@ -256,15 +247,15 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
 TEST(frmShiftEmployee, NamesStayInSightBesideTheirDays) {
     Roster roster;
     for (int i = 100; i < 160; ++i)
-        roster.company.AddEmployee(QString::number(i), u"Nama %1"_s.arg(i), u"x"_s);
-    roster.Open([](QWidget& window) {
+        roster.AddEmployee(QString::number(i), u"Nama %1"_s.arg(i), u"x"_s);
+    roster.Open([&](QWidget& window) {
         window.resize(700, 400);
-        DataGrid& grid = Roster::Grid(window);
+        DataGrid& grid = roster.Grid();
         auto* names = grid.findChild<FrozenColumns*>();
         ASSERT_TRUE(names);
         for (const auto& [row, day] : {std::pair{0, 1}, std::pair{61, 31}, std::pair{30, 2}}) {
             names->setColumnWidth(RosterModel::Nama, 150 + row); // as the mouse draws it
-            grid.setCurrentIndex(Roster::Cell(window, row, day));
+            grid.setCurrentIndex(roster.Cell(row, day));
             QCoreApplication::processEvents();
             const QRect code = grid.visualRect(grid.currentIndex());
             const QRect name = names->visualRect(names->model()->index(row, RosterModel::Nama));
@@ -284,7 +275,7 @@ TEST(frmShiftEmployee, NamesStayInSightBesideTheirDays) {
 TEST(frmShiftEmployee, AMonthIsFoundByItsIndex) {
     Roster roster;
     const QString statement = u"select * from ShiftEmployee where year(Tgl)=2026 and Month(Tgl)=11"_s;
-    Cursor plan = roster.company.Db().QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statement));
+    Cursor plan = roster.Db().QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statement));
     ASSERT_TRUE(plan.Next());
     EXPECT_TRUE(plan.Text(3).contains(u"ShiftEmployeeMonth"_s)) << plan.Text(3).toStdString();
 }

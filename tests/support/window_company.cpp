@@ -1,12 +1,11 @@
 #include "support/window_company.h"
 
 #include "shell/frmLogin.h"
-#include "support/keystrokes.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QMenu>
-#include <QTableView>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 
@@ -24,28 +23,71 @@ void AddPictures(const QString& folder) {
 
 } // namespace
 
+QString TextOf(const QWidget& in, const char* name) {
+    const QWidget& part = Part<QWidget>(in, name);
+    const QVariant text = part.property("text");
+    return (text.isValid() ? text : part.property("currentText")).toString();
+}
+
+QString TextOf(const QWidget& in, std::initializer_list<const char*> names) {
+    QStringList texts;
+    for (const char* name : names)
+        texts << TextOf(in, name);
+    return texts.join(u'|');
+}
+
+WindowFixture::~WindowFixture() {
+    EXPECT_TRUE(user.IsDone()) << "a window that the test waited for never came";
+}
+
+void WindowFixture::Show(QWidget& window) {
+    shown = &window;
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return window.isActiveWindow(); }));
+}
+
+int WindowFixture::Open(QDialog& dialog, const Work& work, const Work& leave) {
+    shown = &dialog;
+    user.WhenIn(dialog.objectName(), [&](QWidget& window) {
+        work(window);
+        if (!window.isVisible())
+            return;
+        if (leave)
+            leave(window);
+        else
+            KeyboardUser::Press(Qt::Key_Escape);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !window.isVisible(); }));
+    });
+    return dialog.exec();
+}
+
+void WindowFixture::Go(int row, int column) {
+    Grid().setFocus();
+    Grid().setCurrentIndex(At(row, column));
+}
+
+bool WindowFixture::ListIsOpen() {
+    return KeyboardUser::WaitUntil(
+        [] { return KeyboardUser::InFront() && KeyboardUser::InFront()->objectName() == u"PickList"_s; });
+}
+
 WindowCompany::WindowCompany(MainWindowNeeds needs) {
-    company.AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"rahasia"_s, u"PROD"_s, u"A"_s);
-    company.AddEmployee(u"0013"_s, u"Budi Santoso"_s, u"Kunci1"_s, u"PROD"_s, u"B"_s);
-    company.AddEmployee(u"0014"_s, u"Agus Salim"_s, u"agus"_s, u"ADM"_s, u"A"_s);
-    company.AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
-    company.AddUser(u"budi"_s, u"budi"_s);
-    AddPictures(company.folder.path());
-    company.program.askLogin = [this](LoginHandOver& channel) {
-        frmLogin(company.clock, channel, skin, QApplication::activeWindow()).exec();
+    AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"rahasia"_s, u"PROD"_s, u"A"_s);
+    AddEmployee(u"0013"_s, u"Budi Santoso"_s, u"Kunci1"_s, u"PROD"_s, u"B"_s);
+    AddEmployee(u"0014"_s, u"Agus Salim"_s, u"agus"_s, u"ADM"_s, u"A"_s);
+    AddUser(u"pelon"_s, u"pelon"_s, u"SPV"_s);
+    AddUser(u"budi"_s, u"budi"_s);
+    AddPictures(folder.path());
+    program.askLogin = [this](LoginHandOver& channel) {
+        frmLogin(clock, channel, skin, QApplication::activeWindow()).exec();
     };
     if (!needs.openSettings)
         needs.openSettings = [] {};
     needs.userCountry = [] { return u"United States"_s; };
-    window = std::make_unique<frmMain>(company.program, skin, std::move(needs));
+    window = std::make_unique<frmMain>(program, skin, std::move(needs));
     EXPECT_TRUE(window->Form_Load());
-    window->show();
-    window->activateWindow();
-    EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return QApplication::activeWindow() == window.get(); }));
-}
-
-WindowCompany::~WindowCompany() {
-    EXPECT_TRUE(user.IsDone()) << "a window that the test waited for never came";
+    Show(*window);
 }
 
 void WindowCompany::WillLogIn(const QString& name, const QString& password) {
@@ -69,8 +111,4 @@ void WindowCompany::ChooseFromMenu(const QString& entry) {
     ASSERT_TRUE(menu->activeAction());
     ASSERT_EQ(menu->activeAction()->text(), entry);
     KeyboardUser::Press(Qt::Key_Return);
-}
-
-QString WindowCompany::Cell(int row, int column) {
-    return Part<QTableView>("MSHFlexGrid1").model()->index(row, column).data().toString();
 }

@@ -1,11 +1,8 @@
 #include "timecard/frmAED_Absen.h"
 
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -38,11 +35,11 @@ TEST(frmAED_Absen, WhatIsTypedIsRecordedOrRefused) {
     WindowCompany desk;
     for (const auto& [open, keys, messages, cards] : typings) {
         SCOPED_TRACE(keys.toStdString());
-        desk.company.dialogs.texts.clear();
+        desk.dialogs.texts.clear();
         desk.user.WhenIn(u"frmAED_Absen"_s, [keys = keys](QWidget&) { Keys(keys); });
         KeyboardUser::Press(open);
-        EXPECT_EQ(desk.company.dialogs.texts, messages);
-        EXPECT_EQ(desk.company.RowsOf(Cards), cards);
+        EXPECT_EQ(desk.dialogs.texts, messages);
+        EXPECT_EQ(desk.RowsOf(Cards), cards);
         EXPECT_EQ(desk.Cell(1, SheetModel::Status), cards.value(0, u"||A"_s).section(u'|', 2));
     }
 }
@@ -50,24 +47,20 @@ TEST(frmAED_Absen, WhatIsTypedIsRecordedOrRefused) {
 TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
     WindowCompany desk;
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
-        EXPECT_EQ(WindowCompany::Part<QLabel>(entry, "lblMode").text(), u"ABSEN MASUK"_s);
-        EXPECT_EQ(WindowCompany::Part<QLabel>(entry, "lblMoment").text(), u"22-Nov-2026   07:58:12"_s);
-        EXPECT_FALSE(WindowCompany::Part<QWidget>(entry, "picDetail").isVisible());
+        EXPECT_EQ(TextOf(entry, {"lblMode", "lblMoment"}), u"ABSEN MASUK|22-Nov-2026   07:58:12"_s);
+        EXPECT_FALSE(Part<QWidget>(entry, "picDetail").isVisible());
         const int smallHeight = entry.height();
-        desk.company.clock.now += Seconds{65};
+        desk.clock.now += Seconds{65};
         Keys(u"0012⏎rahasia⏎"_s);
-        EXPECT_EQ(WindowCompany::Part<QLineEdit>(entry, "txtNama").text(), u"Siti Aminah"_s);
-        EXPECT_EQ(WindowCompany::Part<QLineEdit>(entry, "txtDept").text(), u"PROD"_s);
-        EXPECT_EQ(WindowCompany::Part<QLineEdit>(entry, "txtDivisi").text(), u"A"_s);
+        EXPECT_EQ(TextOf(entry, {"txtNama", "txtDept", "txtDivisi", "txtPassword"}),
+                  u"Siti Aminah|PROD|A|"_s);
         EXPECT_GT(entry.height(), smallHeight);
-        EXPECT_TRUE(WindowCompany::Part<QLineEdit>(entry, "txtPassword").text().isEmpty());
         // Nothing is recorded a second time while the window waits to close itself.
         Keys(u"⏎"_s);
     });
     KeyboardUser::Press(Qt::Key_F2);
-    EXPECT_EQ(desk.company.RowsOf(u"select TimeIN from TimeCardDetail"_s),
-              QStringList{u"2026-11-22 07:58:12"_s});
-    EXPECT_TRUE(desk.company.dialogs.texts.isEmpty());
+    EXPECT_EQ(desk.RowsOf(u"select TimeIN from TimeCardDetail"_s), QStringList{u"2026-11-22 07:58:12"_s});
+    EXPECT_TRUE(desk.dialogs.texts.isEmpty());
 }
 
 TEST(frmAED_Absen, TheListGivesTheNumberAndTheWindowClosesTwoSecondsAfterRecording) {
@@ -78,59 +71,59 @@ TEST(frmAED_Absen, TheListGivesTheNumberAndTheWindowClosesTwoSecondsAfterRecordi
         KeyboardUser::Type(u"siti"_s);
         KeyboardUser::Press(Qt::Key_Return);
         QWidget* entry = KeyboardUser::InFront();
-        EXPECT_EQ(WindowCompany::Part<QLineEdit>(*entry, "txtNIK").text(), u"0012"_s);
-        EXPECT_TRUE(WindowCompany::Part<QLineEdit>(*entry, "txtPassword").hasFocus());
+        EXPECT_EQ(Part<QLineEdit>(*entry, "txtNIK").text(), u"0012"_s);
+        EXPECT_TRUE(Part<QLineEdit>(*entry, "txtPassword").hasFocus());
         Keys(u"rahasia⏎"_s);
         sinceRecorded.start();
     });
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_GE(sinceRecorded.elapsed(), 1000); // not at once
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return KeyboardUser::InFront() == desk.window.get(); }));
-    EXPECT_EQ(desk.company.RowsOf(Cards), QStringList{u"T202611220012|0012|IN"_s});
+    EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220012|0012|IN"_s});
 }
 
 TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
     WindowCompany desk;
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
         // A button that is pressed by its letter clicks a moment later.
-        const auto& detail = WindowCompany::Part<QWidget>(entry, "picDetail");
+        const auto& detail = Part<QWidget>(entry, "picDetail");
         KeyboardUser::Press(Qt::Key_D, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return detail.isVisible(); }));
         KeyboardUser::Press(Qt::Key_D, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !detail.isVisible(); }));
 
         KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
-        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !desk.company.dialogs.texts.isEmpty(); }));
-        EXPECT_EQ(desk.company.dialogs.texts, QStringList{u"Gagal Simpan Record ini."_s});
-        const auto& nik = WindowCompany::Part<QLineEdit>(entry, "txtNIK");
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !desk.dialogs.texts.isEmpty(); }));
+        EXPECT_EQ(desk.dialogs.texts, QStringList{u"Gagal Simpan Record ini."_s});
+        const auto& nik = Part<QLineEdit>(entry, "txtNIK");
         KeyboardUser::Type(u"0012"_s);
         KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return nik.text().isEmpty(); }));
         KeyboardUser::Type(u"0014"_s);
         for (int i = 0; i < 3; ++i)
             KeyboardUser::Press(Qt::Key_Tab);
-        EXPECT_TRUE(WindowCompany::Part<QPushButton>(entry, "cmdButtons_1").hasFocus());
+        EXPECT_TRUE(Part<QPushButton>(entry, "cmdButtons_1").hasFocus());
         KeyboardUser::Press(Qt::Key_Return);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return detail.isVisible(); }));
         KeyboardUser::Press(Qt::Key_Escape);
     });
     KeyboardUser::Press(Qt::Key_F2);
-    EXPECT_EQ(desk.company.RowsOf(Cards), QStringList{u"T202611220014|0014|IN"_s});
+    EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220014|0014|IN"_s});
 }
 
 TEST(frmAED_Absen, AFailureIsReportedLoggedAndLeavesNothing) {
     WindowCompany desk;
-    desk.company.Db().ExecuteNative(
+    desk.Db().ExecuteNative(
         u"CREATE TRIGGER full BEFORE INSERT ON TimeCardDetail BEGIN SELECT RAISE(ABORT,'disk gone'); END"_s);
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
         Keys(u"0012⏎rahasia⏎"_s);
-        EXPECT_EQ(WindowCompany::Part<QLineEdit>(entry, "txtNIK").text(), u"0012"_s);
+        EXPECT_EQ(TextOf(entry, "txtNIK"), u"0012"_s);
         Keys(u"⎋"_s);
     });
     KeyboardUser::Press(Qt::Key_F2);
-    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"Database Errors: "_s));
-    EXPECT_TRUE(desk.company.RowsOf(Cards).isEmpty());
-    QFile log(desk.company.folder.filePath(u"VELTLOG.TXT"_s));
+    EXPECT_TRUE(desk.dialogs.Last().contains(u"Database Errors: "_s));
+    EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
+    QFile log(desk.folder.filePath(u"VELTLOG.TXT"_s));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     const QByteArray record = log.readAll();
     EXPECT_TRUE(record.contains("disk gone") && record.endsWith("~Sub/Function: Record~\n"))

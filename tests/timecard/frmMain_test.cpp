@@ -7,12 +7,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QHeaderView>
-#include <QLabel>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QTableView>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -42,7 +39,7 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     WindowCompany desk;
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
-    EXPECT_EQ(desk.company.RowsOf(Sheets), QStringList{u"T20261122|1"_s});
+    EXPECT_EQ(desk.RowsOf(Sheets), QStringList{u"T20261122|1"_s});
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
 
     KeyboardUser::Press(Qt::Key_F2);
@@ -51,10 +48,10 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
 
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     desk.ChooseFromMenu(u"Buka lagi lembar ini"_s);
-    EXPECT_EQ(desk.company.RowsOf(Sheets), QStringList{u"T20261122|0"_s});
+    EXPECT_EQ(desk.RowsOf(Sheets), QStringList{u"T20261122|0"_s});
     EXPECT_FALSE(desk.Part<QWidget>("picCloseTcid").isVisible());
     desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
-    EXPECT_EQ(desk.company.RowsOf(Cards).size(), 1);
+    EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }
 
 TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
@@ -64,15 +61,15 @@ TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
                                  u"Edit data master dan laporan"_s}) {
         desk.WillLogIn(u"budi"_s, u"budi"_s);
         desk.ChooseFromMenu(entry);
-        EXPECT_EQ(desk.company.dialogs.Last(), u"Hanya level supervisor / SPV.\nLihat [User Job]..."_s);
-        desk.company.dialogs.texts.clear();
+        EXPECT_EQ(desk.dialogs.Last(), u"Hanya level supervisor / SPV.\nLihat [User Job]..."_s);
+        desk.dialogs.texts.clear();
     }
     desk.WillLogIn(u"pelon"_s, u"PELON"_s);
     desk.Part<QPushButton>("cmdTCID").click();
-    EXPECT_EQ(desk.company.dialogs.Last(), u"Password/Username salah."_s);
+    EXPECT_EQ(desk.dialogs.Last(), u"Password/Username salah."_s);
     EXPECT_FALSE(desk.Part<QLineEdit>("txtTCID").isEnabled());
     EXPECT_FALSE(desk.window->AdminMode());
-    EXPECT_TRUE(desk.company.RowsOf(Sheets).isEmpty());
+    EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
     KeyboardUser::Press(Qt::Key_F3); // for admin mode only
     EXPECT_EQ(opened, 0);
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
@@ -84,7 +81,7 @@ TEST(frmMain, AdminModeIsTurnedOnWithACheckAndOffWithoutAndOpensEditorAndAdminis
     QStringList opened;
     WindowCompany desk({.editCard = [&](const QString& tcid, const QString& nip) { opened << tcid << nip; },
                         .openSettings = [&] { opened << u"settings"_s; }});
-    auto& grid = desk.Part<QTableView>("MSHFlexGrid1");
+    auto& grid = desk.Grid();
     grid.setFocus();
     grid.selectRow(1);
     KeyboardUser::Press(Qt::Key_Return);
@@ -146,11 +143,11 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
 
-    desk.company.clock.now = Moment(u"2026-11-23 00:00:02");
+    desk.clock.now = Moment(u"2026-11-23 00:00:02");
     desk.Tick();
     EXPECT_EQ(tabs.currentIndex(), 21) << "the sheet is still that of the day before";
     EXPECT_EQ(tabs.tabText(22), u"•23"_s);
-    desk.company.clock.now = Moment(u"2026-12-22 00:00:02");
+    desk.clock.now = Moment(u"2026-12-22 00:00:02");
     desk.Tick();
     EXPECT_EQ(tabs.count(), 31);
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
@@ -165,37 +162,36 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
 
 TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     WindowCompany desk;
-    const auto other = desk.company.OtherDesk();
+    const auto other = desk.OtherDesk();
     other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES ('T202611220013','0013','IN')"_s);
     other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES "
                    "('T202611220013','2026-11-22','2026-11-22 07:30:00')"_s);
-    desk.company.clock.now = Moment(u"2026-11-22 07:58:13");
+    desk.clock.now = Moment(u"2026-11-22 07:58:13");
     desk.Tick();
-    EXPECT_EQ(desk.Part<QLabel>("lblTimer").text(), u"07:58:13-3"_s);
+    EXPECT_EQ(desk.Said("lblTimer"), u"07:58:13-3"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"A"_s);
-    desk.company.clock.now = Moment(u"2026-11-22 07:58:15");
+    desk.clock.now = Moment(u"2026-11-22 07:58:15");
     desk.Tick();
-    EXPECT_EQ(desk.Part<QLabel>("lblTimer").text(), u"07:58:15-0"_s);
+    EXPECT_EQ(desk.Said("lblTimer"), u"07:58:15-0"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s);
     // The tick of 20 seconds fell out: the next one makes up for it, and the running hours move.
-    desk.company.clock.now = Moment(u"2026-11-22 07:58:21");
+    desk.clock.now = Moment(u"2026-11-22 07:58:21");
     desk.Tick();
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:21"_s);
-    EXPECT_EQ(desk.Part<QLabel>("lblCounts").text(), u"3 karyawan · 1 masuk · 0 keluar · 2 belum hadir"_s);
+    EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · 1 masuk · 0 keluar · 2 belum hadir"_s);
 }
 
 TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsUnlessItsColumnIsUnknown) {
     WindowCompany desk;
     for (int i = 100; i < 200; ++i)
-        desk.company.AddEmployee(QString::number(i), u"Karyawan %1"_s.arg(i), u"x"_s, u"PROD"_s);
-    auto& grid = desk.Part<QTableView>("MSHFlexGrid1");
+        desk.AddEmployee(QString::number(i), u"Karyawan %1"_s.arg(i), u"x"_s, u"PROD"_s);
+    auto& grid = desk.Grid();
     Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Nip);
     grid.selectRow(60);
     grid.verticalScrollBar()->setValue(50);
-    desk.company.Db().Execute(
-        u"INSERT INTO TimeCardDetail (TCID, Tanggal) VALUES ('T20261122150','2026-11-22')"_s);
-    desk.company.clock.now += Seconds{10};
+    desk.Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal) VALUES ('T20261122150','2026-11-22')"_s);
+    desk.clock.now += Seconds{10};
     desk.Tick();
     EXPECT_EQ(grid.currentIndex().row(), 60);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
@@ -203,89 +199,81 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsUnlessItsCol
     EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
     KeyboardUser::Press(Qt::Key_2, Qt::ControlModifier);
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
-    EXPECT_TRUE(desk.company.dialogs.texts.isEmpty());
+    EXPECT_TRUE(desk.dialogs.texts.isEmpty());
     Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Hours);
-    ASSERT_EQ(desk.company.dialogs.texts.size(), 1);
-    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"no such column"_s))
-        << desk.company.dialogs.Last().toStdString();
+    ASSERT_EQ(desk.dialogs.texts.size(), 1);
+    EXPECT_TRUE(desk.dialogs.Last().contains(u"no such column"_s)) << desk.dialogs.Last().toStdString();
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
 }
 
 TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     WindowCompany desk;
     desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
-    const auto other = desk.company.OtherDesk();
+    const auto other = desk.OtherDesk();
     other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
     const auto nextRefresh = [&] {
-        desk.company.clock.now += Seconds{5};
+        desk.clock.now += Seconds{5};
         desk.Tick();
         QApplication::processEvents();
     };
     for (int i = 0; i < 3; ++i)
         nextRefresh();
-    EXPECT_EQ(desk.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(desk.dialogs.texts.size(), 1);
     // The user's own refresh is told, and opens no entry window with a date that could not be read.
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-    EXPECT_EQ(desk.company.dialogs.texts.size(), 2);
+    EXPECT_EQ(desk.dialogs.texts.size(), 2);
     EXPECT_EQ(desk.Cell(2, SheetModel::Status), u"IN"_s);
-    EXPECT_TRUE(
-        desk.Part<QLabel>("lblUpdated").text().startsWith(u"TIDAK dapat diperbarui sejak 07:58:12"_s));
+    EXPECT_TRUE(desk.Said("lblUpdated").startsWith(u"TIDAK dapat diperbarui sejak 07:58:12"_s));
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
     nextRefresh();
-    EXPECT_EQ(desk.Part<QLabel>("lblUpdated").text(), u"diperbarui 07:58:32 · DATA.mdb"_s);
+    EXPECT_EQ(desk.Said("lblUpdated"), u"diperbarui 07:58:32 · DATA.mdb"_s);
 
     other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
     nextRefresh();
-    EXPECT_EQ(desk.company.dialogs.texts.size(), 3) << "the next outage is told again";
+    EXPECT_EQ(desk.dialogs.texts.size(), 3) << "the next outage is told again";
 
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
     nextRefresh();
-    ASSERT_TRUE(QFile::remove(desk.company.DatabaseFile()));
+    ASSERT_TRUE(QFile::remove(desk.DatabaseFile()));
     nextRefresh();
-    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"File database tidak ditemukan lagi."_s));
-    EXPECT_THROW(desk.company.Db().Execute(u"UPDATE Employee SET Nama='x'"_s), DatabaseError);
+    EXPECT_TRUE(desk.dialogs.Last().contains(u"File database tidak ditemukan lagi."_s));
+    EXPECT_THROW(desk.Db().Execute(u"UPDATE Employee SET Nama='x'"_s), DatabaseError);
 }
 
 TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
     WindowCompany desk;
     MessageDialogs boxes;
-    Program program{desk.company.program.folder,
-                    desk.company.clock,
-                    boxes,
-                    desk.company.log,
-                    desk.company.database,
-                    desk.company.program.askLogin,
-                    {}};
+    Program program{desk.program.folder,   desk.clock, boxes, desk.log, desk.database,
+                    desk.program.askLogin, {}};
     b_form_skin::Backgrounds skin;
     frmMain window(program, skin, {.userCountry = [] { return u"United States"_s; }});
     ASSERT_TRUE(window.Form_Load());
     window.show();
-    const auto other = desk.company.OtherDesk();
+    const auto other = desk.OtherDesk();
     other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
-    const auto& clock = WindowCompany::Part<QLabel>(window, "lblTimer");
+    const auto& clock = Part<QLabel>(window, "lblTimer");
     desk.user.WhenIn(u"MessageBox"_s, [&](QWidget& box) {
-        desk.company.clock.now = Moment(u"2026-11-22 07:58:40");
+        desk.clock.now = Moment(u"2026-11-22 07:58:40");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return clock.text() == u"07:58:40-0"_s; }));
         EXPECT_EQ(KeyboardUser::InFront(), &box) << "the next failure is not told on top";
         KeyboardUser::Press(Qt::Key_Return);
     });
-    desk.company.clock.now = Moment(u"2026-11-22 07:58:30");
+    desk.clock.now = Moment(u"2026-11-22 07:58:30");
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.user.IsDone(); }));
 }
 
 TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
     WindowCompany desk({.openSettings = [] { throw std::runtime_error("escaped"); }});
-    const auto guard = static_cast<GuardedApplication*>(qApp)->ReportTo(desk.company.program);
+    const auto guard = static_cast<GuardedApplication*>(qApp)->ReportTo(desk.program);
     desk.window->SetAdminMode(true);
     desk.Part<QPushButton>("cmdButtons_2").setFocus();
     KeyboardUser::Press(Qt::Key_Space);
-    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"escaped"_s));
-    EXPECT_TRUE(BytesOf(desk.company.folder.filePath(u"VELTLOG.TXT"_s))
-                    .contains("Sub/Function: QPushButton.KeyRelease"));
+    EXPECT_TRUE(desk.dialogs.Last().contains(u"escaped"_s));
+    EXPECT_TRUE(desk.IsLogged("Sub/Function: QPushButton.KeyRelease"));
     EXPECT_TRUE(desk.window->isVisible());
     desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
-    EXPECT_EQ(desk.company.RowsOf(Cards).size(), 1);
+    EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }
 
 TEST(frmMain, ASheetIdentifierThatIsEmptyOrQuotedOpensNoEntryAndOneThatIsTypedReadsNoMonth) {
@@ -298,17 +286,17 @@ TEST(frmMain, ASheetIdentifierThatIsEmptyOrQuotedOpensNoEntryAndOneThatIsTypedRe
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     KeyboardUser::Type(u"t20261122-b"_s);
     EXPECT_EQ(sheet.text(), u"T20261122-B"_s);
-    EXPECT_TRUE(ReadSheetCards(desk.company.Db(), u"T202611"_s).empty());
-    EXPECT_EQ(ReadSheetCards(desk.company.Db(), u"T20261122"_s).size(), 1U);
+    EXPECT_TRUE(ReadSheetCards(desk.Db(), u"T202611"_s).empty());
+    EXPECT_EQ(ReadSheetCards(desk.Db(), u"T20261122"_s).size(), 1U);
 
     sheet.setText(u"' or '1'='1"_s);
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-    EXPECT_TRUE(desk.company.dialogs.Last().contains(u"Perintah database ditolak"_s));
+    EXPECT_TRUE(desk.dialogs.Last().contains(u"Perintah database ditolak"_s));
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
-    EXPECT_TRUE(desk.company.RowsOf(Sheets).isEmpty());
-    EXPECT_EQ(desk.company.RowsOf(Cards).size(), 1);
+    EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
+    EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }
 
 TEST(frmMain, ADayThatTheMonthLacksLeavesEveryTabToBeChosen) {

@@ -2,12 +2,10 @@
 
 #include "core/text_table.h"
 #include "database/database_error.h"
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 #include "ui/data_grid.h"
 
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
@@ -29,7 +27,7 @@ public:
 
 /// A grid of forty rows: serial number, a code that is checked (A and TL are listed), a plain column, a
 /// column with a pick list that is not checked, and a locked one.
-class Host {
+class Host : public WindowFixture {
 public:
     enum Column { Code = 1, Plain, Picked, Locked };
 
@@ -50,7 +48,7 @@ public:
         editing.mayEdit = [](const QModelIndex& cell) { return cell.column() != Locked; };
         editing.check = [this](const QModelIndex&, const QString& code) -> std::optional<QString> {
             if (conflicting)
-                throw ConflictError(u"TimeCardHeader"_s);
+                throw ConflictError(u"kartu absen"_s);
             if (failing)
                 throw std::runtime_error("no table");
             if (code.toUpper() == u"A"_s || code.toUpper() == u"TL"_s)
@@ -69,19 +67,17 @@ public:
         };
         editing.gridEnterKey = [this](const QModelIndex&) { editor->OpenOnCurrentCell(); };
         editing.gridDeleteKey = [this](const QModelIndex& cell) { deleted << cell.row(); };
-        editor = new CellEditor(company.program, *grid, editing);
-        window.show();
-        window.activateWindow();
+        editor = new CellEditor(program, *grid, editing);
+        Show(window);
         grid->setFocus();
         Go(0, Plain);
     }
 
     void Go(int row, int column) { grid->setCurrentIndex(sheet.index(row, column)); }
-    QLineEdit& Text1() { return WindowCompany::Part<QLineEdit>(window, "Text1"); }
-    QToolButton& CmdLov() { return WindowCompany::Part<QToolButton>(window, "cmdLov"); }
+    QLineEdit& Text1() { return Part<QLineEdit>("Text1"); }
+    QToolButton& CmdLov() { return Part<QToolButton>("cmdLov"); }
     QRect Cell() { return grid->visualRect(grid->currentIndex()); }
 
-    TestCompany company;
     Sheet sheet;
     QWidget window;
     DataGrid* grid = nullptr;
@@ -197,7 +193,7 @@ TEST(CellEditor, StoresOnlyListedCodes) {
 
     host.failing = true;
     Keys(u"a⏎"_s);
-    EXPECT_EQ(host.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(host.dialogs.texts.size(), 1);
     EXPECT_EQ(host.Text1().text(), u"a"_s) << "what was typed stays when the check fails";
     host.conflicting = true;
     KeyboardUser::Press(Qt::Key_Return);
@@ -234,7 +230,7 @@ TEST(CellEditor, ARowThatCouldNotBeSavedStaysMarkedUntilItIs) {
     Host host;
     host.failing = true;
     Keys(u"new⏎↓"_s);
-    EXPECT_EQ(host.company.dialogs.texts.size(), 1);
+    EXPECT_EQ(host.dialogs.texts.size(), 1);
     EXPECT_TRUE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
     host.failing = false;
     KeyboardUser::Press(Qt::Key_Up);
@@ -253,10 +249,10 @@ TEST(CellEditor, AsksBeforeUnsavedRowsAreThrownAway) {
     for (const auto& [answer, failing, leaves, saves] : cases) {
         Host host;
         EXPECT_TRUE(host.editor->MayLeave());
-        EXPECT_TRUE(host.company.dialogs.questions.isEmpty());
+        EXPECT_TRUE(host.dialogs.questions.isEmpty());
         Keys(u"new⏎"_s);
         host.failing = failing;
-        host.company.dialogs.answers = {answer};
+        host.dialogs.answers = {answer};
         EXPECT_EQ(host.editor->MayLeave(), leaves);
         EXPECT_EQ(host.saved.size(), saves);
     }

@@ -65,7 +65,7 @@ TEST(TextViewer, ShowsTheFileAsItStandsAndStaysWhenTheWindowBelowIsLeft) {
     criteria.hide();
     EXPECT_EQ(viewer->parentWidget(), &desk);
     EXPECT_TRUE(viewer->isVisible());
-    const auto& text = WindowCompany::Part<QPlainTextEdit>(*viewer, "text");
+    const auto& text = Part<QPlainTextEdit>(*viewer, "text");
     EXPECT_EQ(text.toPlainText(), u"ABSENSI HARIAN\n|Mü      |\n|--------|\n"_s);
     EXPECT_TRUE(text.isReadOnly());
     const QFontMetrics metrics(text.font());

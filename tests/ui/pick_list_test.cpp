@@ -1,30 +1,25 @@
 #include "ui/pick_list.h"
 
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
-#include <QLabel>
-#include <QLineEdit>
 #include <QScreen>
-#include <QTableView>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 /// A list over the employees, opened under a field of its own window.
-class OpenList {
+class OpenList : public WindowFixture {
 public:
     OpenList() {
         field = new QLineEdit(&window);
         window.setObjectName(u"host"_s);
-        window.show();
-        window.activateWindow();
+        WindowFixture::Show(window);
         for (int i = 1; i <= 30; ++i)
-            company.AddEmployee(QString::number(100 + i),
-                                i % 2 ? u"Ganjil %1"_s.arg(i) : u"Genap %1"_s.arg(i), u"x"_s);
-        list = new PickList(company.program, &window);
-        list->ConnectionString = company.Db().ConnectionString();
+            AddEmployee(QString::number(100 + i), i % 2 ? u"Ganjil %1"_s.arg(i) : u"Genap %1"_s.arg(i),
+                        u"x"_s);
+        list = new PickList(program, &window);
+        list->ConnectionString = Db().ConnectionString();
         list->SqlText = u"select NIP, Nama from Employee ORDER BY NIP"_s;
         QObject::connect(list, &PickList::LOV_AfterListClose, list,
                          [this](QWidget* control, const QVariantMap& values) {
@@ -39,7 +34,6 @@ public:
             KeyboardUser::WaitUntil([this] { return KeyboardUser::InFront() == list || closed > 0; }));
     }
 
-    TestCompany company;
     QWidget window;
     QLineEdit* field = nullptr;
     PickList* list = nullptr;
@@ -53,7 +47,7 @@ public:
 TEST(PickList, TypingFiltersKeysWalkEnterTakesTheRowAndEscapeNothing) {
     OpenList open;
     open.Show();
-    const auto& grid = WindowCompany::Part<QTableView>(*open.list, "grdList");
+    const auto& grid = Part<QTableView>(*open.list, "grdList");
     KeyboardUser::Type(u"genap"_s);
     EXPECT_EQ(grid.model()->rowCount(), 15);
     KeyboardUser::Type(u" 30"_s);
@@ -87,7 +81,7 @@ TEST(PickList, OpenedByItselfItSaysWhyAndTakesNothingUntilARowIsChosen) {
                                        {u"↑⏎"_s, u"101"_s}}) {
         open.closed = 0;
         open.Show();
-        const auto& reason = WindowCompany::Part<QLabel>(*open.list, "lblReason");
+        const auto& reason = Part<QLabel>(*open.list, "lblReason");
         EXPECT_TRUE(reason.isVisible());
         EXPECT_EQ(reason.text(), open.list->Reason);
         Keys(keys);
@@ -106,14 +100,14 @@ TEST(PickList, AFailingQueryOrAnotherConnectionSelectsNothing) {
     open.list->ConnectionString = u"Data Source=elsewhere;"_s;
     open.Show();
     EXPECT_EQ(open.closed, 2);
-    EXPECT_EQ(open.company.dialogs.texts.size(), 2);
+    EXPECT_EQ(open.dialogs.texts.size(), 2);
 }
 
 TEST(PickList, OpenedForAFieldItHandsOverAChosenRowOnlyAndGoes) {
     OpenList open;
     delete open.list;
     for (const int key : {Qt::Key_Escape, Qt::Key_Return}) {
-        OpenPickList(open.company.program, *open.field, u"select NIP from Employee ORDER BY NIP"_s,
+        OpenPickList(open.program, *open.field, u"select NIP from Employee ORDER BY NIP"_s,
                      [&open](const QVariantMap& chosen) {
                          ++open.closed;
                          open.picked = chosen;
@@ -130,7 +124,7 @@ TEST(PickList, StaysOnTheScreenBesideItsEdgeAndWithLongTexts) {
     // This platform moves every window in by a frame of its own.
     const QRect room = open.window.screen()->availableGeometry().adjusted(0, 0, 2, 2);
     for (const QString& name : {u"Siti"_s, QString(1000, u'W')}) {
-        open.company.Db().Execute(u"update Employee set Nama=?"_s, {name});
+        open.Db().Execute(u"update Employee set Nama=?"_s, {name});
         open.window.move(room.bottomRight());
         open.Show();
         EXPECT_TRUE(room.contains(open.list->geometry())) << name.size();

@@ -15,6 +15,7 @@ const QStringList Rooms{u"database"_s, u"core"_s,    u"compute"_s, u"cards"_s, u
                         u"shifts"_s,   u"reports"_s, u"editing"_s, u"shell"_s, u"app"_s};
 
 struct SourceFile {
+    QString path; ///< below the source folder
     QString room;
     QString name;
     QString text;
@@ -29,8 +30,8 @@ void ForEachFile(const std::function<void(const SourceFile&)>& check) {
         QFile file(files.next());
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const QFileInfo place(file);
-        check({folder.relativeFilePath(place.filePath()).section(u'/', 0, 0), place.fileName(),
-               QString::fromUtf8(file.readAll()),
+        const QString path = folder.relativeFilePath(place.filePath());
+        check({path, path.section(u'/', 0, 0), place.fileName(), QString::fromUtf8(file.readAll()),
                QFile::exists(place.path() + u'/' + place.baseName() + u".ui"_s)});
     }
     EXPECT_GT(checked, 150);
@@ -40,7 +41,8 @@ void ForEachFile(const std::function<void(const SourceFile&)>& check) {
 QStringList Literals(const SourceFile& file) {
     static const QRegularExpression between(u"(?<!\\\\)\"\\s*\""_s);
     static const QRegularExpression literal(u"\"((?:[^\"\\\\\\n]|\\\\.)*)\""_s);
-    const QString text = QString(file.text).remove(between);
+    static const QRegularExpression comment(u"^\\s*//.*$"_s, QRegularExpression::MultilineOption);
+    const QString text = QString(file.text).remove(comment).remove(between);
     QStringList found;
     for (auto match = literal.globalMatch(text); match.hasNext();)
         found << match.next().captured(1);
@@ -98,5 +100,19 @@ TEST(Walls, WidgetsKnowNoStatusCode) {
         EXPECT_FALSE(file.text.contains(u"status_codes.h"_s)) << file.name.toStdString();
         for (const QString& literal : Literals(file))
             EXPECT_FALSE(codes.contains(literal)) << file.name.toStdString() << ": " << literal.toStdString();
+    });
+}
+
+TEST(Walls, OnlyTheCardsRoomNamesTheTablesOfTheCards) {
+    // The saved queries stand in the dialect, the check reads a database as it lies.
+    static const QRegularExpression mayName(
+        u"^(cards/|database/\\w*schema|database/sqlite_dialect\\.cpp$|tools/data_check\\.cpp$)"_s);
+    ForEachFile([](const SourceFile& file) {
+        if (file.path.contains(mayName))
+            return;
+        for (const QString& table : {u"TimeCardHeader"_s, u"TimeCardDetail"_s}) {
+            EXPECT_TRUE(Literals(file).filter(table, Qt::CaseInsensitive).isEmpty())
+                << file.path.toStdString() << " names " << table.toStdString();
+        }
     });
 }
