@@ -6,6 +6,7 @@
 #include "ui/typing.h"
 #include "ui_frmAED_Absen.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QFocusEvent>
 #include <QImageReader>
@@ -18,6 +19,8 @@ namespace {
 enum Button { Detail, Simpan, Batal };
 
 constexpr int CloseAfterMilliseconds = 2000;
+constexpr Seconds LeaveAfter{60};
+constexpr int LookForLeavingMilliseconds = 1000;
 
 /// Cameras store how the picture was held beside the picture itself. Null when the file is no picture.
 QImage ReadPhoto(const QString& file) {
@@ -43,8 +46,10 @@ frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate
     Timer1.setSingleShot(true);
     Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &QDialog::accept);
-    ui_->txtNIK->installEventFilter(this);
-    ui_->txtPassword->installEventFilter(this);
+    idle_.setInterval(LookForLeavingMilliseconds);
+    connect(&idle_, &QTimer::timeout, this, &frmAED_Absen::CloseWhenLeft);
+    // Keys count wherever they go: into a field, a list or a message over the window.
+    qApp->installEventFilter(this);
     auto* cmdButtons = new QButtonGroup(this);
     cmdButtons->addButton(ui_->cmdButtons_0, Detail);
     cmdButtons->addButton(ui_->cmdButtons_1, Simpan);
@@ -55,7 +60,8 @@ frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate
 frmAED_Absen::~frmAED_Absen() = default;
 
 void frmAED_Absen::Form_Activate() {
-    entry_.openedAt = program_.clock.Now();
+    entry_.openedAt = lastKey_ = program_.clock.Now();
+    idle_.start();
     const WallTime moment = entry_.Moment();
     ui_->lblMoment->setText(ShownDay(DayOf(moment)) + u"   "_s + ShownTime(moment));
     Trapped(program_, u"Form_Activate"_s, [this] { LoadPassword(); });
@@ -106,6 +112,9 @@ bool frmAED_Absen::Record() {
         return false;
     if (refusal) {
         program_.dialogs.Warn(RefusalText(*refusal));
+        // Nobody can record on that sheet any more; the desk shows its notice.
+        if (refusal == Refusal::SheetClosed)
+            reject();
         return false;
     }
     recorded_ = true;
@@ -220,13 +229,31 @@ void frmAED_Absen::showEvent(QShowEvent* event) {
 }
 
 bool frmAED_Absen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && IsEnter(static_cast<QKeyEvent*>(event)->key())) {
-        watched == ui_->txtNIK ? txtNIK_Enter() : txtPassword_Enter();
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        if (CloseWhenLeft())
+            return true;
+        lastKey_ = program_.clock.Now();
+        const bool inField = watched == ui_->txtNIK || watched == ui_->txtPassword;
+        if (inField && IsEnter(static_cast<QKeyEvent*>(event)->key())) {
+            watched == ui_->txtNIK ? txtNIK_Enter() : txtPassword_Enter();
+            return true;
+        }
     }
     if (watched == ui_->txtNIK && event->type() == QEvent::FocusOut)
         txtNIK_LostFocus(static_cast<QFocusEvent*>(event)->reason());
     return QDialog::eventFilter(watched, event);
+}
+
+/// Whoever comes to a window that was left open must not be given the time at which it was opened.
+bool frmAED_Absen::CloseWhenLeft() {
+    if (recorded_ || !isVisible() || program_.clock.Now() - lastKey_ < LeaveAfter)
+        return false;
+    for (QWidget* over : {QApplication::activePopupWidget(), QApplication::activeModalWidget()}) {
+        if (over && over != this)
+            over->close();
+    }
+    reject();
+    return true;
 }
 
 /// The number is checked when the focus went to another field of this window, but not on the way out by the

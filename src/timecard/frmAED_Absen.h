@@ -35,6 +35,8 @@ private:
     /// up. The user was told.
     bool txtNIK_Validate();
     void txtPassword_Enter();
+    /// Closes the window, and what stands over it, after a minute without a key. True when it did.
+    bool CloseWhenLeft();
     void cmdButtons_Click(int index);
     void ShowEmployeeList();
     void LOV_AfterListClose(const QVariantMap& values);
@@ -53,4 +55,6 @@ private:
     bool recorded_ = false;
     std::unique_ptr<Ui::frmAED_Absen> ui_;
     QTimer Timer1;
+    WallTime lastKey_{};
+    QTimer idle_;
 };

@@ -60,6 +60,7 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     ui_->statusbar->addWidget(lblCounts_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
     ui_->boxSheet->Connect(program_, *ui_->tabTgl);
+    ui_->lblCloseTcid->setText(RefusalText(Refusal::SheetClosed));
     ui_->picCloseTcid->hide();
     ui_->lblOtherDay->hide();
     ui_->lblAdminMode->hide();

@@ -136,8 +136,8 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
     EXPECT_EQ(changes[0][0].toModelIndex().column(), SheetModel::Hours);
 
     const auto other = company.OtherDesk();
-    CloseSheet(*other, Sheet);
     RecordClockEntry(*other, {Sheet, company.clock.Today(), u"IN"_s, company.clock.now}, u"0013"_s);
+    CloseSheet(*other, Sheet);
     company.clock.now += std::chrono::minutes(2);
     Refresh();
     EXPECT_TRUE(model.IsClosed());
