@@ -1,7 +1,6 @@
 #include "timecard/frmAED_Absen.h"
 
 #include "core/code_lists.h"
-#include "timecard/employee_details.h"
 #include "ui/pick_list.h"
 #include "ui/typing.h"
 #include "ui_frmAED_Absen.h"
@@ -31,16 +30,13 @@ QImage ReadPhoto(const QString& file) {
 
 } // namespace
 
-frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate, const QString& mode,
+frmAED_Absen::frmAED_Absen(Program& program, const ClockEntry& entry, Gate gate,
                            const b_form_skin::Backgrounds& skin, QWidget* parent)
-    : QDialog(parent), program_(program), entry_{sheet, sheetDate, mode, program.clock.Now()},
+    : QDialog(parent), program_(program), entry_(entry), gate_(std::move(gate)),
       ui_(std::make_unique<Ui::frmAED_Absen>()) {
     ui_->setupUi(this);
-    ui_->lblMode->setText(entry_.IsClockIn() ? u"ABSEN MASUK"_s : u"ABSEN KELUAR"_s);
     ui_->txtPassword->SetCapsLockLabel(ui_->lblCapsLock);
     b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Small));
-    ShowPhoto({});
-    ShowDetail(false);
 
     Timer1.setInterval(CloseAfterMilliseconds);
     Timer1.setSingleShot(true);
@@ -63,9 +59,12 @@ void frmAED_Absen::Form_Activate() {
     entry_.openedAt = lastKey_ = program_.clock.Now();
     idle_.start();
     const WallTime moment = entry_.Moment();
+    ui_->lblMode->setText(entry_.IsClockIn() ? u"ABSEN MASUK"_s : u"ABSEN KELUAR"_s);
     ui_->lblMoment->setText(ShownDay(DayOf(moment)) + u"   "_s + ShownTime(moment));
+    ShowEmployee({});
+    SetRecorded(false);
+    ClearEntry();
     Trapped(program_, u"Form_Activate"_s, [this] { LoadPassword(); });
-    ui_->txtNIK->setFocus();
 }
 
 bool frmAED_Absen::LoadPassword() {
@@ -117,7 +116,6 @@ bool frmAED_Absen::Record() {
             reject();
         return false;
     }
-    recorded_ = true;
     ShowRecorded();
     Timer1.start();
     return true;
@@ -127,23 +125,49 @@ void frmAED_Absen::ShowRecorded() {
     ui_->txtPassword->clear();
     ui_->lblCapsLock->clear();
     setFocus();
-    for (QWidget* input :
-         {static_cast<QWidget*>(ui_->txtNIK), static_cast<QWidget*>(ui_->txtPassword),
-          static_cast<QWidget*>(ui_->cmdButtons_1), static_cast<QWidget*>(ui_->cmdButtons_2)})
-        input->setEnabled(false);
     ui_->lblDone->setText(
         (entry_.IsClockIn() ? u"✓  Masuk tercatat pukul "_s : u"✓  Keluar tercatat pukul "_s)
         + ShownTime(entry_.Moment()));
-    ui_->lblDone->show();
-    ui_->lblHelp->hide();
-    ShowDetail(true);
-    Trapped(program_, u"ShowRecorded"_s, [this] {
-        const EmployeeDetails employee = LoadEmployeeDetails(program_.Db(), ui_->txtNIK->text());
-        ui_->txtNama->setText(employee.nama);
-        ui_->txtDept->setText(employee.dept);
-        ui_->txtDivisi->setText(employee.divisi);
-        ShowPhoto(employee.pathImage);
-    });
+    SetRecorded(true);
+    Trapped(program_, u"ShowRecorded"_s,
+            [this] { ShowEmployee(LoadEmployeeDetails(program_.Db(), ui_->txtNIK->text())); });
+}
+
+void frmAED_Absen::SetRecorded(bool recorded) {
+    recorded_ = recorded;
+    for (QWidget* input :
+         {static_cast<QWidget*>(ui_->txtNIK), static_cast<QWidget*>(ui_->txtPassword),
+          static_cast<QWidget*>(ui_->cmdButtons_1), static_cast<QWidget*>(ui_->cmdButtons_2)})
+        input->setEnabled(!recorded);
+    ui_->lblDone->setVisible(recorded);
+    ui_->lblHelp->setVisible(!recorded);
+    ShowDetail(recorded);
+}
+
+bool frmAED_Absen::BeginNext(const QKeyEvent& key) {
+    const bool command = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool typed = !command && !key.text().isEmpty() && key.text().at(0).isLetterOrNumber();
+    if (!recorded_ || (key.key() != Qt::Key_F2 && key.key() != Qt::Key_F8 && !typed))
+        return false;
+    Timer1.stop(); // the gate may ask
+    const QStringView pressed = key.key() == Qt::Key_F2 ? ClockMode::In : ClockMode::Out;
+    const std::optional<ClockEntry> next = gate_(typed ? entry_.mode : pressed.toString());
+    if (!next) {
+        accept();
+        return true;
+    }
+    entry_ = *next;
+    Form_Activate();
+    if (typed)
+        ui_->txtNIK->setText(key.text());
+    return true;
+}
+
+void frmAED_Absen::ShowEmployee(const EmployeeDetails& employee) {
+    ui_->txtNama->setText(employee.nama);
+    ui_->txtDept->setText(employee.dept);
+    ui_->txtDivisi->setText(employee.divisi);
+    ShowPhoto(employee.pathImage);
 }
 
 void frmAED_Absen::ShowPhoto(const QString& pathImage) {
@@ -200,6 +224,8 @@ void frmAED_Absen::LOV_AfterListClose(const QVariantMap& values) {
 }
 
 void frmAED_Absen::keyPressEvent(QKeyEvent* event) {
+    if (BeginNext(*event))
+        return;
     switch (event->key()) {
     case Qt::Key_Escape:
         ui_->txtNIK->clear();

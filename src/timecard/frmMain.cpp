@@ -248,23 +248,31 @@ void frmMain::mnOUT_Click() {
 }
 
 void frmMain::OpenClockEntry(const QString& mode) {
+    const std::optional<ClockEntry> entry = BeginEntry(mode);
+    if (!entry)
+        return;
+    frmAED_Absen(
+        program_, *entry, [this](const QString& next) { return BeginEntry(next); }, skin_, this)
+        .exec();
+    RefreshSheet(Cause::User);
+}
+
+std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
     sheetIdentifier_ = ui_->boxSheet->Sheet();
     if (sheetIdentifier_.isEmpty())
-        return;
+        return std::nullopt;
     bool closed = false;
     if (!Trapped(program_, u"OpenClockEntry"_s,
                  [&] { closed = IsSheetClosed(program_.Db(), sheetIdentifier_); }))
-        return;
+        return std::nullopt;
     ui_->picCloseTcid->setVisible(closed);
     if (closed)
-        return;
+        return std::nullopt;
     // The date that the window shows may be that of another sheet, or older than another desk's recording: it
     // must not go onto a card unless it was read.
     if (!RefreshSheet(Cause::User))
-        return;
-    frmAED_Absen entry(program_, sheetIdentifier_, sheetDate_, mode, skin_, this);
-    entry.exec();
-    RefreshSheet(Cause::User);
+        return std::nullopt;
+    return ClockEntry{sheetIdentifier_, sheetDate_, mode, program_.clock.Now()};
 }
 
 void frmMain::mnAdmin_Click() {

@@ -64,6 +64,35 @@ TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
     EXPECT_TRUE(desk.dialogs.texts.isEmpty());
 }
 
+TEST(frmAED_Absen, TheNextEntryBeginsWhileTheLastIsConfirmed) {
+    WindowCompany desk;
+    desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
+        // The key that begins the next entry, and what is typed then.
+        const std::tuple<Qt::Key, QString, QString> entries[] = {
+            {Qt::Key_F2, u"0013⏎kunci1⏎"_s, u"ABSEN MASUK|22-Nov-2026   07:58:17"_s},
+            {Qt::Key_0, u"014⏎agus⏎"_s, u"ABSEN MASUK|22-Nov-2026   07:58:22"_s},
+            {Qt::Key_F8, u"0012⏎rahasia⏎"_s, u"ABSEN KELUAR|22-Nov-2026   07:58:27"_s},
+            {Qt::Key_0, u"014⏎agus⏎"_s, u"ABSEN KELUAR|22-Nov-2026   07:58:32"_s},
+        };
+        Keys(u"0012⏎rahasia⏎"_s);
+        for (const auto& [key, typed, shown] : entries) {
+            desk.clock.now += Seconds{5};
+            KeyboardUser::Press(key);
+            EXPECT_EQ(TextOf(entry, {"lblMode", "lblMoment"}), shown);
+            EXPECT_EQ(TextOf(entry, {"txtNama", "txtPassword"}), u"|"_s);
+            Keys(typed);
+        }
+        CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
+        KeyboardUser::Press(Qt::Key_F2);
+        EXPECT_FALSE(entry.isVisible());
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
+    EXPECT_EQ(
+        desk.RowsOf(u"select TCID, Mid(TimeIN,18,2), Mid(TimeOUT,18,2) from TimeCardDetail order by TCID"_s),
+        (QStringList{u"T202611220012|12|27"_s, u"T202611220013|17|-"_s, u"T202611220014|22|32"_s}));
+}
+
 TEST(frmAED_Absen, AWindowLeftForAMinuteClosesItself) {
     WindowCompany desk;
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
