@@ -258,6 +258,8 @@ void frmMain::OpenClockEntry(const QString& mode) {
 }
 
 std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
+    if (mode == ClockMode::In && !ConfirmDay())
+        return std::nullopt;
     sheetIdentifier_ = ui_->boxSheet->Sheet();
     if (sheetIdentifier_.isEmpty())
         return std::nullopt;
@@ -273,6 +275,17 @@ std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
     if (!RefreshSheet(Cause::User))
         return std::nullopt;
     return ClockEntry{sheetIdentifier_, sheetDate_, mode, program_.clock.Now()};
+}
+
+bool frmMain::ConfirmDay() {
+    if (!ui_->boxSheet->IsLeftOver())
+        return true;
+    const Day day = DayOfIdentifier(ui_->boxSheet->Sheet()).value_or(sheetDate_);
+    const Dialogs::Answer answer = program_.dialogs.Ask(
+        u"Lembar ini tanggal %1. Pindah ke lembar hari ini?"_s.arg(ShownDay(day)), Dialogs::Answer::Yes);
+    if (answer == Dialogs::Answer::Yes)
+        ui_->boxSheet->SetSheet(SheetIdentifierOf(program_.clock.Today()));
+    return answer != Dialogs::Answer::Cancel;
 }
 
 void frmMain::mnAdmin_Click() {
