@@ -11,6 +11,8 @@ struct SheetEmployee {
     QString dept; ///< department and division, "PROD/A"
     QString nip;
     QString nama;
+
+    bool operator==(const SheetEmployee&) const = default;
 };
 
 /// "Hours": for a card that is IN the time since arrival, growing with `now`; else from arrival to departure;

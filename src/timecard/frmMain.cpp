@@ -114,6 +114,13 @@ bool frmMain::Form_Load() {
 void frmMain::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&sheet_);
+    // Whoever was selected stays so when the employees are read anew.
+    connect(&sheet_, &QAbstractItemModel::modelAboutToBeReset, this, [this, &grid] {
+        const int row = grid.currentIndex().row();
+        selectedNip_ = row < 0 ? QString() : sheet_.NipAt(row);
+    });
+    connect(&sheet_, &QAbstractItemModel::modelReset, this,
+            [this, &grid] { grid.selectRow(selectedNip_.isEmpty() ? 0 : sheet_.RowOf(selectedNip_)); });
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
     grid.horizontalHeader()->setToolTip(u"Klik judul kolom, atau Ctrl+1 sampai Ctrl+0, untuk mengurutkan"_s);
     const QFontMetrics metrics = grid.fontMetrics();
@@ -195,18 +202,13 @@ void frmMain::ShowState(bool refreshed) {
 }
 
 void frmMain::LoadEmployees(const QString& sortClause) {
-    const int row = ui_->MSHFlexGrid1->currentIndex().row();
-    const QString selected = row < 0 ? QString() : sheet_.NipAt(row);
     const bool loaded = Trapped(program_, u"LoadEmployees"_s, [&] {
         const BusyPointer busy;
         sheet_.LoadEmployees(program_.Db(), sortClause);
         sortClause_ = sortClause;
     });
-    if (!loaded)
-        return;
-    RefreshSheet(Cause::User);
-    const int again = selected.isEmpty() ? 0 : sheet_.RowOf(selected);
-    ui_->MSHFlexGrid1->selectRow(again);
+    if (loaded)
+        RefreshSheet(Cause::User);
 }
 
 void frmMain::MSHFlexGrid1_MouseDown(int column) {

@@ -87,6 +87,7 @@ private:
     QString sheetIdentifier_;
     Day sheetDate_{};
     QString sortClause_;
+    QString selectedNip_;
     bool adminMode_ = false;
     bool blink_ = false;
     RefreshFailures failures_;

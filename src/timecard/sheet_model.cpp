@@ -4,6 +4,8 @@
 #include "core/status_codes.h"
 #include "timecard/sheet_lifecycle.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -43,12 +45,25 @@ QString SheetModel::OrderBy(int column) const {
 }
 
 void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
-    std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy);
+    const ChangeStamp changes = connection.Changes();
+    TakeEmployees(ReadEmployees(connection, orderBy));
+    orderBy_ = orderBy;
+    employeesRead_ = changes;
+}
+
+/// What is shown stays with its employees: the cards of a closed sheet are not read again.
+void SheetModel::TakeEmployees(std::vector<SheetEmployee> employees) {
+    QHash<QString, SheetEntry> shown;
+    for (size_t row = 0; row < employees_.size(); ++row)
+        shown.insert(employees_[row].nip, entries_[row]);
+    std::vector<SheetEntry> entries;
+    entries.reserve(employees.size());
+    for (const SheetEmployee& employee : employees)
+        entries.push_back(shown.value(employee.nip, Absent()));
     beginResetModel();
     employees_ = std::move(employees);
-    entries_.assign(employees_.size(), Absent());
+    entries_ = std::move(entries);
     rowsByCard_.clear();
-    sheetOfCards_.clear();
     lastRead_ = {};
     endResetModel();
 }
@@ -66,6 +81,12 @@ void SheetModel::Refresh(Connection& connection, const QString& sheet) {
 }
 
 void SheetModel::Read(Connection& connection, const RefreshKey& key) {
+    if (key.changes != employeesRead_) {
+        std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy_);
+        if (employees != employees_)
+            TakeEmployees(std::move(employees));
+        employeesRead_ = key.changes;
+    }
     const bool closed = IsSheetClosed(connection, key.sheet);
     if (!closed) {
         const Day day = SheetDate(connection, key.sheet, key.today);

@@ -37,12 +37,12 @@ public:
 
     explicit SheetModel(const Clock& clock, QObject* parent = nullptr);
 
-    /// Reads the employee list in the order of the clause; all are absent until the next refresh. Throws
-    /// DatabaseError, and shows what it showed before then.
+    /// Reads the employee list in the order of the clause; new employees are absent until the next refresh.
+    /// Throws DatabaseError, and shows what it showed before then.
     void LoadEmployees(Connection& connection, const QString& orderBy);
 
-    /// Reads the sheet when the database has changed since the last refresh, else only lets the running hours
-    /// move. Throws DatabaseError, and shows what it showed before then.
+    /// Reads the sheet, and the employees anew, when the database has changed since the last refresh, else
+    /// only lets the running hours move. Throws DatabaseError, and shows what it showed before then.
     void Refresh(Connection& connection, const QString& sheet);
 
     /// What the last refresh found: a closed sheet is not read further.
@@ -72,11 +72,14 @@ private:
     int RowCount() const override { return static_cast<int>(employees_.size()); }
     QString Text(int row, int column) const override;
     CellLook LookOf(int row, int column) const override;
+    void TakeEmployees(std::vector<SheetEmployee> employees);
     void Read(Connection& connection, const RefreshKey& key);
     void TakeCards(const std::vector<SheetCard>& cards, const QString& sheet);
     void ForgetCards();
 
     const Clock& clock_;
+    QString orderBy_;
+    ChangeStamp employeesRead_;
     std::vector<SheetEmployee> employees_;
     std::vector<SheetEntry> entries_;
     std::vector<CardRow> rowsByCard_;

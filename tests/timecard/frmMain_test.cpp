@@ -226,13 +226,18 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsUnlessItsCol
     Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Nip);
     grid.selectRow(60);
     grid.verticalScrollBar()->setValue(50);
+    const QString selected = desk.Cell(60, SheetModel::Nip);
     desk.Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal) VALUES ('T20261122150','2026-11-22')"_s);
-    desk.clock.now += Seconds{10};
+    desk.clock.now += Seconds{5};
     desk.Tick();
     EXPECT_EQ(grid.currentIndex().row(), 60);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
-
-    EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
+    desk.AddEmployee(u"0011"_s, u"Karyawan baru"_s, u"x"_s, u"PROD"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0011"_s);
+    EXPECT_EQ(desk.Cell(grid.currentIndex().row(), SheetModel::Nip), selected);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
     KeyboardUser::Press(Qt::Key_2, Qt::ControlModifier);
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
     EXPECT_TRUE(desk.dialogs.texts.isEmpty());

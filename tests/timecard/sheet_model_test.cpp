@@ -144,6 +144,10 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
     EXPECT_EQ(hours(), u"00:2:00"_s);
     EXPECT_EQ(Row(0), u"A|GA/|0013|Ani||||||"_s);
     EXPECT_EQ(changes.size(), 1);
+    model.LoadEmployees(company.Db(), u" ORDER BY [NIP]"_s);
+    Refresh();
+    EXPECT_EQ(Row(0), u"IN|PROD/A|0012|Budi|07:58:12||00:2:00|||"_s) << "as it was before it was sorted";
+    model.LoadEmployees(company.Db(), ByName);
     ReopenSheet(*other, Sheet);
     Refresh();
     EXPECT_FALSE(model.IsClosed());
@@ -171,7 +175,8 @@ TEST_F(DaySheet, ReadsFewStatementsAndNoneWhenNothingChanged) {
     EXPECT_EQ(refresh(), withTwo);
     EXPECT_EQ(refresh(), 0);
     company.Db().ExecuteNative(u"UPDATE Employee SET Nama='y' WHERE NIP='100'"_s);
-    EXPECT_EQ(refresh(), withTwo);
+    EXPECT_EQ(refresh(), withTwo + 1) << "the employees, too";
+    EXPECT_EQ(model.index(model.RowOf(u"100"_s), SheetModel::Nama).data(), u"y"_s);
     company.clock.now += std::chrono::hours(24); // the date of a sheet without cards is the present day
     EXPECT_EQ(refresh(), withTwo);
     EXPECT_EQ(model.SheetDay(), company.clock.Today());
