@@ -29,7 +29,7 @@ constexpr Seconds RefreshEvery{5};
 constexpr std::chrono::milliseconds ClockPatience{200};
 constexpr int FileNotFoundNumber = 53;
 
-/// Ctrl+1 to Ctrl+9 and Ctrl+0 stand for a press on the header of the first to the tenth column.
+/// Ctrl with a digit stands for a press on the header of the column of that number, 0 for the tenth.
 std::optional<int> ColumnOfKey(const QKeyEvent& event) {
     const int digit = event.key() - Qt::Key_0;
     if (!event.modifiers().testFlag(Qt::ControlModifier) || digit < 0 || digit > 9)
@@ -122,7 +122,9 @@ void frmMain::SetUpGrid() {
     connect(&sheet_, &QAbstractItemModel::modelReset, this,
             [this, &grid] { grid.selectRow(selectedNip_.isEmpty() ? 0 : sheet_.RowOf(selectedNip_)); });
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
-    grid.horizontalHeader()->setToolTip(u"Klik judul kolom, atau Ctrl+1 sampai Ctrl+0, untuk mengurutkan"_s);
+    grid.AnswerHeaders(SheetModel::SortableColumns());
+    grid.horizontalHeader()->setToolTip(
+        u"Klik judul Dept, NIP atau Nama, atau Ctrl+2, Ctrl+3, Ctrl+4, untuk mengurutkan"_s);
     const QFontMetrics metrics = grid.fontMetrics();
     const int padding = metrics.horizontalAdvance(u"MMM"_s);
     const int time = metrics.horizontalAdvance(u"00:00:00"_s) + padding;
@@ -213,7 +215,7 @@ void frmMain::LoadEmployees(const QString& sortClause) {
 
 void frmMain::MSHFlexGrid1_MouseDown(int column) {
     const QString clause = sheet_.OrderBy(column);
-    if (clause != sortClause_)
+    if (ui_->MSHFlexGrid1->HeaderAnswers(column) && clause != sortClause_)
         LoadEmployees(clause);
 }
 

@@ -34,6 +34,8 @@ public:
     /// The clauses that put the employee list in order: at first by name, then by a column as it is headed.
     static QString FirstOrder();
     QString OrderBy(int column) const;
+    /// The columns whose headings are columns of the employee list as well: it can be sorted by them alone.
+    static QList<int> SortableColumns() { return {Dept, Nip, Nama}; }
 
     explicit SheetModel(const Clock& clock, QObject* parent = nullptr);
 
