@@ -265,18 +265,15 @@ std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
     if (mode == ClockMode::In && !ConfirmDay())
         return std::nullopt;
     sheetIdentifier_ = ui_->boxSheet->Sheet();
-    if (sheetIdentifier_.isEmpty())
+    if (!IsSheetIdentifier(sheetIdentifier_)) {
+        program_.dialogs.Warn(
+            u"\"%1\" bukan kode lembar absen, jadi tidak ada absen yang dicatat.\nPilih "
+            "tanggal lembar, atau minta supervisor membetulkan kode itu."_s.arg(sheetIdentifier_));
         return std::nullopt;
-    bool closed = false;
-    if (!Trapped(program_, u"OpenClockEntry"_s,
-                 [&] { closed = IsSheetClosed(program_.Db(), sheetIdentifier_); }))
-        return std::nullopt;
-    ui_->picCloseTcid->setVisible(closed);
-    if (closed)
-        return std::nullopt;
+    }
     // The date that the window shows may be that of another sheet, or older than another desk's recording: it
     // must not go onto a card unless it was read.
-    if (!RefreshSheet(Cause::User))
+    if (!RefreshSheet(Cause::User) || sheet_.IsClosed())
         return std::nullopt;
     return ClockEntry{sheetIdentifier_, sheetDate_, mode, program_.clock.Now()};
 }

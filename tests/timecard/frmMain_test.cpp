@@ -320,20 +320,26 @@ TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }
 
-TEST(frmMain, ASheetIdentifierThatIsEmptyOrQuotedOpensNoEntryAndOneThatIsTypedReadsNoMonth) {
+TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
     WindowCompany desk;
     desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
     Unlock(desk);
     auto& sheet = desk.Part<QLineEdit>("txtTCID");
-    TypeOver(sheet, u""_s);
-    KeyboardUser::Press(Qt::Key_F2);
-    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-    KeyboardUser::Type(u"t20261122-b"_s);
+    for (const auto& typed : {u""_s, u"TX"_s, u"T2026112"_s}) {
+        for (const auto key : {Qt::Key_F2, Qt::Key_F8}) {
+            desk.dialogs.texts.clear();
+            TypeOver(sheet, typed);
+            KeyboardUser::Press(key);
+            EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+            EXPECT_TRUE(desk.dialogs.Last().startsWith(u"\"%1\" bukan kode lembar absen"_s.arg(typed)));
+        }
+    }
+    TypeOver(sheet, u"t20261122-b"_s);
     EXPECT_EQ(sheet.text(), u"T20261122-B"_s);
     EXPECT_TRUE(ReadSheetCards(desk.Db(), u"T202611"_s).empty());
     EXPECT_EQ(ReadSheetCards(desk.Db(), u"T20261122"_s).size(), 1U);
 
-    sheet.setText(u"' or '1'='1"_s);
+    sheet.setText(u"T20261122-'or'1'='1"_s);
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     EXPECT_TRUE(desk.dialogs.Last().contains(u"Perintah database ditolak"_s));
