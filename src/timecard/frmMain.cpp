@@ -9,6 +9,7 @@
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -169,7 +170,9 @@ bool frmMain::RefreshSheet(Cause cause) {
         failure = std::current_exception();
     }
     ShowState(!failure);
-    failures_.Report(failure, cause);
+    // Under another window the clock keeps quiet: what failed there has been told there.
+    if (!failure || cause == Cause::User || !QApplication::activeModalWidget())
+        failures_.Report(failure, cause);
     return !failure;
 }
 
@@ -211,6 +214,8 @@ void frmMain::LoadEmployees(const QString& sortClause) {
     });
     if (loaded)
         RefreshSheet(Cause::User);
+    else
+        failures_.NoteTold();
 }
 
 void frmMain::MSHFlexGrid1_MouseDown(int column) {
@@ -313,10 +318,13 @@ void frmMain::ChangeSheet(bool close) {
     const bool written = Trapped(program_, u"ChangeSheet"_s, [&] {
         close ? CloseSheet(program_.Db(), sheet) : ReopenSheet(program_.Db(), sheet);
     });
+    if (!written) {
+        failures_.NoteTold();
+        return;
+    }
     RefreshSheet(Cause::User);
-    if (written)
-        ui_->statusbar->showMessage(
-            (close ? u"Lembar %1 ditutup."_s : u"Lembar %1 dibuka lagi."_s).arg(sheet), 4000);
+    ui_->statusbar->showMessage((close ? u"Lembar %1 ditutup."_s : u"Lembar %1 dibuka lagi."_s).arg(sheet),
+                                4000);
 }
 
 void frmMain::mnAdminMode_Click() {

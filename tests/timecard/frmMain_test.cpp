@@ -277,6 +277,27 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     nextRefresh();
     EXPECT_EQ(desk.dialogs.texts.size(), 3) << "the next outage is told again";
 
+    // One outage is told once, whoever meets it first: the clock, a moment before the key, or a sheet to be
+    // closed.
+    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
+    nextRefresh();
+    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    KeyboardUser::Press(Qt::Key_F2);
+    QApplication::processEvents();
+    EXPECT_EQ(desk.dialogs.texts.size(), 4);
+    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
+    nextRefresh();
+    other->ExecuteNative(u"ALTER TABLE timecardmaster RENAME TO Gone"_s);
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    nextRefresh();
+    EXPECT_EQ(desk.dialogs.texts.size(), 5);
+    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO timecardmaster"_s);
+    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
+    nextRefresh();
+
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
     nextRefresh();
     ASSERT_TRUE(QFile::remove(desk.DatabaseFile()));
