@@ -4,6 +4,9 @@
 #include "timecard/sheet_lifecycle.h"
 
 #include <QElapsedTimer>
+#include <QImageReader>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -137,6 +140,38 @@ TEST(frmAED_Absen, TheListGivesTheNumberAndTheWindowClosesTwoSecondsAfterRecordi
     EXPECT_GE(sinceRecorded.elapsed(), 1000); // not at once
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return KeyboardUser::InFront() == desk.window.get(); }));
     EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220012|0012|IN"_s});
+}
+
+TEST(frmAED_Absen, ALargePhotoIsShownScaledAndWhatIsNoFileIsToldAndNotOpened) {
+    WindowCompany desk;
+    constexpr int Megabytes = 4;
+    const int usual = QImageReader::allocationLimit();
+    QImage large(2400, 1800, QImage::Format_RGB32);
+    large.fill(Qt::black);
+    ASSERT_TRUE(large.save(desk.folder.filePath(u"large.jpg"_s)));
+    ASSERT_EQ(mkfifo(desk.folder.filePath(u"pipe.jpg"_s).toUtf8().constData(), 0600), 0);
+    QImageReader::setAllocationLimit(Megabytes);
+    const QString told = u"Foto tidak dapat ditampilkan, bukan file gambar: "_s;
+    for (const auto& [path, message] : {std::pair{u"large.jpg"_s, u""_s},
+                                        {u"pipe.jpg"_s, told + u"pipe.jpg"_s},
+                                        {u"images"_s, told + u"images"_s},
+                                        {u"gone.jpg"_s, u""_s}}) {
+        SCOPED_TRACE(path.toStdString());
+        desk.Run(u"DELETE FROM TimeCardHeader"_s);
+        desk.Run(u"DELETE FROM TimeCardDetail"_s);
+        desk.Run(u"UPDATE Employee SET PathImage='%1' WHERE NIP='0012'"_s.arg(path));
+        desk.user.WhenIn(u"frmAED_Absen"_s, [&, &path = path, &message = message](QWidget& entry) {
+            Keys(u"0012⏎rahasia⏎"_s);
+            const auto& label = Part<QLabel>(entry, "lblPhoto");
+            EXPECT_EQ(label.isVisible() ? label.text() : QString(), message);
+            const QImage shown = Part<QLabel>(entry, "imgEmp").pixmap().toImage();
+            EXPECT_EQ(shown.pixelColor(shown.rect().center()) == Qt::black, path == u"large.jpg"_s);
+            EXPECT_EQ(shown.width(), 146);
+            Keys(u"⎋"_s);
+        });
+        KeyboardUser::Press(Qt::Key_F2);
+    }
+    QImageReader::setAllocationLimit(usual);
 }
 
 TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {

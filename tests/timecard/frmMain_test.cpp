@@ -12,6 +12,8 @@
 #include <QTabBar>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -326,6 +328,19 @@ TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
     });
     desk.clock.now = Moment(u"2026-11-22 07:58:30");
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.user.IsDone(); }));
+}
+
+TEST(frmMain, ABackgroundThatIsNoFileIsToldAndNotWaitedFor) {
+    WindowCompany desk;
+    const QString picture = desk.folder.filePath(u"images/back.gif"_s);
+    for (const auto make : {+[](const char* path) { return mkfifo(path, 0700); },
+                            +[](const char* path) { return mkdir(path, 0700); }}) {
+        ASSERT_EQ(remove(picture.toUtf8().constData()), 0);
+        ASSERT_EQ(make(picture.toUtf8().constData()), 0);
+        EXPECT_FALSE(desk.window->Form_Load());
+        EXPECT_TRUE(desk.dialogs.Last().contains(u"Gambar latar tidak dapat dimuat: "_s + picture));
+        desk.dialogs.texts.clear();
+    }
 }
 
 TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
