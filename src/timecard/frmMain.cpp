@@ -48,6 +48,18 @@ bool RefreshIsDue(WallTime lastTick, WallTime now) {
            || lastTick.time_since_epoch() / RefreshEvery != now.time_since_epoch() / RefreshEvery;
 }
 
+/// A closed sheet is not read: what its cards say is not known.
+QString CountsText(const SheetModel::Counts& counts, bool closed) {
+    if (closed)
+        return u"%1 karyawan · lembar ditutup"_s.arg(counts.employees);
+    const QString others = counts.others > 0 ? u" · %1 lainnya"_s.arg(counts.others) : QString();
+    return u"%1 karyawan · %2 masuk · %3 keluar · %4 belum hadir"_s.arg(counts.employees)
+               .arg(counts.in)
+               .arg(counts.out)
+               .arg(counts.absent)
+           + others;
+}
+
 } // namespace
 
 frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNeeds needs)
@@ -56,9 +68,12 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     ui_->setupUi(this);
     lblCounts_ = new QLabel(this);
     lblCounts_->setObjectName(u"lblCounts"_s);
+    lblRoster_ = new QLabel(this);
+    lblRoster_->setObjectName(u"lblRoster"_s);
     lblUpdated_ = new QLabel(this);
     lblUpdated_->setObjectName(u"lblUpdated"_s);
     ui_->statusbar->addWidget(lblCounts_);
+    ui_->statusbar->addWidget(lblRoster_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
     ui_->boxSheet->Connect(program_, *ui_->tabTgl);
     ui_->lblCloseTcid->setText(RefusalText(Refusal::SheetClosed));
@@ -123,6 +138,8 @@ void frmMain::SetUpGrid() {
     connect(&sheet_, &QAbstractItemModel::modelReset, this,
             [this, &grid] { grid.selectRow(selectedNip_.isEmpty() ? 0 : sheet_.RowOf(selectedNip_)); });
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
+    grid.setMouseTracking(true); // the status bar tells of the row under the mouse
+    connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this, &frmMain::ShowRoster);
     grid.AnswerHeaders(SheetModel::SortableColumns());
     grid.horizontalHeader()->setToolTip(
         u"Klik judul Dept, NIP atau Nama, atau Ctrl+2, Ctrl+3, Ctrl+4, untuk mengurutkan"_s);
@@ -196,14 +213,16 @@ void frmMain::ReadSheet(Cause cause) {
 void frmMain::ShowState(bool refreshed) {
     ui_->picCloseTcid->setVisible(sheet_.IsClosed());
     ui_->lblOtherDay->setVisible(!ui_->boxSheet->IsOfToday());
-    const SheetModel::Counts counts = sheet_.Count();
-    lblCounts_->setText(u"%1 karyawan · %2 masuk · %3 keluar · %4 belum hadir"_s.arg(counts.employees)
-                            .arg(counts.in)
-                            .arg(counts.out)
-                            .arg(counts.absent));
+    lblCounts_->setText(CountsText(sheet_.Count(), sheet_.IsClosed()));
+    ShowRoster();
     const QString file = QFileInfo(program_.Db().FileName()).fileName();
     lblUpdated_->setText((refreshed ? u"diperbarui %1 · %2"_s : u"TIDAK dapat diperbarui sejak %1 · %2"_s)
                              .arg(ShownTime(lastRefresh_), file));
+}
+
+void frmMain::ShowRoster() {
+    const int row = ui_->MSHFlexGrid1->currentIndex().row();
+    lblRoster_->setText(row < 0 ? QString() : sheet_.RosterText(row));
 }
 
 void frmMain::LoadEmployees(const QString& sortClause) {

@@ -78,6 +78,7 @@ private:
     bool RefreshSheet(Cause cause);
     void ReadSheet(Cause cause);
     void ShowState(bool refreshed);
+    void ShowRoster();
 
     Program& program_;
     b_form_skin::Backgrounds& skin_;
@@ -95,6 +96,7 @@ private:
     WallTime lastRefresh_{};
     std::unique_ptr<Ui::frmMain> ui_;
     QLabel* lblCounts_ = nullptr;
+    QLabel* lblRoster_ = nullptr;
     QLabel* lblUpdated_ = nullptr;
     QTimer Timer1;
 };

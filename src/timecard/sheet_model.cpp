@@ -4,8 +4,6 @@
 #include "core/status_codes.h"
 #include "timecard/sheet_lifecycle.h"
 
-#include <QHash>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -90,6 +88,7 @@ void SheetModel::Read(Connection& connection, const RefreshKey& key) {
     const bool closed = IsSheetClosed(connection, key.sheet);
     if (!closed) {
         const Day day = SheetDate(connection, key.sheet, key.today);
+        roster_ = ReadDayRoster(connection, day);
         TakeCards(ReadSheetCards(connection, key.sheet), key.sheet);
         sheetDay_ = day;
     } else if (sheetOfCards_ != key.sheet) {
@@ -140,7 +139,27 @@ SheetModel::Counts SheetModel::Count() const {
         counts.out += entry.status == CardStatus::Out;
         counts.absent += entry.status == CardStatus::Absent;
     }
+    counts.others = counts.employees - counts.in - counts.out - counts.absent;
     return counts;
+}
+
+QString SheetModel::RosterText(int row) const {
+    const SheetEmployee& employee = employees_.at(static_cast<size_t>(row));
+    if (closed_ || entries_[static_cast<size_t>(row)] != Absent())
+        return {};
+    const QString shift = roster_.value(employee.nip);
+    const QString day = ShownDay(sheetDay_);
+    if (shift.isEmpty())
+        return u"%1: tidak ada di jadwal shift %2"_s.arg(employee.nama, day);
+    if (shift == ShiftCode::DayOff)
+        return u"%1: libur menurut jadwal shift %2"_s.arg(employee.nama, day);
+    return u"%1: belum hadir, jadwal %2 shift %3"_s.arg(employee.nama, day, shift);
+}
+
+QVariant SheetModel::data(const QModelIndex& index, int role) const {
+    if (role == Qt::StatusTipRole && index.isValid())
+        return RosterText(index.row());
+    return TableModel::data(index, role);
 }
 
 int SheetModel::RowOf(const QString& nip) const {

@@ -29,6 +29,7 @@ public:
         int in = 0;
         int out = 0;
         int absent = 0;
+        int others = 0;
     };
 
     /// The clauses that put the employee list in order: at first by name, then by a column as it is headed.
@@ -52,9 +53,14 @@ public:
     Day SheetDay() const { return sheetDay_; }
 
     Counts Count() const;
+    /// What the roster says of an employee without a card on the sheet; "" for one who has a card, and on a
+    /// closed sheet. Views show it in the status bar, too.
+    QString RosterText(int row) const;
     const QString& NipAt(int row) const { return employees_.at(static_cast<size_t>(row)).nip; }
     /// -1 when no employee has that number.
     int RowOf(const QString& nip) const;
+
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 private:
     /// All that a refresh depends on; equal to the last one, nothing needs to be read.
@@ -86,6 +92,7 @@ private:
     std::vector<SheetEntry> entries_;
     std::vector<CardRow> rowsByCard_;
     QString sheetOfCards_;
+    QHash<QString, QString> roster_; ///< of the sheet's day
     RefreshKey lastRead_;
     bool closed_ = false;
     Day sheetDay_{};

@@ -1,6 +1,7 @@
 #include "timecard/frmMain.h"
 
 #include "support/window_company.h"
+#include "timecard/sheet_lifecycle.h"
 #include "ui/guarded_application.h"
 #include "ui/message_dialogs.h"
 
@@ -218,6 +219,16 @@ TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     desk.Tick();
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:21"_s);
     EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · 1 masuk · 0 keluar · 2 belum hadir"_s);
+    desk.Grid().selectRow(2);
+    EXPECT_EQ(desk.Said("lblRoster"), u"Siti Aminah: tidak ada di jadwal shift 22-Nov-2026"_s);
+    other->Execute(u"UPDATE TimeCardHeader SET Status='TL'"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · 0 masuk · 0 keluar · 2 belum hadir · 1 lainnya"_s);
+    CloseSheet(*other, u"T20261122"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · lembar ditutup"_s);
 }
 
 TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmployeeListKnows) {

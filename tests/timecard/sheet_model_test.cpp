@@ -155,6 +155,27 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
     EXPECT_EQ(Row(0), u"IN|GA/|0013|Ani|08:00:12||00:2:00|||"_s);
 }
 
+TEST_F(DaySheet, TellsTheRosterOfWhoHasNoCard) {
+    company.AddEmployee(u"0014"_s, u"Citra"_s, u"x"_s);
+    Add(u"ShiftEmployee (NIP,Tgl,ShiftCode) VALUES ('0012','2026-11-22','O'),('0013','2026-11-22','M'),"
+        "('0014','2026-11-21','P')"_s);
+    model.LoadEmployees(company.Db(), u" ORDER BY NIP"_s);
+    const auto tips = [&] {
+        Refresh();
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts << model.index(row, 0).data(Qt::StatusTipRole).toString();
+        return texts;
+    };
+    EXPECT_EQ(tips(), (QStringList{u"Budi: libur menurut jadwal shift 22-Nov-2026"_s,
+                                   u"Ani: belum hadir, jadwal 22-Nov-2026 shift M"_s,
+                                   u"Citra: tidak ada di jadwal shift 22-Nov-2026"_s}));
+    AddCard(Sheet, u"'IN'"_s, u"'2026-11-22 07:00:00',NULL,NULL,NULL"_s);
+    EXPECT_EQ(tips().first(), QString());
+    CloseSheet(company.Db(), Sheet);
+    EXPECT_EQ(tips(), (QStringList{{}, {}, {}}));
+}
+
 TEST_F(DaySheet, ReadsFewStatementsAndNoneWhenNothingChanged) {
     QStringList statements;
     Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
