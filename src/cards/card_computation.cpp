@@ -16,14 +16,6 @@ constexpr qsizetype BatchSize = 500;
 
 using Reasons = QHash<QString, ProgramError>;
 
-std::vector<ShiftRow> ReadShifts(Connection& connection) {
-    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
-    std::vector<ShiftRow> shifts;
-    while (rows.Next())
-        shifts.push_back({rows.Text(0), rows.Time(1), rows.Time(2)});
-    return shifts;
-}
-
 CardResult Compute(const ComputableCard& card, const std::vector<ShiftRow>& shifts) {
     const QString shiftCode = modAbsen::ResolveShift(card.rosterCode, card.timeIn, shifts);
     // No statement may carry a quote in a value: such a number or code finds no employee and no shift.
@@ -48,7 +40,7 @@ struct Batch {
 Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
     return connection.InTransaction([&] {
         const CardStore store(connection);
-        const std::vector<ShiftRow> shifts = ReadShifts(connection);
+        const std::vector<ShiftRow> shifts = CodeLists::Shifts(connection);
         Batch batch;
         batch.computed.reserve(static_cast<size_t>(tcids.size()));
         for (const ComputableCard& card : store.ReadForComputation(tcids)) {

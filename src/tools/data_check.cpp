@@ -1,6 +1,7 @@
 #include "tools/data_check.h"
 
 #include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "database/database_file.h"
 #include "database/schema.h"
 
@@ -247,7 +248,7 @@ private:
                  const std::optional<WallTime> timeOut = TimeIfSet(rows.Time(TimeOut));
                  if (rows.Value(Header).IsNull())
                      tell(u"no header"_s);
-                 if (rows.Text(Status) == QStringView(u"OUT") && !timeOut)
+                 if (rows.Text(Status) == CardStatus::Out && !timeOut)
                      tell(u"status OUT without a departure"_s);
                  if (timeIn && timeOut && *timeIn > *timeOut)
                      tell(u"arrival %1 is later than departure %2"_s.arg(StoredTime(*timeIn),
