@@ -22,7 +22,8 @@ QString Routine(QStringView name) {
 }
 
 ReportChoice ChoiceOf(const QComboBox& list) {
-    return {list.currentData().toString(), list.currentText()};
+    const std::optional<QString> code = ChosenCode(list);
+    return code ? ReportChoice{*code, list.currentText()} : ReportChoice{};
 }
 
 /// The month so far, or today alone.

@@ -80,7 +80,6 @@ bool IsCardOf(const QString& tcid, const QString& nip) {
            && (extension.isEmpty() || (extension.startsWith(u'-') && extension.size() > 1));
 }
 
-/// A time that was recorded: neither null nor the empty time.
 constexpr qint64 RowsPerProgress = 10000;
 
 class DataCheck {
