@@ -45,7 +45,7 @@ public:
     }
 
     void DailyPlainly() {
-        Read(Employees + " ORDER BY Nama", size_.employees);
+        Read("SELECT NIP, Nama FROM Employee ORDER BY Nama", size_.employees);
         Read("SELECT a.NIP, b.TimeIN, b.TimeOUT, a.Status, a.Keterangan " + CardsOfDays + "WHERE b.Tanggal='"
                  + StoredDay(criteria_.date1).toStdString() + "' ORDER BY b.Tanggal, b.TCID",
              size_.employees);

@@ -5,6 +5,7 @@
 #include "database/statement.h"
 
 #include <QHash>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -30,10 +31,10 @@ CardResult Compute(const ComputableCard& card, const std::vector<ShiftRow>& shif
                          Money::FromField(card.mealAllowance), card.employeeType}});
 }
 
-/// What became of a batch: the identifiers of the computed cards, and why the others were not.
+/// What became of a batch.
 struct Batch {
-    QSet<QString> computed;
-    Reasons failed;
+    std::vector<ComputedCard> computed;
+    Reasons failed; ///< by identifier
 };
 
 Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
@@ -41,27 +42,31 @@ Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
         const CardStore store(connection);
         const std::vector<ShiftRow> shifts = CodeLists::Shifts(connection);
         Batch batch;
-        std::vector<ComputedCard> results;
+        batch.computed.reserve(static_cast<size_t>(tcids.size()));
         for (const ComputableCard& card : store.ReadForComputation(tcids)) {
             try {
-                results.push_back({card.tcid, card.tanggal, Compute(card, shifts)});
-                batch.computed << card.tcid;
+                batch.computed.push_back({card.tcid, card.storedDay, Compute(card, shifts)});
             } catch (const ProgramError& reason) {
                 batch.failed.insert(card.tcid, reason);
             }
         }
-        store.WriteResults(results);
+        store.WriteResults(batch.computed);
         return batch;
     });
 }
 
 void Note(const Batch& batch, const QStringList& tcids, modAbsen::ComputationReport& report) {
     report.computed += static_cast<int>(batch.computed.size());
+    if (std::ssize(batch.computed) == tcids.size())
+        return;
+    QSet<QString> computed;
+    for (const ComputedCard& card : batch.computed)
+        computed << card.tcid;
     for (const QString& tcid : tcids) {
         const auto failed = batch.failed.constFind(tcid);
         if (failed != batch.failed.cend())
             report.notComputed.push_back({tcid, *failed});
-        else if (!batch.computed.contains(tcid))
+        else if (!computed.contains(tcid))
             report.notComputed.push_back({tcid, {}});
     }
 }

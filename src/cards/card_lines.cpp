@@ -58,16 +58,23 @@ private:
 
 bool EachCardLine(Connection& connection, const CardFilter& filter, WithIdentifier with,
                   const std::function<bool(const CardLine&)>& visit) {
-    enum Column { Nip, Tanggal, TimeIn, TimeOut, Status, Keterangan, Tcid };
-    Cursor rows = connection.Query(u"SELECT a.NIP, b.Tanggal, b.TimeIN, b.TimeOUT, a.Status, a.Keterangan"_s
-                                   + (with == WithIdentifier::Yes ? u", a.TCID"_s : QString())
-                                   + SelectionOf(filter).Text() + u" ORDER BY b.Tanggal, b.TCID"_s);
+    enum Column { Nip, TimeIn, TimeOut, Status, Keterangan, Tanggal, Tcid };
+    const bool ofOneDay = filter.days && filter.days->first == filter.days->last;
+    const bool withDay = !ofOneDay || with == WithIdentifier::Yes;
+    QString statement = u"SELECT a.NIP, b.TimeIN, b.TimeOUT, a.Status, a.Keterangan"_s;
+    if (withDay)
+        statement += u", b.Tanggal"_s;
+    if (with == WithIdentifier::Yes)
+        statement += u", a.TCID"_s;
+    Cursor rows = connection.Query(statement + SelectionOf(filter).Text() + u" ORDER BY b.Tanggal, b.TCID"_s);
     CardLine line;
+    if (ofOneDay)
+        line.day = filter.days->first;
     QString dayText;
     TimeReader arrivals;
     TimeReader departures;
     while (rows.Next()) {
-        if (const QString text = rows.Text(Tanggal); text != dayText) {
+        if (const QString text = withDay ? rows.Text(Tanggal) : QString(); text != dayText) {
             line.day = DayOf(ReadStored(text).value_or(EmptyTime));
             dayText = text;
         }

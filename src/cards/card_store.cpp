@@ -170,7 +170,7 @@ std::vector<ComputableCard> CardStore::ReadForComputation(const QStringList& tci
         card.tcid = std::move(tcid);
         card.nip = rows.Text(Nip);
         card.status = rows.Text(Status);
-        Assign(card.tanggal, rows.Value(Tanggal));
+        card.storedDay = rows.Text(Tanggal);
         card.timeIn = rows.Time(TimeIn);
         card.timeOut = rows.Time(TimeOut);
         card.mealGranted = rows.Value(MealGranted).Flag();
@@ -186,13 +186,13 @@ std::vector<ComputableCard> CardStore::ReadForComputation(const QStringList& tci
 void CardStore::WriteResults(const std::vector<ComputedCard>& cards) const {
     QList<QVariantList> headers;
     QList<QVariantList> days;
-    for (const auto& [tcid, tanggal, result] : cards) {
+    for (const auto& [tcid, storedDay, result] : cards) {
         headers.push_back({result.normalHours.Field().Stored(), result.overtimeHours.Field().Stored(),
                            result.normalAmount.Field().Stored(), result.overtimeAmount.Field().Stored(),
                            result.mealTotal.Field().Stored(), tcid});
         if (result.day)
             days.push_back({StoredTime(result.day->overtimeIn), StoredTime(result.day->overtimeOut),
-                            result.day->shiftCode, tcid, StoredDay(tanggal)});
+                            result.day->shiftCode, tcid, storedDay});
     }
     connection_.InTransaction([&] {
         connection_.ExecuteMany(u"update TimeCardDetail set TimeINOT=?, TimeOutOT=?, ShiftCode=? "

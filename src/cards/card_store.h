@@ -14,7 +14,7 @@ struct ComputableCard {
     QString tcid;
     QString nip;
     QString status;
-    Day tanggal{};
+    QString storedDay; ///< tells the day row that counts from the card's others
     std::optional<WallTime> timeIn;
     std::optional<WallTime> timeOut;
     bool mealGranted = false;
@@ -28,7 +28,7 @@ struct ComputableCard {
 /// What the computation found for a card.
 struct ComputedCard {
     QString tcid;
-    Day tanggal{};
+    QString storedDay;
     CardResult result;
 };
 

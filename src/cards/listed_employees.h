@@ -8,11 +8,14 @@
 struct ListedEmployee {
     QString nip;
     QString nama;
-    QString dept;
-    QString divisi;
+    QString dept = {}; ///< only when it was asked for
+    QString divisi = {};
 };
+
+enum class EmployeeColumns { NumberAndName, All };
 
 /// The employees whom the filter asks for, whether or not they have cards, in the order of the columns of
 /// Employee ("Dept, Nama"); without any, in the table's own. Throws DatabaseError.
 std::vector<ListedEmployee> ReadListedEmployees(Connection& connection, const CardFilter& filter,
-                                                const QString& order);
+                                                const QString& order,
+                                                EmployeeColumns columns = EmployeeColumns::All);

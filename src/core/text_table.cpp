@@ -15,9 +15,10 @@ struct Extent {
 };
 
 /// Below the first combining mark each letter is a character of its own. Nearly all texts of a table are so
-/// and need no search for boundaries.
+/// and need no search for boundaries or for what would break the line.
 bool IsPlain(const QString& text) {
-    return std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c < u'\u0300'; });
+    return std::ranges::all_of(
+        text, [](QChar c) { return c >= u' ' && c < u'\u0300' && (c < u'\u007F' || c >= u'\u00A0'); });
 }
 
 Extent ExtentOf(const QString& text, int most) {
@@ -78,9 +79,18 @@ QString PadText(const QString& text, int width) {
 void AppendPadded(QString& line, const QString& text, int width) {
     if (width <= 0)
         return;
+    static const QString blanks(64, u' ');
     const Extent extent = ExtentOf(text, width);
     line.append(QStringView(text).first(extent.length));
-    line.resize(line.size() + width - extent.characters, u' ');
+    const int missing = width - extent.characters;
+    if (missing <= blanks.size())
+        line.append(QStringView(blanks).first(missing));
+    else
+        line.resize(line.size() + missing, u' ');
+}
+
+void AppendCellText(QString& line, const QString& text, int width) {
+    AppendPadded(line, IsPlain(text) ? text : OneLine(text), width);
 }
 
 void TextGrid::SetHeaders(const QStringList& headers) {

@@ -19,6 +19,8 @@ int CharactersIn(const QString& text);
 QString PadText(const QString& text, int width);
 /// Appends the same to a line in the making.
 void AppendPadded(QString& line, const QString& text, int width);
+/// The same of a text that is put on one line first (OneLine).
+void AppendCellText(QString& line, const QString& text, int width);
 
 /// A small table of texts: work grids of prints, the rows of a pick list.
 class TextGrid : public TableModel {

@@ -27,13 +27,17 @@ quint32 AttendanceRows::Texts::NumberOf(const QString& text) {
 bool AttendanceRows::Read(Connection& connection, const CardFilter& filter,
                           const std::vector<ListedEmployee>& employees, const Progress& progress) {
     QHash<QString, size_t> places;
+    places.reserve(std::ssize(employees));
     for (size_t i = 0; i < employees.size(); ++i)
         places.insert(employees[i].nip, i);
     rows_.assign(employees.size(), {});
     qsizetype read = 0;
+    size_t next = 0; // cards of a day come in the order of the numbers, and so do employees as a rule
     return EachCardLine(connection, filter, WithIdentifier::No, [&](const CardLine& line) {
-        if (const auto place = places.constFind(line.nip); place != places.cend())
-            rows_[*place].push_back({line.day, MinuteOf(line.timeIn), MinuteOf(line.timeOut),
+        if (next >= employees.size() || employees[next].nip != line.nip)
+            next = places.value(line.nip, employees.size());
+        if (next < employees.size())
+            rows_[next++].push_back({line.day, MinuteOf(line.timeIn), MinuteOf(line.timeOut),
                                      statuses_.NumberOf(line.status), remarks_.NumberOf(line.keterangan)});
         return ShouldContinue(progress, read++, 0);
     });

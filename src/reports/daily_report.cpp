@@ -13,7 +13,7 @@ constexpr int RemarkWidth = 30;
 
 ListedCount PrintDailyReport(Connection& connection, const ReportCriteria& criteria, const LineSink& sink,
                              const Progress& progress) {
-    const auto employees = ReadListedEmployees(connection, {}, criteria.sort);
+    const auto employees = ReadListedEmployees(connection, {}, criteria.sort, EmployeeColumns::NumberAndName);
     AttendanceRows attendance(RemarkWidth);
     if (!attendance.Read(connection, {DayRange{criteria.date1, criteria.date1}}, employees, progress))
         return std::nullopt;
@@ -32,12 +32,16 @@ ListedCount PrintDailyReport(Connection& connection, const ReportCriteria& crite
             return std::nullopt;
         line.truncate(0);
         AppendEmployeeCells(line, static_cast<qsizetype>(i) + 1, employees[i].nip, employees[i].nama);
+        const qsizetype prefix = line.size();
         if (attendance.Of(i).empty())
             sink(line.append(absent));
         for (const AttendanceRows::Row& row : attendance.Of(i)) {
+            if (line.size() > prefix) {
+                line.truncate(0);
+                line.append(sameEmployee);
+            }
             attendance.AppendCells(line, row);
             sink(line);
-            line = sameEmployee;
         }
     }
     sink(rule);

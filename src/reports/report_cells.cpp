@@ -14,12 +14,15 @@ constexpr int StatusWidth = 7;
 } // namespace
 
 void AppendCell(QString& line, const QString& text, int width) {
-    modGeneral::AppendPadded(line, OneLine(text), width);
+    modGeneral::AppendCellText(line, text, width);
     line.append(u'|');
 }
 
 void AppendEmployeeCells(QString& line, qsizetype number, const QString& nip, const QString& nama) {
-    line.append(u'|').append(QString::number(number).leftJustified(NumberWidth)).append(u'|');
+    const QString digits = QString::number(number);
+    line.append(u'|');
+    modGeneral::AppendPadded(line, digits, qMax(NumberWidth, static_cast<int>(digits.size())));
+    line.append(u'|');
     AppendCell(line, nip, NipWidth);
     AppendCell(line, nama, NamaWidth);
 }
