@@ -48,12 +48,10 @@ public:
                  const QString& timeIn, const QString& timeOut, const QString& remark) {
         const QString date = StoredDay(November(day));
         const auto moment = [&date](const QString& time) {
-            return time.isEmpty() ? QVariant() : QVariant(date + u' ' + time);
+            return time.isEmpty() ? QString() : date + u' ' + time;
         };
-        Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status,Keterangan) VALUES (?,?,?,?)"_s,
-                     {tcid, nip, status, remark.isNull() ? QVariant() : QVariant(remark)});
-        Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES (?,?,?,?)"_s,
-                     {tcid, date, moment(timeIn), moment(timeOut)});
+        TestCompany::AddCard(tcid, nip, status, date, moment(timeIn), moment(timeOut));
+        Db().Execute(u"UPDATE TimeCardHeader SET Keterangan=? WHERE TCID=?"_s, {remark, tcid});
     }
 
     /// The lines of a report, and how many employees it says that it lists.
