@@ -252,8 +252,11 @@ TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
     const DayRange range{On(u"2026-11-20"), On(u"2026-11-20")};
     Refresh({u"123456789"_s, {}, {}, range});
     const QString rule(104, u'-');
+    QStringList lines;
+    const QString period = ListedPeriod({range.first, On(u"2026-11-22")}, u"NIP:\n123456789"_s);
+    EXPECT_TRUE(PrintAttendance(model, period, Into(lines), GoOn));
     EXPECT_EQ(
-        PrintAttendance(model, ListedPeriod({range.first, On(u"2026-11-22")}, u"NIP:\n123456789"_s), GoOn),
+        lines,
         (QStringList{u"ABSENSI KARYAWAN "_s, u"Tanggal: 20-Nov-2026 s/d 22-Nov-2026  NIP: 123456789"_s, rule,
                      u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status "
                      "|Keterangan"_s,
@@ -262,5 +265,5 @@ TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
                      "— é dan lagi sampai"_s,
                      rule}));
     EXPECT_EQ(ListedPeriod(range, {}), u"Tanggal: 20-Nov-2026"_s);
-    EXPECT_FALSE(PrintAttendance(model, {}, [](auto, auto) { return false; }));
+    EXPECT_FALSE(PrintAttendance(model, {}, Into(lines), [](auto, auto) { return false; }));
 }

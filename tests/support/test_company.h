@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/line_sink.h"
 #include "core/program.h"
 #include "database/connection.h"
 
@@ -54,6 +55,11 @@ inline QVariant OrNull(const QString& text) {
 WallTime Moment(QStringView text);
 
 QByteArray BytesOf(const QString& path);
+
+/// A sink that keeps the lines of a print.
+inline LineSink Into(QStringList& lines) {
+    return [&lines](const QString& line) { lines << line; };
+}
 
 /// The rows that a query finds, the fields of a row joined by "|", null as "-".
 QStringList RowsOf(Connection& connection, const QString& query);
