@@ -1,5 +1,6 @@
 #include "timecard/clock_recording.h"
 #include "timecard/employee_details.h"
+#include "timecard/sheet_lifecycle.h"
 
 #include "support/failures.h"
 #include "support/test_company.h"
@@ -95,6 +96,19 @@ TEST_F(Recording, ADepartureNeedsTheCardAndMayBeRepeated) {
     Db().Execute(u"Delete from [TimeCardDetail] where TCID='T202611220012'"_s);
     EXPECT_EQ(Out(u"2026-11-22 16:00:00"), std::nullopt);
     EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|-|2026-11-22 16:00:00|-|-"_s});
+}
+
+TEST_F(Recording, ASheetClosedAfterTheEntryBeganTakesNothing) {
+    const QString sheet = u"T20261122"_s;
+    CloseSheet(*company.OtherDesk(), sheet);
+    EXPECT_EQ(In(u"2026-11-22 07:58:12"), Refusal::SheetClosed);
+    EXPECT_TRUE(Headers().isEmpty());
+    ReopenSheet(company.Db(), sheet);
+    EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
+    CloseSheet(company.Db(), sheet);
+    const QStringList days = Days();
+    EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::SheetClosed);
+    EXPECT_EQ(Days(), days);
 }
 
 TEST_F(Recording, NothingIsWrittenWhenAnythingFails) {

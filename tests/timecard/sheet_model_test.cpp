@@ -133,8 +133,8 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
     EXPECT_EQ(changes[0][0].toModelIndex().column(), SheetModel::Hours);
 
     const auto other = OtherDesk();
-    CloseSheet(*other, Sheet);
     RecordClockEntry(*other, {Sheet, clock.Today(), u"IN"_s, clock.now}, u"0013"_s);
+    CloseSheet(*other, Sheet);
     clock.now += std::chrono::minutes(2);
     Refresh();
     EXPECT_TRUE(model.IsClosed());
