@@ -19,7 +19,7 @@ namespace modAbsen {
 QString ResolveShift(const QString& rosterCode, const std::optional<WallTime>& clockIn,
                      const std::vector<ShiftRow>& shifts);
 
-/// The code's hours; those of a shift that is described nowhere when the code is unknown.
-ShiftHours HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code);
+/// The code's hours; nothing when no row is of that code, letter case included.
+std::optional<ShiftHours> HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code);
 
 } // namespace modAbsen

@@ -175,8 +175,8 @@ void frmEditAbsensi::cmdCalcHrs_Click() {
     if (const qsizetype left = std::ssize(report.notComputed); left > 0)
         done += u" %1 kartu tidak dapat dihitung."_s.arg(left);
     ShowState(done);
-    if (!report.notComputed.empty())
-        program_.dialogs.Warn(NotComputedText(report));
+    if (const QString complaints = ComplaintsText(report); !complaints.isEmpty())
+        program_.dialogs.Warn(complaints);
 }
 
 void frmEditAbsensi::MSHFlexGrid1_DblClick(const QModelIndex& cell) {

@@ -1,6 +1,7 @@
 #include "shifts/roster_model.h"
 
 #include "core/code_lists.h"
+#include "core/status_codes.h"
 #include "database/recordset.h"
 #include "database/statement.h"
 #include "shifts/shift_time.h"
@@ -10,6 +11,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int BadCodeNumber = 13;
 
 /// A period's year and month as they are typed: they go into a statement as they stand.
 struct PeriodText {
@@ -126,6 +129,25 @@ int RosterModel::NumberOf(const QString& code) {
     const int number = static_cast<int>(codes_.size()) - 1;
     numbersByCode_.insert(code, number);
     return number;
+}
+
+QString RosterModel::CodeTyped(const QString& typed) const {
+    const QString code = typed.trimmed();
+    if (code.contains(u'\''))
+        throw ProgramError(BadCodeNumber,
+                           u"Kode shift \"%1\" tidak disimpan: tanda kutip (') tidak boleh ada dalam kode. "
+                           "Ketik kode lain, atau pilih dengan F9."_s.arg(code));
+    if (codes_[static_cast<size_t>(numbersByCode_.value(code))].listed)
+        return code;
+    for (const Code& known : codes_) {
+        if (known.listed && known.text.compare(code, Qt::CaseInsensitive) == 0)
+            return known.text;
+    }
+    for (const QStringView known : {ShiftCode::Default, ShiftCode::DayOff}) {
+        if (known.compare(code, Qt::CaseInsensitive) == 0)
+            return known.toString();
+    }
+    return code;
 }
 
 void RosterModel::SaveCell(Connection& connection, const QModelIndex& cell) const {

@@ -202,6 +202,11 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
     EXPECT_EQ(search.Grid().currentIndex().row(), 1);
     EXPECT_EQ(search.RowsOf(u"select NormalHours from TimeCardHeader order by TCID"_s),
               (QStringList{u"9.15"_s, u"-"_s, u"9.15"_s, u"-"_s}));
+    EXPECT_TRUE(search.dialogs.texts.isEmpty());
+    search.Run(u"INSERT INTO ShiftEmployee VALUES ('0012','2026-11-22','XX')"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(search.dialogs.Last().section(u'\n', 1),
+              u"T202611220012: shift XX tidak ada di Master Shift Code"_s);
 }
 
 TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
