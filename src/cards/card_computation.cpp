@@ -2,10 +2,14 @@
 
 #include "cards/card_store.h"
 #include "compute/shift_resolution.h"
+#include "core/code_lists.h"
 #include "database/statement.h"
 
 #include <QHash>
 #include <QSet>
+
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -16,44 +20,42 @@ constexpr qsizetype BatchSize = 500;
 
 using Reasons = QHash<QString, ProgramError>;
 
-std::vector<ShiftRow> ReadShifts(Connection& connection) {
-    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
-    std::vector<ShiftRow> shifts;
-    while (rows.Next())
-        shifts.push_back({rows.Text(0), rows.Time(1), rows.Time(2)});
-    return shifts;
-}
+/// What became of a batch.
+struct Batch {
+    std::vector<ComputedCard> computed;
+    std::vector<modAbsen::UnknownShift> unknownShifts;
+    Reasons failed; ///< by identifier
+};
 
-CardResult Compute(const ComputableCard& card, const std::vector<ShiftRow>& shifts) {
+void Compute(const ComputableCard& card, const std::vector<ShiftRow>& shifts, Batch& batch) {
     const QString shiftCode = modAbsen::ResolveShift(card.rosterCode, card.timeIn, shifts);
     // No statement may carry a quote in a value: such a number or code finds no employee and no shift.
     Quoted(card.nip);
     Quoted(shiftCode);
-    return ComputeCard({card.status,
-                        card.timeIn,
-                        card.timeOut,
-                        card.mealGranted,
-                        shiftCode,
-                        modAbsen::HoursOfShift(shifts, shiftCode),
-                        {Money::FromField(card.basicPay), HourlyRate::FromField(card.overtimeRate),
-                         Money::FromField(card.mealAllowance), card.employeeType}});
+    const std::optional<ShiftHours> hours = modAbsen::HoursOfShift(shifts, shiftCode);
+    const CardResult result =
+        ComputeCard({card.status,
+                     card.timeIn,
+                     card.timeOut,
+                     card.mealGranted,
+                     shiftCode,
+                     hours.value_or(ShiftHours()),
+                     {Money::FromField(card.basicPay), HourlyRate::FromField(card.overtimeRate),
+                      Money::FromField(card.mealAllowance), card.employeeType}});
+    if (!hours && result.day)
+        batch.unknownShifts.push_back({card.tcid, shiftCode});
+    batch.computed.push_back({card.tcid, card.storedDay, result});
 }
-
-/// What became of a batch.
-struct Batch {
-    std::vector<ComputedCard> computed;
-    Reasons failed; ///< by identifier
-};
 
 Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
     return connection.InTransaction([&] {
         const CardStore store(connection);
-        const std::vector<ShiftRow> shifts = ReadShifts(connection);
+        const std::vector<ShiftRow> shifts = CodeLists::Shifts(connection);
         Batch batch;
         batch.computed.reserve(static_cast<size_t>(tcids.size()));
         for (const ComputableCard& card : store.ReadForComputation(tcids)) {
             try {
-                batch.computed.push_back({card.tcid, card.storedDay, Compute(card, shifts)});
+                Compute(card, shifts, batch);
             } catch (const ProgramError& reason) {
                 batch.failed.insert(card.tcid, reason);
             }
@@ -65,6 +67,7 @@ Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
 
 void Note(const Batch& batch, const QStringList& tcids, modAbsen::ComputationReport& report) {
     report.computed += static_cast<int>(batch.computed.size());
+    std::ranges::copy(batch.unknownShifts, std::back_inserter(report.unknownShifts));
     if (std::ssize(batch.computed) == tcids.size())
         return;
     QSet<QString> computed;
@@ -99,8 +102,6 @@ modAbsen::ComputationReport modAbsen::CalculateTimeCards(Connection& connection,
     return report;
 }
 
-std::optional<modAbsen::CardNotComputed> modAbsen::CalculateTimeCard(Connection& connection,
-                                                                     const QString& tcid) {
-    ComputationReport report = CalculateTimeCards(connection, {tcid});
-    return report.notComputed.empty() ? std::nullopt : std::optional(std::move(report.notComputed.front()));
+modAbsen::ComputationReport modAbsen::CalculateTimeCard(Connection& connection, const QString& tcid) {
+    return CalculateTimeCards(connection, {tcid});
 }

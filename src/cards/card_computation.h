@@ -15,10 +15,17 @@ struct CardNotComputed {
     std::optional<ProgramError> reason; ///< nothing: it has no day row, or no header to hold the results
 };
 
+/// A card whose hours were computed by a shift that the table of shifts lacks, as if it ended at midnight.
+struct UnknownShift {
+    QString tcid;
+    QString shiftCode;
+};
+
 /// What became of a run over cards.
 struct ComputationReport {
     int computed = 0;
     std::vector<CardNotComputed> notComputed; ///< in the order given
+    std::vector<UnknownShift> unknownShifts;  ///< of computed cards
     bool cancelled = false;                   ///< stopped before the last card
 };
 
@@ -30,7 +37,7 @@ struct ComputationReport {
 ComputationReport CalculateTimeCards(Connection& connection, const QStringList& tcids,
                                      const Progress& progress = {});
 
-/// The same for one card. Nothing when it was computed, or when the identifier is empty.
-std::optional<CardNotComputed> CalculateTimeCard(Connection& connection, const QString& tcid);
+/// The same for one card.
+ComputationReport CalculateTimeCard(Connection& connection, const QString& tcid);
 
 } // namespace modAbsen

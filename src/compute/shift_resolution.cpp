@@ -16,9 +16,9 @@ QString modAbsen::ResolveShift(const QString& rosterCode, const std::optional<Wa
     return found == shifts.end() || found->code.isEmpty() ? ShiftCode::Default.toString() : found->code;
 }
 
-ShiftHours modAbsen::HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code) {
+std::optional<ShiftHours> modAbsen::HoursOfShift(const std::vector<ShiftRow>& shifts, const QString& code) {
     const auto found = std::ranges::find(shifts, code, &ShiftRow::code);
     if (found == shifts.end())
-        return {};
-    return {found->timeIn.value_or(EmptyTime), found->timeOut.value_or(EmptyTime)};
+        return std::nullopt;
+    return ShiftHours{found->timeIn.value_or(EmptyTime), found->timeOut.value_or(EmptyTime)};
 }

@@ -2,20 +2,39 @@
 
 #include "core/error_words.h"
 
+#include <ranges>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The cards of a list under its heading, the first ones in full.
+template<class Cards, class TextOf>
+void Name(QStringList& lines, const QString& heading, const Cards& cards, TextOf textOf) {
+    constexpr qsizetype MostNamed = 15;
+    if (cards.empty())
+        return;
+    lines << heading.arg(cards.size());
+    for (const auto& card : cards | std::views::take(MostNamed))
+        lines << textOf(card);
+    if (std::ssize(cards) > MostNamed)
+        lines << u"... dan %1 kartu lagi."_s.arg(std::ssize(cards) - MostNamed);
+}
+
+} // namespace
 
 QString NoDataText(const modAbsen::CardNotComputed& card) {
     return u"No Data found TCID="_s + card.tcid;
 }
 
-QString NotComputedText(const modAbsen::ComputationReport& report) {
-    constexpr size_t MostNamed = 15;
-    QStringList lines{u"%1 kartu tidak dapat dihitung:"_s.arg(report.notComputed.size())};
-    for (size_t i = 0; i < std::min(MostNamed, report.notComputed.size()); ++i) {
-        const modAbsen::CardNotComputed& card = report.notComputed[i];
-        lines << (card.reason ? card.tcid + u": "_s + UserText(*card.reason) : NoDataText(card));
-    }
-    if (report.notComputed.size() > MostNamed)
-        lines << u"... dan %1 kartu lagi."_s.arg(report.notComputed.size() - MostNamed);
+QString ComplaintsText(const modAbsen::ComputationReport& report) {
+    QStringList lines;
+    Name(lines, u"%1 kartu tidak dapat dihitung:"_s, report.notComputed, [](const auto& card) {
+        return card.reason ? card.tcid + u": "_s + UserText(*card.reason) : NoDataText(card);
+    });
+    Name(lines, u"%1 kartu dihitung dengan shift yang tidak dikenal; periksa jamnya:"_s, report.unknownShifts,
+         [](const auto& card) {
+             return u"%1: shift %2 tidak ada di Master Shift Code"_s.arg(card.tcid, card.shiftCode);
+         });
     return lines.join(u'\n');
 }

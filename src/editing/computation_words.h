@@ -5,5 +5,6 @@
 /// Tells of a card that has nothing to compute.
 QString NoDataText(const modAbsen::CardNotComputed& card);
 
-/// Names the cards that were left and why, the first ones in full.
-QString NotComputedText(const modAbsen::ComputationReport& report);
+/// Names the cards that were left and why, and those computed by an unknown shift, the first ones of each in
+/// full; "" when there are none.
+QString ComplaintsText(const modAbsen::ComputationReport& report);

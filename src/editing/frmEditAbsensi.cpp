@@ -175,8 +175,8 @@ void frmEditAbsensi::cmdCalcHrs_Click() {
     if (const qsizetype left = std::ssize(report.notComputed); left > 0)
         done += u" %1 kartu tidak dapat dihitung."_s.arg(left);
     ShowState(done);
-    if (!report.notComputed.empty())
-        program_.dialogs.Warn(NotComputedText(report));
+    if (const QString complaints = ComplaintsText(report); !complaints.isEmpty())
+        program_.dialogs.Warn(complaints);
 }
 
 void frmEditAbsensi::MSHFlexGrid1_DblClick(const QModelIndex& cell) {
@@ -291,7 +291,10 @@ void frmEditAbsensi::Print(const QString& procedure, const LinesOfResult& linesO
         }
         if (lines.isEmpty())
             return ShowState(u"Cetakan dibatalkan."_s);
-        WriteReportFile(program_.folder, lines);
+        WriteReportFile(program_.folder, [&lines](const LineSink& sink) {
+            std::ranges::for_each(lines, sink);
+            return true;
+        });
         program_.dialogs.Warn(
             u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s);
         program_.showReport(ReportFilePath(program_.folder));

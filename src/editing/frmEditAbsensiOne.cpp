@@ -179,13 +179,16 @@ void frmEditAbsensiOne::cmdCalcHrs_Click() {
             return;
     }
     Trapped(program_, u"cmdCalcHrs_Click"_s, [this] {
-        if (const auto left = modAbsen::CalculateTimeCard(program_.Db(), tcid_)) {
-            if (left->reason)
-                throw *left->reason;
-            program_.dialogs.Warn(NoDataText(*left));
+        const modAbsen::ComputationReport report = modAbsen::CalculateTimeCard(program_.Db(), tcid_);
+        for (const modAbsen::CardNotComputed& left : report.notComputed) {
+            if (left.reason)
+                throw *left.reason;
+            program_.dialogs.Warn(NoDataText(left));
         }
         Q_EMIT Saved();
         LoadTimeCard();
+        if (!report.unknownShifts.empty())
+            program_.dialogs.Warn(ComplaintsText(report));
     });
 }
 

@@ -98,7 +98,7 @@ void frmShiftCode::cmdHapus_Click() {
     }
     const QString code = rstShift_.CodeAt(row);
     Trapped(program_, u"frmShiftCode.cmdHapus_Click"_s, [&] {
-        if (!MayDelete(code))
+        if (MayVanish(code, u"Hapus kode shift %1?"_s.arg(code), u"Hapus juga?"_s) != Dialogs::Answer::Yes)
             return;
         rstShift_.DeleteRow(row);
         ui_->lblStatus->setText(u"Shift %1 dihapus."_s.arg(code));
@@ -107,19 +107,22 @@ void frmShiftCode::cmdHapus_Click() {
         GoTo(qMax(0, rstShift_.RowOf(code)), ShiftCodeModel::Code);
 }
 
-bool frmShiftCode::MayDelete(const QString& code) {
+Dialogs::Answer frmShiftCode::MayVanish(const QString& code, const QString& question,
+                                        const QString& questionIfUsed) {
     ShiftCodeUse use;
     {
         const BusyPointer busy; // every card may have to be looked at
         use = UseOfShiftCode(program_.Db(), code);
     }
-    QString question = u"Hapus kode shift %1?"_s.arg(code);
-    if (use.rosterDays > 0 || use.cards > 0)
-        question =
-            u"Kode shift %1 masih dipakai: %2 hari di jadwal shift dan %3 kartu absen. Baris-baris itu "
-            "tidak ikut diubah.\nHapus juga?"_s.arg(code, QString::number(use.rosterDays),
-                                                    QString::number(use.cards));
-    return program_.dialogs.Ask(question, Dialogs::Answer::No) == Dialogs::Answer::Yes;
+    const bool used = use.rosterDays > 0 || use.cards > 0;
+    if (!used && question.isEmpty())
+        return Dialogs::Answer::Yes;
+    return program_.dialogs.Ask(
+        used ? u"Kode shift %1 masih dipakai: %2 hari di jadwal shift dan %3 kartu absen. Baris-baris itu "
+               "tidak ikut diubah.\n%4"_s.arg(code, QString::number(use.rosterDays),
+                                              QString::number(use.cards), questionIfUsed)
+             : question,
+        Dialogs::Answer::No);
 }
 
 /// Not from within the grid's own move: it would go on to the cell that it was on its way to.
@@ -153,8 +156,20 @@ bool frmShiftCode::UpdateRow() {
         return true;
     const QString code = rstShift_.CodeAt(row).trimmed();
     const bool blank = rstShift_.IsBlankInEdit();
-    const bool written = Trapped(program_, u"frmShiftCode.DataGrid1"_s, [this] { rstShift_.UpdateRow(); });
-    if (written && !blank)
+    auto answer = Dialogs::Answer::Yes;
+    const bool written = Trapped(program_, u"frmShiftCode.DataGrid1"_s, [&] {
+        if (const auto old = rstShift_.RenamedFrom()) {
+            rstShift_.CheckTyped();
+            answer = MayVanish(*old, {}, u"Ubah kodenya menjadi %1?"_s.arg(code));
+        }
+        if (answer == Dialogs::Answer::Yes)
+            rstShift_.UpdateRow();
+        else if (answer == Dialogs::Answer::No)
+            rstShift_.CancelRow();
+    });
+    if (answer == Dialogs::Answer::Cancel)
+        return false;
+    if (written && !blank && answer == Dialogs::Answer::Yes)
         ui_->lblStatus->setText(u"Shift %1 disimpan."_s.arg(code));
     else if (rstShift_.RowInEdit() < 0)
         ShowCount();

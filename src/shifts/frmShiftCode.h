@@ -34,10 +34,13 @@ private:
     void DataGrid1_RowColChange();
     void DataGrid1_AfterEdit(QAbstractItemDelegate::EndEditHint hint);
 
-    /// Writes the row in edit; false when it could not be written and stays, or was read anew.
+    /// Writes the row in edit, or takes it back when the user does not want its code renamed; false when it
+    /// stays, or was read anew.
     bool UpdateRow();
     bool MayLeave();
-    bool MayDelete(const QString& code);
+    /// Asks before a code goes that rows may still name; `question` asks it of a code that none does, and is
+    /// not asked then when it is empty.
+    Dialogs::Answer MayVanish(const QString& code, const QString& question, const QString& questionIfUsed);
     /// What is typed in a cell counts from here on.
     void CommitCell();
     void GoTo(int row, int column);

@@ -94,7 +94,7 @@ void frmShiftEmployee::MakeEditor() {
     editing.mayEdit = [this](const QModelIndex&) { return roster_.Month().has_value(); };
     editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
     editing.saveCell = [this](const QModelIndex& cell, const QString& code) {
-        roster_.setData(cell, code);
+        roster_.setData(cell, roster_.CodeTyped(code));
         return SaveCell(cell);
     };
     editing.gridEnterKey = [this](const QModelIndex&) { editor_->OpenOnCurrentCell(); };

@@ -1,5 +1,7 @@
 #include "shifts/roster_model.h"
 
+#include "core/code_lists.h"
+#include "core/status_codes.h"
 #include "database/recordset.h"
 #include "database/statement.h"
 #include "shifts/shift_time.h"
@@ -9,6 +11,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int BadCodeNumber = 13;
 
 /// A period's year and month as they are typed: they go into a statement as they stand.
 struct PeriodText {
@@ -93,14 +97,12 @@ bool RosterModel::LoadRoster(Connection& connection, const QString& period, cons
 
 /// The numbers that cells hold stay as they are; only what is known of their codes is read anew.
 void RosterModel::ReadShiftCodes(Connection& connection) {
-    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
+    const std::vector<ShiftRow> shifts = CodeLists::Shifts(connection);
     for (Code& code : codes_)
         code.listed = false;
-    while (rows.Next()) {
-        Code& code = codes_[static_cast<size_t>(NumberOf(rows.Text(0)))];
+    for (const auto& [name, start, end] : shifts) {
+        Code& code = codes_[static_cast<size_t>(NumberOf(name))];
         code.listed = true;
-        const auto start = rows.Time(1);
-        const auto end = rows.Time(2);
         code.hours = start && end && *start != *end ? u"%1 - %2"_s.arg(ShownShiftTime(*start, DayOf(*start)),
                                                                        ShownShiftTime(*end, DayOf(*start)))
                                                     : QString();
@@ -127,6 +129,25 @@ int RosterModel::NumberOf(const QString& code) {
     const int number = static_cast<int>(codes_.size()) - 1;
     numbersByCode_.insert(code, number);
     return number;
+}
+
+QString RosterModel::CodeTyped(const QString& typed) const {
+    const QString code = typed.trimmed();
+    if (code.contains(u'\''))
+        throw ProgramError(BadCodeNumber,
+                           u"Kode shift \"%1\" tidak disimpan: tanda kutip (') tidak boleh ada dalam kode. "
+                           "Ketik kode lain, atau pilih dengan F9."_s.arg(code));
+    if (codes_[static_cast<size_t>(numbersByCode_.value(code))].listed)
+        return code;
+    for (const Code& known : codes_) {
+        if (known.listed && known.text.compare(code, Qt::CaseInsensitive) == 0)
+            return known.text;
+    }
+    for (const QStringView known : {ShiftCode::Default, ShiftCode::DayOff}) {
+        if (known.compare(code, Qt::CaseInsensitive) == 0)
+            return known.toString();
+    }
+    return code;
 }
 
 void RosterModel::SaveCell(Connection& connection, const QModelIndex& cell) const {

@@ -33,6 +33,10 @@ public:
     /// The day of a cell; nothing where the month has none.
     std::optional<Day> DayOfCell(const QModelIndex& cell) const { return DayOfColumn(cell.column()); }
 
+    /// The code that a typed text means: without blanks around it, in the spelling of the shift codes where
+    /// it differs by letter case only. Throws ProgramError for a text with a single quote, which no statement
+    /// can name.
+    QString CodeTyped(const QString& typed) const;
     /// Writes the cell's code as the shift of its employee and day in the month that is shown, whatever
     /// another desk wrote there before. Throws StatementError when the month has no such day, DatabaseError
     /// when it cannot be written.

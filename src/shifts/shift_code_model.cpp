@@ -70,6 +70,12 @@ bool ShiftCodeModel::IsBlankInEdit() const {
            && std::ranges::all_of(typed_, [](const QString& text) { return text.trimmed().isEmpty(); });
 }
 
+std::optional<QString> ShiftCodeModel::RenamedFrom() const {
+    if (rowInEdit_ < 0 || isNew_ || typed_[Code].trimmed() == StoredText(rowInEdit_, Code))
+        return std::nullopt;
+    return StoredText(rowInEdit_, Code);
+}
+
 int ShiftCodeModel::RowOf(const QString& code) const {
     for (int row = 0; row < rowCount(); ++row) {
         if (CodeAt(row) == code)
@@ -146,9 +152,12 @@ void ShiftCodeModel::CheckTyped() const {
     if (code.isEmpty())
         throw ProgramError(BadValueNumber, u"Code harus diisi."_s);
     Quoted(code); // a code that no statement can name would never be found again
-    for (int row = 0; row < rowCount(); ++row) {
-        if (row != rowInEdit_ && CodeAt(row) == code)
-            throw ProgramError(BadValueNumber, u"Code \"%1\" sudah ada."_s.arg(code));
+    // Codes are matched letter by letter: two that differ by case only would be taken for one by people.
+    for (int row = 0; touched_[Code] && row < rowCount(); ++row) {
+        if (row != rowInEdit_ && CodeAt(row).compare(code, Qt::CaseInsensitive) == 0)
+            throw ProgramError(BadValueNumber,
+                               u"Code \"%1\" sudah ada sebagai \"%2\". Huruf besar dan kecil "
+                               "tidak membedakan kode; pilih kode lain."_s.arg(code, CodeAt(row)));
     }
     for (const Column column : {TimeIn, TimeOut}) {
         const QString& text = typed_[column];

@@ -26,14 +26,19 @@ public:
     /// True when the row in edit is a new one in which nothing was typed.
     bool IsBlankInEdit() const;
     QString CodeAt(int row) const { return Text(row, Code); }
+    /// The stored code of the row in edit when another one was typed over it.
+    std::optional<QString> RenamedFrom() const;
     /// The row of a code; -1 when there is none.
     int RowOf(const QString& code) const;
 
     /// Puts a new row in edit, after all others, and returns its number. No other row is in edit.
     int AddRow();
-    /// Writes the row in edit; a blank new row is taken back instead. Throws ProgramError when a value cannot
-    /// stand there, DatabaseError when the database refuses it: the row then stays in edit. Throws
-    /// ConflictError when another desk changed the row: all rows have been read anew then.
+    /// Throws ProgramError when a value that is typed into the row in edit cannot stand there: a code without
+    /// letters, or one that differs from another by letter case at most, or what is no time.
+    void CheckTyped() const;
+    /// Writes the row in edit; a blank new row is taken back instead. Throws as CheckTyped does,
+    /// DatabaseError when the database refuses it: the row then stays in edit. Throws ConflictError when
+    /// another desk changed the row: all rows have been read anew then.
     void UpdateRow();
     /// Takes back what was typed into the row in edit; a new row goes away.
     void CancelRow();
@@ -52,7 +57,6 @@ private:
     void StartEdit(int row, bool isNew);
     void EndEdit();
     void ShowNextDay();
-    void CheckTyped() const;
     void SetTyped();
 
     Connection* connection_ = nullptr;

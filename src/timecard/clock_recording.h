@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// What a desk is about to record. Any mode but "IN" is a clock-out.
+/// What a desk is about to record.
 struct ClockEntry {
     QString sheet;
     Day sheetDate;

@@ -96,6 +96,7 @@ TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
         {u"⎀X⏎08:00⏎pagi⏎"_s, u"X|08:00|pagi"_s},
         {u"⎀X⏎8:00+1⏎9:00⏎"_s, u"X|8:00+1|09:00"_s},
         {u"⎀P⏎08:00⏎09:00⏎"_s, u"P|08:00|09:00"_s},
+        {u"⎀malam ⏎08:00⏎09:00⏎"_s, u"malam |08:00|09:00"_s},
         {u"⎀LAIN⏎08:00⏎09:00⏎"_s, u"LAIN|08:00|09:00"_s}, // another desk's, not read yet
         {u"⎀⎋→08:00⏎09:00⏎"_s, u"|08:00|09:00"_s},
         {u"⎀A'B⏎08:00⏎09:00⏎"_s, u"A'B|08:00|09:00"_s},
@@ -152,6 +153,38 @@ TEST(frmShiftCode, DeletingSaysHowManyRowsUseTheCodeAndLeavesThemAlone) {
         EXPECT_EQ(codes.Rows().size(), answer == Answer::Yes ? 1 : 2);
         EXPECT_EQ(codes.RowsOf(u"select ShiftCode from ShiftEmployee order by Tgl"_s),
                   (QStringList{u"Malam"_s, u"Malam"_s, u"P"_s}));
+    }
+}
+
+TEST(frmShiftCode, RenamingAUsedCodeAsks) {
+    const struct {
+        const char* what;
+        QString keys;
+        Answer answer;
+        qsizetype asked;
+        QStringList rows;
+    } cases[] = {
+        {"wanted", u"MLM⏎↓"_s, Answer::Yes, 1, {RenamedNight, Daily}},
+        {"not wanted, taken back", u"MLM⏎21:00⏎↓"_s, Answer::No, 1, {Night, Daily}},
+        {"not decided, asked again", u"MLM⏎↓↓"_s, Answer::Cancel, 2, {Night, Daily}},
+        {"not renamed",
+         u"→21:00⏎↓"_s,
+         Answer::No,
+         0,
+         {u"MALAM|1899-12-30 21:00:00"_s + Night.sliced(25), Daily}},
+        {"not used", u"↓PAGI⏎↑"_s, Answer::No, 0, {Night, u"PAGI"_s + Daily.sliced(1)}},
+        {"cannot be", u"p⏎↓"_s, Answer::Yes, 0, {Night, Daily}},
+    };
+    for (const auto& c : cases) {
+        ShiftCodes codes;
+        codes.Run(u"INSERT INTO ShiftEmployee VALUES ('1','2026-11-01','MALAM')"_s);
+        codes.dialogs.answers = {c.answer};
+        codes.Open([&](QWidget&) {
+            Keys(c.keys);
+            EXPECT_EQ(codes.dialogs.questions.size(), c.asked) << c.what;
+            EXPECT_TRUE(c.asked == 0 || codes.dialogs.questions[0].contains(u"1 hari"_s)) << c.what;
+            EXPECT_EQ(codes.Rows(), c.rows) << c.what;
+        });
     }
 }
 

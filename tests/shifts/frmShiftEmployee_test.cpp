@@ -106,6 +106,7 @@ TEST(frmShiftEmployee, WritesEachChangedCellAtOnce) {
         {"a day that had none, then the next", u"→P⏎→MALAM⏎"_s, u"01 P, 02 P, 03 MALAM"_s},
         {"twice the same day", u"→P⏎MALAM⏎"_s, u"01 P, 02 MALAM"_s},
         {"a code that is not listed", u"→cuti⏎"_s, u"01 P, 02 cuti"_s},
+        {"the spelling of the shift codes", u"→p⏎→p ⏎→o⏎→malam⏎"_s, u"01 P, 02 P, 03 P, 04 O, 05 MALAM"_s},
         {"a change taken back", u"MALAM⎋"_s, u"01 P"_s},
         {"a change not entered", u"MALAM"_s, u"01 P"_s},
         {"an emptied cell", u"⌦"_s, u"01 "_s},
@@ -175,6 +176,17 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
             EXPECT_EQ(roster.dialogs.texts.size(), 2) << c.what;
         });
     }
+}
+
+TEST(frmShiftEmployee, AQuoteIsRefusedInTheEditor) {
+    Roster roster;
+    roster.Open([&](QWidget& window) {
+        Keys(u"P'⏎"_s);
+        EXPECT_TRUE(roster.dialogs.Last().contains(u"tanda kutip"_s));
+        EXPECT_EQ(Part<QLineEdit>(window, "Text1").text(), u"P'"_s);
+        Keys(u"⎋"_s);
+        EXPECT_EQ(roster.Codes(0) + u'/' + roster.Stored(u"0012"_s), u"1 P/01 P"_s);
+    });
 }
 
 TEST(frmShiftEmployee, APeriodThatIsNoneKeepsTheMonthAndItsSaves) {

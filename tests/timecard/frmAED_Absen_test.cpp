@@ -157,8 +157,7 @@ TEST(frmAED_Absen, ALargePhotoIsShownScaledAndWhatIsNoFileIsToldAndNotOpened) {
                                         {u"images"_s, told + u"images"_s},
                                         {u"gone.jpg"_s, u""_s}}) {
         SCOPED_TRACE(path.toStdString());
-        desk.Run(u"DELETE FROM TimeCardHeader"_s);
-        desk.Run(u"DELETE FROM TimeCardDetail"_s);
+        desk.RemoveCards();
         desk.Run(u"UPDATE Employee SET PathImage='%1' WHERE NIP='0012'"_s.arg(path));
         desk.user.WhenIn(u"frmAED_Absen"_s, [&, &path = path, &message = message](QWidget& entry) {
             Keys(u"0012⏎rahasia⏎"_s);
