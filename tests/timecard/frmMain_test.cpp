@@ -13,8 +13,6 @@
 #include <QTabBar>
 #include <QTest>
 
-#include <sys/stat.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -188,7 +186,6 @@ TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
         EXPECT_EQ(desk.dialogs.questions,
                   QStringList{u"Lembar ini tanggal 30-Nov-2026. Pindah ke lembar hari ini?"_s});
         EXPECT_EQ(desk.RowsOf(arrivals), cards);
-        EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     }
     WindowCompany desk;
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
@@ -308,10 +305,6 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     nextRefresh();
     EXPECT_EQ(desk.dialogs.texts.size(), 5);
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO timecardmaster"_s);
-    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
-    nextRefresh();
-
-    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
     nextRefresh();
     ASSERT_TRUE(QFile::remove(desk.DatabaseFile()));
     nextRefresh();
@@ -339,19 +332,6 @@ TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
     });
     desk.clock.now = Moment(u"2026-11-22 07:58:30");
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.user.IsDone(); }));
-}
-
-TEST(frmMain, ABackgroundThatIsNoFileIsToldAndNotWaitedFor) {
-    WindowCompany desk;
-    const QString picture = desk.folder.filePath(u"images/back.gif"_s);
-    for (const auto make : {+[](const char* path) { return mkfifo(path, 0700); },
-                            +[](const char* path) { return mkdir(path, 0700); }}) {
-        ASSERT_EQ(remove(picture.toUtf8().constData()), 0);
-        ASSERT_EQ(make(picture.toUtf8().constData()), 0);
-        EXPECT_FALSE(desk.window->Form_Load());
-        EXPECT_TRUE(desk.dialogs.Last().contains(u"Gambar latar tidak dapat dimuat: "_s + picture));
-        desk.dialogs.texts.clear();
-    }
 }
 
 TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
