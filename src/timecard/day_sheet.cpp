@@ -20,8 +20,8 @@ QString OvertimeText(const SheetEntry& entry) {
 }
 
 QHash<QString, QString> ReadDayRoster(Connection& connection, Day day) {
-    // From the employees: their numbers lead the roster's key, the day alone has no index.
-    Cursor rows = connection.Query(u"select e.NIP, s.ShiftCode from Employee e inner join ShiftEmployee s on "
+    // The employees' numbers lead the roster's key; an inner join would read the roster of all times.
+    Cursor rows = connection.Query(u"select e.NIP, s.ShiftCode from Employee e left join ShiftEmployee s on "
                                    "s.NIP=e.NIP and s.Tgl=#"_s
                                    + StoredDay(day) + u'#');
     QHash<QString, QString> codes;

@@ -205,7 +205,7 @@ TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
     QStringList statements;
     Connection desk(std::make_unique<RecordingEngine>(statements), DatabaseFile());
     model.LoadEmployees(desk, ByName);
-    statements.clear(); // the list of all employees is read whole
+    statements.clear(); // the list of all employees is read whole, also with the roster
     model.Refresh(desk, Sheet);
     model.Refresh(desk, Sheet + u"-1"_s);
     RecordClockEntry(desk, {Sheet, clock.Today(), u"IN"_s, clock.now}, u"0012"_s);
@@ -222,8 +222,10 @@ TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
         const QString native = ToSqlite(statement).replace(u'?', u"'x'"_s);
         Cursor plan = desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + native);
         int steps = 0;
-        for (; plan.Next(); ++steps)
-            EXPECT_TRUE(plan.Text(3).startsWith(u"SEARCH"_s)) << plan.Text(3).toStdString();
+        for (; plan.Next(); ++steps) {
+            const QString step = plan.Text(3);
+            EXPECT_TRUE(step.startsWith(u"SEARCH"_s) || step == u"SCAN e"_s) << step.toStdString();
+        }
         EXPECT_EQ(steps == 0, native.startsWith(u"INSERT"_s));
     }
 }
