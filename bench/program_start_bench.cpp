@@ -1,9 +1,9 @@
+#include "cards/sheet_identifier.h"
 #include "core/shared_connection.h"
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
 #include "timecard/frmMain.h"
-#include "cards/sheet_identifier.h"
 #include "timecard/sheet_model.h"
 #include "ui/theme.h"
 

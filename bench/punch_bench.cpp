@@ -1,9 +1,9 @@
+#include "cards/sheet_identifier.h"
 #include "database/database_file.h"
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
 #include "timecard/clock_recording.h"
-#include "cards/sheet_identifier.h"
 
 #include <QCoreApplication>
 

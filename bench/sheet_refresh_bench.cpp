@@ -1,8 +1,8 @@
+#include "cards/sheet_identifier.h"
 #include "database/database_file.h"
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"
 #include "support/rounds.h"
-#include "cards/sheet_identifier.h"
 #include "timecard/sheet_model.h"
 
 #include <QCoreApplication>

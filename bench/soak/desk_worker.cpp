@@ -1,11 +1,11 @@
 #include "soak/desk_worker.h"
 
+#include "cards/sheet_identifier.h"
 #include "editing/attendance_model.h"
 #include "editing/search_row.h"
 #include "shell/frmLogin.h"
 #include "shifts/roster_model.h"
 #include "timecard/clock_recording.h"
-#include "cards/sheet_identifier.h"
 
 #include <QApplication>
 #include <QFile>

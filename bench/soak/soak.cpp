@@ -8,11 +8,11 @@
 // A fault makes something go wrong on purpose: the soak must notice.
 
 #include "cards/card_computation.h"
+#include "cards/sheet_identifier.h"
 #include "database/database_file.h"
 #include "soak/desk_worker.h"
 #include "soak/faults.h"
 #include "timecard/clock_recording.h"
-#include "cards/sheet_identifier.h"
 #include "timecard/sheet_lifecycle.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"

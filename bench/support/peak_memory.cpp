@@ -16,8 +16,8 @@ int PeakMemory() {
     if (!status.open(QIODevice::ReadOnly))
         throw std::runtime_error("this system does not tell how much memory is used");
     const QByteArray text = status.readAll();
-    const QByteArray behind = text.sliced(text.indexOf("VmHWM:") + 6);
-    return behind.first(behind.indexOf("kB")).trimmed().toInt();
+    const QByteArray value = text.sliced(text.indexOf("VmHWM:") + 6);
+    return value.first(value.indexOf("kB")).trimmed().toInt();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "cards/card_store.h"
 #include "compute/shift_resolution.h"
+#include "core/code_lists.h"
 #include "database/statement.h"
 
 #include <QHash>
@@ -18,14 +19,6 @@ namespace {
 constexpr qsizetype BatchSize = 500;
 
 using Reasons = QHash<QString, ProgramError>;
-
-std::vector<ShiftRow> ReadShifts(Connection& connection) {
-    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
-    std::vector<ShiftRow> shifts;
-    while (rows.Next())
-        shifts.push_back({rows.Text(0), rows.Time(1), rows.Time(2)});
-    return shifts;
-}
 
 /// What became of a batch.
 struct Batch {
@@ -57,7 +50,7 @@ void Compute(const ComputableCard& card, const std::vector<ShiftRow>& shifts, Ba
 Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
     return connection.InTransaction([&] {
         const CardStore store(connection);
-        const std::vector<ShiftRow> shifts = ReadShifts(connection);
+        const std::vector<ShiftRow> shifts = CodeLists::Shifts(connection);
         Batch batch;
         batch.computed.reserve(static_cast<size_t>(tcids.size()));
         for (const ComputableCard& card : store.ReadForComputation(tcids)) {

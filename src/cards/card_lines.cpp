@@ -75,7 +75,10 @@ bool EachCardLine(Connection& connection, const CardFilter& filter, WithIdentifi
     TimeReader departures;
     while (rows.Next()) {
         if (const QString text = withDay ? rows.Text(Tanggal) : QString(); text != dayText) {
-            line.day = DayOf(ReadStored(text).value_or(EmptyTime));
+            const std::optional<WallTime> day = ReadStored(text);
+            if (!day)
+                continue;
+            line.day = DayOf(*day);
             dayText = text;
         }
         if (with == WithIdentifier::Yes)

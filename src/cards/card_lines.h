@@ -44,11 +44,11 @@ enum class WithIdentifier { No, Yes };
 bool EachCardLine(Connection& connection, const CardFilter& filter, WithIdentifier with,
                   const std::function<bool(const CardLine&)>& visit);
 
-/// How many lines each employee has of each status; cards without a status are left out. Throws
-/// DatabaseError.
 struct StatusCount {
     QString nip;
     QString status;
     qint64 lines;
 };
+/// How many lines each employee has of each status; cards without a status are left out. Throws
+/// DatabaseError.
 std::vector<StatusCount> CountStatuses(Connection& connection, const CardFilter& filter);

@@ -4,6 +4,8 @@
 #include "database/recordset.h"
 #include "database/statement.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -13,7 +15,8 @@ Recordset OpenHeader(Connection& connection, const QString& tcid) {
 }
 
 Recordset OpenTimeCardDetail(Connection& connection, const QString& tcid) {
-    return Recordset(connection, u"select * from TimeCardDetail where tcid="_s + Quoted(tcid));
+    return Recordset(connection,
+                     u"select * from TimeCardDetail where tcid="_s + Quoted(tcid) + u" order by Tanggal"_s);
 }
 
 template<class Row, class Each>
@@ -128,6 +131,7 @@ TimeCard CardStore::Change(const QString& tcid, const std::function<void(TimeCar
         if (card.header)
             WriteHeader(header, read.header, *card.header);
         WriteDays(days, tcid, read.days, card.days);
+        std::ranges::sort(card.days, {}, &CardDay::tanggal); // as they will be read again
         return card;
     });
 }

@@ -32,7 +32,8 @@ struct ComputedCard {
     CardResult result;
 };
 
-/// The one way to a time card: reads and writes header and days. All functions throw DatabaseError.
+/// The one way to change a time card, and to read a whole one. Lists, sheets and searches read lines of cards
+/// (card_lines, sheet_cards, card_search). All functions throw DatabaseError.
 class CardStore {
 public:
     explicit CardStore(Connection& connection) : connection_(connection) {}

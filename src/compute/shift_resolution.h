@@ -1,24 +1,14 @@
 #pragma once
 
-#include "database/wall_time.h"
+#include "core/code_lists.h"
 
 #include <QString>
-
-#include <optional>
-#include <vector>
 
 /// Scheduled start and end. They stand on the base date; a night shift ends on the day after it. A shift that
 /// is described nowhere has the empty time at both.
 struct ShiftHours {
     WallTime start = EmptyTime;
     WallTime end = EmptyTime;
-};
-
-/// A row of the shift codes.
-struct ShiftRow {
-    QString code;
-    std::optional<WallTime> timeIn;
-    std::optional<WallTime> timeOut;
 };
 
 namespace modAbsen {

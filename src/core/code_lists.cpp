@@ -31,6 +31,18 @@ std::vector<CodeName> AbsenceTypes(Connection& connection) {
     return ReadList(connection, u"SELECT Kode,Keterangan FROM AbsenTipe ORDER BY Kode"_s);
 }
 
+std::vector<CodeName> Statuses(Connection& connection) {
+    return ReadList(connection, u"SELECT Status, Description FROM [Employee Status] ORDER BY ID"_s);
+}
+
+std::vector<ShiftRow> Shifts(Connection& connection) {
+    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
+    std::vector<ShiftRow> shifts;
+    while (rows.Next())
+        shifts.push_back({rows.Text(0), rows.Time(1), rows.Time(2)});
+    return shifts;
+}
+
 } // namespace CodeLists
 
 std::optional<QString> EmployeeName(Connection& connection, const QString& nip) {

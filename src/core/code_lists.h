@@ -16,7 +16,14 @@ struct CodeName {
     QString name;
 };
 
-/// The lists that windows offer, each in its fixed order. All functions throw DatabaseError.
+/// A shift code and its hours, which stand on the base date; a night shift ends on the day after it.
+struct ShiftRow {
+    QString code;
+    std::optional<WallTime> timeIn;
+    std::optional<WallTime> timeOut;
+};
+
+/// The lists of codes, each in its fixed order. All functions throw DatabaseError.
 namespace CodeLists {
 
 /// A database answers to two spellings of the departments' columns: DeptCode, which the browser reads, and
@@ -26,6 +33,10 @@ enum class DepartmentColumns { Joined, Spaced };
 std::vector<CodeName> Departments(Connection& connection, DepartmentColumns columns);
 std::vector<CodeName> Divisions(Connection& connection);
 std::vector<CodeName> AbsenceTypes(Connection& connection);
+/// In the order of the reports' columns.
+std::vector<CodeName> Statuses(Connection& connection);
+/// In the order in which a clock-in is compared with them.
+std::vector<ShiftRow> Shifts(Connection& connection);
 
 } // namespace CodeLists
 

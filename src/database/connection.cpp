@@ -68,7 +68,8 @@ void Connection::RunTransaction(const std::function<void()>& work) {
     auto rollBack = qScopeGuard([this] {
         inTransaction_ = false;
         ++ownChanges_; // what was read inside is no longer so
-        // The engine itself takes a transaction back that cannot be finished; then this statement fails, rightly.
+        // The engine itself takes a transaction back that cannot be finished; then this statement fails,
+        // rightly.
         QSqlQuery query(database_);
         query.exec(engine_->RollbackStatement());
     });

@@ -16,7 +16,8 @@ struct SavedQuery {
     QStringView beforeArgument;
 };
 
-/// Called as: name 'argument'.
+/// Called as: name 'argument'. They answer whoever asks for them by name; the program's own windows read
+/// whole cards.
 constexpr SavedQuery SavedQueries[] = {
     {u"sp_TimeCardDetail",
      u"SELECT Tanggal, TimeIN, TimeOUT, TimeINOT, TimeOutOT, ShiftCode, BeriUangMakan FROM TimeCardDetail "

@@ -185,12 +185,8 @@ QString ShownTime(WallTime time) {
 QString ShownMinute(WallTime time) {
     QString text;
     text.reserve(5);
-    AppendShownMinute(text, time);
+    AppendTime(text, time, false);
     return text;
-}
-
-void AppendShownMinute(QString& line, WallTime time) {
-    AppendTime(line, time, false);
 }
 
 QDate ToQDate(Day day) {

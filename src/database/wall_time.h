@@ -51,8 +51,6 @@ QString ShownDay(Day day);          ///< "05-Mar-2004"
 QString ShownShortDay(Day day);     ///< "05-Mar-04"
 QString ShownTime(WallTime time);   ///< "07:58:12"
 QString ShownMinute(WallTime time); ///< "07:58"
-/// Appends the same to a line in the making.
-void AppendShownMinute(QString& line, WallTime time);
 
 QDate ToQDate(Day day);
 Day FromQDate(QDate date);

@@ -20,13 +20,6 @@ constexpr PrintedColumn PrintedColumns[] = {{AttendanceModel::Nip, 8},    {Atten
                                             {AttendanceModel::TimeIn, 7}, {AttendanceModel::TimeOut, 7},
                                             {AttendanceModel::Status, 7}, {AttendanceModel::Keterangan, 30}};
 
-QString Line(const QAbstractItemModel& rows, int row) {
-    QString line;
-    for (const auto& [column, width] : PrintedColumns)
-        line += u'|' + modGeneral::PadText(OneLine(rows.index(row, column).data().toString()), width);
-    return line;
-}
-
 } // namespace
 
 QString ListedPeriod(const DayRange& range, const QString& filter) {
@@ -36,18 +29,25 @@ QString ListedPeriod(const DayRange& range, const QString& filter) {
     return filter.isEmpty() ? line : line + u"  "_s + OneLine(filter);
 }
 
-std::optional<QStringList> PrintAttendance(const QAbstractItemModel& rows, const QString& periodLine,
-                                           const Progress& progress) {
+bool PrintAttendance(const QAbstractItemModel& rows, const QString& periodLine, const LineSink& sink,
+                     const Progress& progress) {
     const QString rule(RuleLength, u'-');
-    QStringList lines{
-        u"ABSENSI KARYAWAN "_s, periodLine, rule,
-        u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status |Keterangan"_s, rule};
+    for (const QString& line :
+         {u"ABSENSI KARYAWAN "_s, periodLine, rule,
+          u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status |Keterangan"_s, rule})
+        sink(line);
     const int count = rows.rowCount();
-    lines.reserve(lines.size() + count + 1);
+    QString line;
     for (int row = 0; row < count; ++row) {
         if (!ShouldContinue(progress, row, count))
-            return std::nullopt;
-        lines << Line(rows, row);
+            return false;
+        line.truncate(0);
+        for (const auto& [column, width] : PrintedColumns) {
+            line += u'|';
+            modGeneral::AppendCellText(line, rows.index(row, column).data().toString(), width);
+        }
+        sink(line);
     }
-    return lines << rule;
+    sink(rule);
+    return true;
 }

@@ -197,16 +197,17 @@ void frmAbsensi::cmdRefresh_Click() {
 
 void frmAbsensi::cmdPrintGrid_Click() {
     Trapped(program_, u"cmdPrintGrid_Click"_s, [this] {
-        std::optional<QStringList> lines;
+        bool printed = false;
         {
-            WorkProgress progress(this, u"Menyusun cetakan ..."_s);
-            lines = PrintAttendance(rows_, ListedPeriod(rows_.Range(), filter_), std::ref(progress));
+            WorkProgress progress(this, u"Menulis cetakan ..."_s);
+            printed = WriteReportFile(program_.folder, [&](const LineSink& sink) {
+                return PrintAttendance(rows_, ListedPeriod(rows_.Range(), filter_), sink, std::ref(progress));
+            });
         }
-        if (!lines) {
+        if (!printed) {
             ui_->lblDone->setText(u"Cetak dibatalkan."_s);
             return;
         }
-        WriteReportFile(program_.folder, *lines);
         program_.showReport(ReportFilePath(program_.folder));
         ui_->lblDone->setText(u"%1 baris dicetak ke PRINT.TXT."_s.arg(rows_.rowCount()));
     });

@@ -291,7 +291,10 @@ void frmEditAbsensi::Print(const QString& procedure, const LinesOfResult& linesO
         }
         if (lines.isEmpty())
             return ShowState(u"Cetakan dibatalkan."_s);
-        WriteReportFile(program_.folder, lines);
+        WriteReportFile(program_.folder, [&lines](const LineSink& sink) {
+            std::ranges::for_each(lines, sink);
+            return true;
+        });
         program_.dialogs.Warn(
             u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s);
         program_.showReport(ReportFilePath(program_.folder));

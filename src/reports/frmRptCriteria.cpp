@@ -22,7 +22,8 @@ QString Routine(QStringView name) {
 }
 
 ReportChoice ChoiceOf(const QComboBox& list) {
-    return {list.currentData().toString(), list.currentText()};
+    const std::optional<QString> code = ChosenCode(list);
+    return code ? ReportChoice{*code, list.currentText()} : ReportChoice{};
 }
 
 /// The month so far, or today alone.
@@ -144,12 +145,9 @@ void frmRptCriteria::PrintReport() {
     ListedCount listed;
     {
         WorkProgress progress(this, report_->title.toString());
-        ReportFile file(program_.folder);
-        listed = report_->print(
-            program_.Db(), Criteria(), [&file](const QString& line) { file.Write(line); },
-            std::ref(progress));
-        if (listed)
-            file.Commit();
+        listed = WriteReportFile(program_.folder, [&](const LineSink& sink) {
+            return report_->print(program_.Db(), Criteria(), sink, std::ref(progress));
+        });
     }
     if (!listed) {
         ui_->lblDone->setText(u"Dibatalkan. Laporan sebelumnya tetap ada."_s);

@@ -87,10 +87,3 @@ void ReportFile::Require(bool condition, const QFileDevice& file) const {
                            u"Berkas laporan %1 tidak dapat ditulis: %2"_s.arg(
                                QDir::toNativeSeparators(beside_.fileName()), file.errorString()));
 }
-
-void WriteReportFile(const ProgramFolder& folder, const QStringList& lines) {
-    ReportFile file(folder);
-    for (const QString& line : lines)
-        file.Write(line);
-    file.Commit();
-}

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "core/line_sink.h"
 #include "core/program_folder.h"
 
 #include <QByteArray>
 #include <QSaveFile>
 #include <QString>
-#include <QStringList>
 #include <QTemporaryFile>
+
+#include <utility>
 
 /// The one report file, PRINT.TXT in the program folder; every report replaces it.
 QString ReportFilePath(const ProgramFolder& folder);
@@ -40,5 +42,14 @@ private:
     QFileDevice* written_ = &beside_;
 };
 
-/// Replaces the report file by these lines, or leaves it as it is and throws.
-void WriteReportFile(const ProgramFolder& folder, const QStringList& lines);
+/// Replaces the report file by the lines that the print hands to the sink; returns what the print returns.
+/// The file stays as it is when that is nothing or false, which means stopped, and when something is thrown.
+template<class Print>
+auto WriteReportFile(const ProgramFolder& folder, Print&& print) {
+    ReportFile file(folder);
+    const LineSink sink = [&file](const QString& line) { file.Write(line); };
+    auto printed = std::forward<Print>(print)(sink);
+    if (printed)
+        file.Commit();
+    return printed;
+}

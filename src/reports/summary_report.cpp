@@ -1,6 +1,7 @@
 #include "reports/summary_report.h"
 
 #include "cards/listed_employees.h"
+#include "core/code_lists.h"
 #include "core/status_codes.h"
 #include "reports/report_cells.h"
 
@@ -13,22 +14,9 @@ namespace {
 
 constexpr int CountWidth = 6;
 
-struct Status {
-    QString code;
-    QString description;
-};
-
 /// How many attendance rows an employee has of each status, in the order of the statuses.
 using Counts = std::vector<qint64>;
 using CountsByNip = QHash<QString, Counts>;
-
-std::vector<Status> ReadStatuses(Connection& connection) {
-    std::vector<Status> statuses;
-    Cursor rows = connection.Query(u"SELECT Status, Description FROM [Employee Status] ORDER BY ID"_s);
-    while (rows.Next())
-        statuses.push_back({rows.Text(0), rows.Text(1)});
-    return statuses;
-}
 
 /// Adds what the engine counts; what is none of the statuses is left out.
 void AddCounts(CountsByNip& all, Connection& connection, const CardFilter& filter,
@@ -46,7 +34,7 @@ void AddCounts(CountsByNip& all, Connection& connection, const CardFilter& filte
 /// A month at a time: the engine tells nothing before it has counted all that it was asked for. Nothing when
 /// the work is to stop.
 std::optional<CountsByNip> ReadCounts(Connection& connection, const ReportCriteria& criteria,
-                                      const std::vector<Status>& statuses, const Progress& progress) {
+                                      const std::vector<CodeName>& statuses, const Progress& progress) {
     constexpr std::chrono::days Month{31};
     QHash<QString, size_t> columns;
     for (size_t column = 0; column < statuses.size(); ++column)
@@ -64,8 +52,8 @@ std::optional<CountsByNip> ReadCounts(Connection& connection, const ReportCriter
 
 /// The days on which nothing else was counted are those of absence. With two cards on one day there can be
 /// fewer than none.
-void FillAbsences(Counts& counts, const std::vector<Status>& statuses, qint64 days) {
-    const auto absent = std::ranges::find(statuses, CardStatus::Absent, &Status::code);
+void FillAbsences(Counts& counts, const std::vector<CodeName>& statuses, qint64 days) {
+    const auto absent = std::ranges::find(statuses, CardStatus::Absent, &CodeName::code);
     if (absent == statuses.end())
         return;
     qint64& count = counts[static_cast<size_t>(absent - statuses.begin())];
@@ -82,17 +70,17 @@ QStringList Heading(const ReportCriteria& criteria) {
     return lines << QString();
 }
 
-QString TitleLine(const std::vector<Status>& statuses) {
+QString TitleLine(const std::vector<CodeName>& statuses) {
     QString line = u"|No. |NIP     |Nama                |"_s;
-    for (const Status& status : statuses)
+    for (const CodeName& status : statuses)
         AppendCell(line, status.code, CountWidth);
     return line;
 }
 
-QStringList Legend(const std::vector<Status>& statuses) {
+QStringList Legend(const std::vector<CodeName>& statuses) {
     QStringList lines{QString(), u"CATATAN:"_s};
-    for (const Status& status : statuses)
-        lines << u'\t' + OneLine(status.code) + u": "_s + OneLine(status.description);
+    for (const CodeName& status : statuses)
+        lines << u'\t' + OneLine(status.code) + u": "_s + OneLine(status.name);
     return lines;
 }
 
@@ -101,7 +89,7 @@ QStringList Legend(const std::vector<Status>& statuses) {
 ListedCount PrintSummaryReport(Connection& connection, const ReportCriteria& criteria, const LineSink& sink,
                                const Progress& progress) {
     const auto employees = ReadListedEmployees(connection, criteria.Filter(), {});
-    const std::vector<Status> statuses = ReadStatuses(connection);
+    const std::vector<CodeName> statuses = CodeLists::Statuses(connection);
     const auto counted = ReadCounts(connection, criteria, statuses, progress);
     if (!counted)
         return std::nullopt;

@@ -1,5 +1,6 @@
 #include "shifts/roster_model.h"
 
+#include "core/code_lists.h"
 #include "core/status_codes.h"
 #include "database/recordset.h"
 #include "database/statement.h"
@@ -96,14 +97,12 @@ bool RosterModel::LoadRoster(Connection& connection, const QString& period, cons
 
 /// The numbers that cells hold stay as they are; only what is known of their codes is read anew.
 void RosterModel::ReadShiftCodes(Connection& connection) {
-    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
+    const std::vector<ShiftRow> shifts = CodeLists::Shifts(connection);
     for (Code& code : codes_)
         code.listed = false;
-    while (rows.Next()) {
-        Code& code = codes_[static_cast<size_t>(NumberOf(rows.Text(0)))];
+    for (const auto& [name, start, end] : shifts) {
+        Code& code = codes_[static_cast<size_t>(NumberOf(name))];
         code.listed = true;
-        const auto start = rows.Time(1);
-        const auto end = rows.Time(2);
         code.hours = start && end && *start != *end ? u"%1 - %2"_s.arg(ShownShiftTime(*start, DayOf(*start)),
                                                                        ShownShiftTime(*end, DayOf(*start)))
                                                     : QString();

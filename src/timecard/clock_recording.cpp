@@ -5,6 +5,7 @@
 #include "core/status_codes.h"
 #include "database/recordset.h"
 #include "database/statement.h"
+#include "timecard/sheet_lifecycle.h"
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +45,8 @@ QString RefusalText(Refusal refusal) {
         return u"Belum isi absen masuk.\nAtau beda lembaran.\nHubungi petugas absen sekarang.!!!"_s;
     case Refusal::AlreadyClockedIn:
         return u"Tidak bisa absen dua kali."_s;
+    case Refusal::SheetClosed:
+        return u"LEMBAR INI SUDAH DI TUTUP ANDA TIDAK DAPAT MEMBUAT ATAU MENAMBAH DATA ABSENSI INI"_s;
     }
     return {};
 }
@@ -63,7 +66,12 @@ std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry
     const QString tcid = CardIdentifier(entry.sheet, nip);
     std::optional<Refusal> refusal;
     CardStore(connection).Change(tcid, [&](TimeCard& card) {
-        refusal = entry.IsClockIn() ? RecordArrival(card, entry, tcid, nip) : RecordDeparture(card, entry);
+        if (IsSheetClosed(connection, entry.sheet))
+            refusal = Refusal::SheetClosed;
+        else if (entry.IsClockIn())
+            refusal = RecordArrival(card, entry, tcid, nip);
+        else
+            refusal = RecordDeparture(card, entry);
     });
     return refusal;
 }

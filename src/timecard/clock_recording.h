@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// What a desk is about to record. Any mode but "IN" is a clock-out.
+/// What a desk is about to record.
 struct ClockEntry {
     QString sheet;
     Day sheetDate;
@@ -21,7 +21,7 @@ struct ClockEntry {
 };
 
 /// Why a recording was refused; the texts are those the user is shown.
-enum class Refusal { NotClockedIn, AlreadyClockedIn };
+enum class Refusal { NotClockedIn, AlreadyClockedIn, SheetClosed };
 QString RefusalText(Refusal refusal);
 
 /// The password kept for a user; nothing when the user is unknown. Throws DatabaseError.
@@ -31,6 +31,7 @@ std::optional<QString> LoadStoredPassword(Connection& connection, const QString&
 bool PasswordMatches(const QString& typed, const QString& stored);
 
 /// Checks and records in one transaction: header and day row are written together or not at all, and two
-/// desks that record one employee at the same instant leave one arrival. Throws DatabaseError; nothing is
-/// written then, nor when the recording is refused.
+/// desks that record one employee at the same instant leave one arrival. A sheet that was closed after the
+/// entry began takes nothing. Throws DatabaseError; nothing is written then, nor when the recording is
+/// refused.
 std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip);

@@ -1,11 +1,11 @@
 #include "timecard/frmAED_Absen.h"
 
 #include "core/code_lists.h"
-#include "timecard/employee_details.h"
 #include "ui/pick_list.h"
 #include "ui/typing.h"
 #include "ui_frmAED_Absen.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QFocusEvent>
 #include <QImageReader>
@@ -18,6 +18,8 @@ namespace {
 enum Button { Detail, Simpan, Batal };
 
 constexpr int CloseAfterMilliseconds = 2000;
+constexpr Seconds LeaveAfter{60};
+constexpr int LookForLeavingMilliseconds = 1000;
 
 /// Cameras store how the picture was held beside the picture itself. Null when the file is no picture.
 QImage ReadPhoto(const QString& file) {
@@ -28,23 +30,22 @@ QImage ReadPhoto(const QString& file) {
 
 } // namespace
 
-frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate, const QString& mode,
+frmAED_Absen::frmAED_Absen(Program& program, const ClockEntry& entry, Gate gate,
                            const b_form_skin::Backgrounds& skin, QWidget* parent)
-    : QDialog(parent), program_(program), entry_{sheet, sheetDate, mode, program.clock.Now()},
+    : QDialog(parent), program_(program), entry_(entry), gate_(std::move(gate)),
       ui_(std::make_unique<Ui::frmAED_Absen>()) {
     ui_->setupUi(this);
-    ui_->lblMode->setText(entry_.IsClockIn() ? u"ABSEN MASUK"_s : u"ABSEN KELUAR"_s);
     ui_->txtPassword->SetCapsLockLabel(ui_->lblCapsLock);
     b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Small));
-    ShowPhoto({});
-    ShowDetail(false);
 
     Timer1.setInterval(CloseAfterMilliseconds);
     Timer1.setSingleShot(true);
     Timer1.setTimerType(Qt::PreciseTimer);
     connect(&Timer1, &QTimer::timeout, this, &QDialog::accept);
-    ui_->txtNIK->installEventFilter(this);
-    ui_->txtPassword->installEventFilter(this);
+    idle_.setInterval(LookForLeavingMilliseconds);
+    connect(&idle_, &QTimer::timeout, this, &frmAED_Absen::CloseWhenLeft);
+    // Keys count wherever they go: into a field, a list or a message over the window.
+    qApp->installEventFilter(this);
     auto* cmdButtons = new QButtonGroup(this);
     cmdButtons->addButton(ui_->cmdButtons_0, Detail);
     cmdButtons->addButton(ui_->cmdButtons_1, Simpan);
@@ -55,11 +56,15 @@ frmAED_Absen::frmAED_Absen(Program& program, const QString& sheet, Day sheetDate
 frmAED_Absen::~frmAED_Absen() = default;
 
 void frmAED_Absen::Form_Activate() {
-    entry_.openedAt = program_.clock.Now();
+    entry_.openedAt = lastKey_ = program_.clock.Now();
+    idle_.start();
     const WallTime moment = entry_.Moment();
+    ui_->lblMode->setText(entry_.IsClockIn() ? u"ABSEN MASUK"_s : u"ABSEN KELUAR"_s);
     ui_->lblMoment->setText(ShownDay(DayOf(moment)) + u"   "_s + ShownTime(moment));
+    ShowEmployee({});
+    SetRecorded(false);
+    ClearEntry();
     Trapped(program_, u"Form_Activate"_s, [this] { LoadPassword(); });
-    ui_->txtNIK->setFocus();
 }
 
 bool frmAED_Absen::LoadPassword() {
@@ -106,9 +111,11 @@ bool frmAED_Absen::Record() {
         return false;
     if (refusal) {
         program_.dialogs.Warn(RefusalText(*refusal));
+        // Nobody can record on that sheet any more; the desk shows its notice.
+        if (refusal == Refusal::SheetClosed)
+            reject();
         return false;
     }
-    recorded_ = true;
     ShowRecorded();
     Timer1.start();
     return true;
@@ -118,23 +125,49 @@ void frmAED_Absen::ShowRecorded() {
     ui_->txtPassword->clear();
     ui_->lblCapsLock->clear();
     setFocus();
-    for (QWidget* input :
-         {static_cast<QWidget*>(ui_->txtNIK), static_cast<QWidget*>(ui_->txtPassword),
-          static_cast<QWidget*>(ui_->cmdButtons_1), static_cast<QWidget*>(ui_->cmdButtons_2)})
-        input->setEnabled(false);
     ui_->lblDone->setText(
         (entry_.IsClockIn() ? u"✓  Masuk tercatat pukul "_s : u"✓  Keluar tercatat pukul "_s)
         + ShownTime(entry_.Moment()));
-    ui_->lblDone->show();
-    ui_->lblHelp->hide();
-    ShowDetail(true);
-    Trapped(program_, u"ShowRecorded"_s, [this] {
-        const EmployeeDetails employee = LoadEmployeeDetails(program_.Db(), ui_->txtNIK->text());
-        ui_->txtNama->setText(employee.nama);
-        ui_->txtDept->setText(employee.dept);
-        ui_->txtDivisi->setText(employee.divisi);
-        ShowPhoto(employee.pathImage);
-    });
+    SetRecorded(true);
+    Trapped(program_, u"ShowRecorded"_s,
+            [this] { ShowEmployee(LoadEmployeeDetails(program_.Db(), ui_->txtNIK->text())); });
+}
+
+void frmAED_Absen::SetRecorded(bool recorded) {
+    recorded_ = recorded;
+    for (QWidget* input :
+         {static_cast<QWidget*>(ui_->txtNIK), static_cast<QWidget*>(ui_->txtPassword),
+          static_cast<QWidget*>(ui_->cmdButtons_1), static_cast<QWidget*>(ui_->cmdButtons_2)})
+        input->setEnabled(!recorded);
+    ui_->lblDone->setVisible(recorded);
+    ui_->lblHelp->setVisible(!recorded);
+    ShowDetail(recorded);
+}
+
+bool frmAED_Absen::BeginNext(const QKeyEvent& key) {
+    const bool command = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool typed = !command && !key.text().isEmpty() && key.text().at(0).isLetterOrNumber();
+    if (!recorded_ || (key.key() != Qt::Key_F2 && key.key() != Qt::Key_F8 && !typed))
+        return false;
+    Timer1.stop(); // the gate may ask
+    const QStringView pressed = key.key() == Qt::Key_F2 ? ClockMode::In : ClockMode::Out;
+    const std::optional<ClockEntry> next = gate_(typed ? entry_.mode : pressed.toString());
+    if (!next) {
+        accept();
+        return true;
+    }
+    entry_ = *next;
+    Form_Activate();
+    if (typed)
+        ui_->txtNIK->setText(key.text());
+    return true;
+}
+
+void frmAED_Absen::ShowEmployee(const EmployeeDetails& employee) {
+    ui_->txtNama->setText(employee.nama);
+    ui_->txtDept->setText(employee.dept);
+    ui_->txtDivisi->setText(employee.divisi);
+    ShowPhoto(employee.pathImage);
 }
 
 void frmAED_Absen::ShowPhoto(const QString& pathImage) {
@@ -191,6 +224,8 @@ void frmAED_Absen::LOV_AfterListClose(const QVariantMap& values) {
 }
 
 void frmAED_Absen::keyPressEvent(QKeyEvent* event) {
+    if (BeginNext(*event))
+        return;
     switch (event->key()) {
     case Qt::Key_Escape:
         ui_->txtNIK->clear();
@@ -220,13 +255,31 @@ void frmAED_Absen::showEvent(QShowEvent* event) {
 }
 
 bool frmAED_Absen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && IsEnter(static_cast<QKeyEvent*>(event)->key())) {
-        watched == ui_->txtNIK ? txtNIK_Enter() : txtPassword_Enter();
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        if (CloseWhenLeft())
+            return true;
+        lastKey_ = program_.clock.Now();
+        const bool inField = watched == ui_->txtNIK || watched == ui_->txtPassword;
+        if (inField && IsEnter(static_cast<QKeyEvent*>(event)->key())) {
+            watched == ui_->txtNIK ? txtNIK_Enter() : txtPassword_Enter();
+            return true;
+        }
     }
     if (watched == ui_->txtNIK && event->type() == QEvent::FocusOut)
         txtNIK_LostFocus(static_cast<QFocusEvent*>(event)->reason());
     return QDialog::eventFilter(watched, event);
+}
+
+/// Whoever comes to a window that was left open must not be given the time at which it was opened.
+bool frmAED_Absen::CloseWhenLeft() {
+    if (recorded_ || !isVisible() || program_.clock.Now() - lastKey_ < LeaveAfter)
+        return false;
+    for (QWidget* over : {QApplication::activePopupWidget(), QApplication::activeModalWidget()}) {
+        if (over && over != this)
+            over->close();
+    }
+    reject();
+    return true;
 }
 
 /// The number is checked when the focus went to another field of this window, but not on the way out by the

@@ -60,6 +60,7 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     ui_->statusbar->addWidget(lblCounts_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
     ui_->boxSheet->Connect(program_, *ui_->tabTgl);
+    ui_->lblCloseTcid->setText(RefusalText(Refusal::SheetClosed));
     ui_->picCloseTcid->hide();
     ui_->lblOtherDay->hide();
     ui_->lblAdminMode->hide();
@@ -247,23 +248,44 @@ void frmMain::mnOUT_Click() {
 }
 
 void frmMain::OpenClockEntry(const QString& mode) {
+    const std::optional<ClockEntry> entry = BeginEntry(mode);
+    if (!entry)
+        return;
+    frmAED_Absen(
+        program_, *entry, [this](const QString& next) { return BeginEntry(next); }, skin_, this)
+        .exec();
+    RefreshSheet(Cause::User);
+}
+
+std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
+    if (mode == ClockMode::In && !ConfirmDay())
+        return std::nullopt;
     sheetIdentifier_ = ui_->boxSheet->Sheet();
     if (sheetIdentifier_.isEmpty())
-        return;
+        return std::nullopt;
     bool closed = false;
     if (!Trapped(program_, u"OpenClockEntry"_s,
                  [&] { closed = IsSheetClosed(program_.Db(), sheetIdentifier_); }))
-        return;
+        return std::nullopt;
     ui_->picCloseTcid->setVisible(closed);
     if (closed)
-        return;
+        return std::nullopt;
     // The date that the window shows may be that of another sheet, or older than another desk's recording: it
     // must not go onto a card unless it was read.
     if (!RefreshSheet(Cause::User))
-        return;
-    frmAED_Absen entry(program_, sheetIdentifier_, sheetDate_, mode, skin_, this);
-    entry.exec();
-    RefreshSheet(Cause::User);
+        return std::nullopt;
+    return ClockEntry{sheetIdentifier_, sheetDate_, mode, program_.clock.Now()};
+}
+
+bool frmMain::ConfirmDay() {
+    if (!ui_->boxSheet->IsLeftOver())
+        return true;
+    const Day day = DayOfIdentifier(ui_->boxSheet->Sheet()).value_or(sheetDate_);
+    const Dialogs::Answer answer = program_.dialogs.Ask(
+        u"Lembar ini tanggal %1. Pindah ke lembar hari ini?"_s.arg(ShownDay(day)), Dialogs::Answer::Yes);
+    if (answer == Dialogs::Answer::Yes)
+        ui_->boxSheet->SetSheet(SheetIdentifierOf(program_.clock.Today()));
+    return answer != Dialogs::Answer::Cancel;
 }
 
 void frmMain::mnAdmin_Click() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/program.h"
+#include "timecard/clock_recording.h"
 #include "timecard/refresh_failures.h"
 #include "timecard/sheet_model.h"
 #include "ui/form_skin.h"
@@ -67,6 +68,10 @@ private:
     void MSHFlexGrid1_DblClick(int row);
 
     void OpenClockEntry(const QString& mode);
+    /// What an entry of this mode is recorded on; nothing when none may be opened, which was told.
+    std::optional<ClockEntry> BeginEntry(const QString& mode);
+    /// Asks whether an arrival belongs on the sheet of a day that has gone by; false when it was called off.
+    bool ConfirmDay();
     void ChangeSheet(bool close);
     void LoadEmployees(const QString& sortClause);
     /// False when it failed; the user is told.

@@ -6,8 +6,9 @@ namespace {
 constexpr int LastDayOfAnyMonth = 31;
 }
 
-void SheetChoice::SetSheet(const QString& sheet) {
+void SheetChoice::SetSheet(Day today, const QString& sheet) {
     sheet_ = sheet;
+    wasOfItsDay_ = sheet == SheetIdentifierOf(today);
     if (!sheet.contains(u'-'))
         dayText_ = TrailingDay(sheet);
 }
@@ -19,7 +20,7 @@ void SheetChoice::Compose(Day today, const QString& day, const QString& extensio
         return;
     }
     dayText_ = TwoDigitDay(typed);
-    SetSheet(ComposeSheetIdentifier(MonthPartOf(today), typed, extension));
+    SetSheet(today, ComposeSheetIdentifier(MonthPartOf(today), typed, extension));
 }
 
 bool SheetChoice::NeedsSupervisor(Day today, const QString& day) const {
@@ -32,6 +33,10 @@ bool SheetChoice::IsOfDay(Day today, const QString& day) const {
 
 bool SheetChoice::IsOfToday(Day today) const {
     return sheet_.startsWith(SheetIdentifierOf(today));
+}
+
+bool SheetChoice::IsLeftOver(Day today) const {
+    return wasOfItsDay_ && sheet_ != SheetIdentifierOf(today);
 }
 
 int SheetChoice::MarkedDay(Day today) const {

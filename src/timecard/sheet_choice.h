@@ -15,7 +15,7 @@ public:
     const QString& DayText() const { return dayText_; }
 
     /// Takes an identifier as it stands. One with an extension leaves the day's text as it is.
-    void SetSheet(const QString& sheet);
+    void SetSheet(Day today, const QString& sheet);
     /// Takes the day and the extension as they were typed; without a day the sheet stays, its day is shown
     /// again.
     void Compose(Day today, const QString& day, const QString& extension);
@@ -29,6 +29,9 @@ public:
     /// Whether the sheet is one of this day of today's month.
     bool IsOfDay(Day today, const QString& day) const;
     bool IsOfToday(Day today) const;
+    /// Whether the day has changed over a sheet that was simply the present day's: nobody has chosen it for
+    /// another day.
+    bool IsLeftOver(Day today) const;
     /// The day of today's month whose tab is marked; 0 for a sheet of another month.
     int MarkedDay(Day today) const;
 
@@ -39,4 +42,5 @@ private:
     QString sheet_;
     QString dayText_;
     bool unlocked_ = false;
+    bool wasOfItsDay_ = false;
 };

@@ -33,7 +33,7 @@ void SheetIdentifierBox::Connect(Program& program, DayTabs& tabs) {
     SizeFields();
     connect(ui_->cmdTCID, &QPushButton::clicked, this, &SheetIdentifierBox::cmdTCID_Click);
     connect(ui_->txtTCID, &QLineEdit::textChanged, this, &SheetIdentifierBox::txtTCID_Change);
-    connect(ui_->txtTCID, &QLineEdit::editingFinished, this, &SheetIdentifierBox::SheetEntered);
+    connect(ui_->txtTCID, &QLineEdit::editingFinished, this, &SheetIdentifierBox::txtTCID_LostFocus);
     for (const QLineEdit* field : {ui_->txtTcIDRight, ui_->txtExt})
         connect(field, &QLineEdit::editingFinished, this, &SheetIdentifierBox::txtTcIDRight_LostFocus);
     connect(tabTgl_, &DayTabs::DayChosen, this, &SheetIdentifierBox::tabTgl_Click);
@@ -76,10 +76,16 @@ void SheetIdentifierBox::cmdTCID_Click() {
 }
 
 void SheetIdentifierBox::txtTCID_Change(const QString& sheet) {
-    choice_.SetSheet(sheet);
+    choice_.SetSheet(Today(), sheet);
     ui_->txtTcIDLeft->setText(MonthPartOf(Today()));
     ui_->txtTcIDRight->setText(choice_.DayText());
     ShowDayTab();
+}
+
+void SheetIdentifierBox::txtTCID_LostFocus() {
+    // An identifier that is confirmed as it stands was chosen, too.
+    choice_.SetSheet(Today(), choice_.Sheet());
+    Q_EMIT SheetEntered();
 }
 
 void SheetIdentifierBox::txtTcIDRight_LostFocus() {

@@ -27,6 +27,7 @@ public:
     void SetSheet(const QString& sheet);
     const QString& Sheet() const { return choice_.Sheet(); }
     bool IsOfToday() const { return choice_.IsOfToday(Today()); }
+    bool IsLeftOver() const { return choice_.IsLeftOver(Today()); }
     /// The month of every sheet that is chosen from now on is that of this day.
     void StartDay(Day today);
 
@@ -37,6 +38,7 @@ Q_SIGNALS:
 private:
     void cmdTCID_Click();
     void txtTCID_Change(const QString& sheet);
+    void txtTCID_LostFocus();
     void txtTcIDRight_LostFocus();
     void tabTgl_Click(int day);
     void UpDown1_Change(int step);

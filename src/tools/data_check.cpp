@@ -1,6 +1,7 @@
 #include "tools/data_check.h"
 
 #include "cards/sheet_identifier.h"
+#include "core/status_codes.h"
 #include "database/database_file.h"
 #include "database/schema.h"
 
@@ -79,7 +80,6 @@ bool IsCardOf(const QString& tcid, const QString& nip) {
            && (extension.isEmpty() || (extension.startsWith(u'-') && extension.size() > 1));
 }
 
-/// A time that was recorded: neither null nor the empty time.
 constexpr qint64 RowsPerProgress = 10000;
 
 class DataCheck {
@@ -247,7 +247,7 @@ private:
                  const std::optional<WallTime> timeOut = TimeIfSet(rows.Time(TimeOut));
                  if (rows.Value(Header).IsNull())
                      tell(u"no header"_s);
-                 if (rows.Text(Status) == QStringView(u"OUT") && !timeOut)
+                 if (rows.Text(Status) == CardStatus::Out && !timeOut)
                      tell(u"status OUT without a departure"_s);
                  if (timeIn && timeOut && *timeIn > *timeOut)
                      tell(u"arrival %1 is later than departure %2"_s.arg(StoredTime(*timeIn),

@@ -111,14 +111,11 @@ void DateBox::Refuse() {
     setFocus();
     selectAll();
     const QString typed = text().trimmed();
-    program_->dialogs.Warn(
-        u"%1: %2\n%3\nTahunnya %4 sampai %5."_s
-            .arg(accessibleName(),
-                 typed.isEmpty() ? u"belum diisi."_s
-                                 : u"\"%1\" tidak dapat dibaca atau tidak ada di kalender."_s.arg(typed),
-                 toolTip())
-            .arg(FirstTypedYear)
-            .arg(LastTypedYear));
+    program_->dialogs.Warn(u"%1: %2\n%3\nTahunnya %4 sampai %5."_s.arg(
+        accessibleName(),
+        typed.isEmpty() ? u"belum diisi."_s
+                        : u'"' + typed + u"\" tidak dapat dibaca atau tidak ada di kalender."_s,
+        toolTip(), QString::number(FirstTypedYear), QString::number(LastTypedYear)));
     refusing_ = false;
 }
 

@@ -45,6 +45,7 @@ void DayTabs::ShowMarked(bool marked) {
     setProperty("look", look);
     style()->unpolish(this);
     style()->polish(this);
+    update();
 }
 
 void DayTabs::mousePressEvent(QMouseEvent* event) {

@@ -15,10 +15,10 @@ const QString Tcid = u"T202611201001"_s;
 
 /// A day shift P, a night shift M, a night shift N stored on one base day, a shift k in small letters; one
 /// employee of each pay type and one about whom nothing is known.
-class TimeCard : public testing::Test {
+class TimeCard : public CompanyTest {
 protected:
     TimeCard() {
-        Db().ExecuteNative(u"PRAGMA synchronous=OFF"_s);
+        Run(u"PRAGMA synchronous=OFF"_s);
         Db().Execute(u"INSERT INTO Shift VALUES ('M','1899-12-30 22:00:00','1899-12-31 06:00:00'),"
                      "('N','1899-12-30 21:00:00','1899-12-30 05:00:00'),"
                      "('P','1899-12-30 08:00:00','1899-12-30 17:00:00'),"
@@ -31,8 +31,6 @@ protected:
         Db().Execute(u"INSERT INTO Employee (NIP) VALUES ('1004')"_s);
     }
 
-    Connection& Db() { return company_.Db(); }
-
     void Roster(const QString& nip, const QString& code) {
         Db().Execute(u"INSERT INTO ShiftEmployee (NIP, Tgl, ShiftCode) VALUES (?,?,?)"_s,
                      {nip, Date, OrNull(code)});
@@ -41,27 +39,21 @@ protected:
     /// The one card, with results of an earlier computation. Empty texts are nulls.
     void PutCard(const QString& nip, const QString& status, const QString& timeIn, const QString& timeOut,
                  const QVariant& meal = 1) {
-        Db().Execute(u"DELETE FROM TimeCardHeader"_s);
-        Db().Execute(u"DELETE FROM TimeCardDetail"_s);
-        Db().Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status, NormalHours, OTHours, NormalAmount, "
-                     "OTAmount, TotalUangMakan) VALUES (?,?,?,99,99,99,99,99)"_s,
-                     {Tcid, nip, OrNull(status)});
-        Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN, TimeOUT, ShiftCode, BeriUangMakan) "
-                     "VALUES (?,?,?,?,'Z',?)"_s,
-                     {Tcid, Date, OrNull(timeIn), OrNull(timeOut), meal});
+        RemoveCards();
+        AddCard(Tcid, nip, status, Date, timeIn, timeOut);
+        Run(u"UPDATE TimeCardHeader SET NormalHours=99, OTHours=99, NormalAmount=99, OTAmount=99, "
+            "TotalUangMakan=99"_s);
+        Db().Execute(u"UPDATE TimeCardDetail SET ShiftCode='Z', BeriUangMakan=?"_s, {meal});
     }
 
     QString Header() {
-        return company_
-            .RowsOf(
-                u"select NormalHours, OTHours, NormalAmount, OTAmount, TotalUangMakan from TimeCardHeader"_s)
+        return RowsOf(
+                   u"select NormalHours, OTHours, NormalAmount, OTAmount, TotalUangMakan from TimeCardHeader"_s)
             .join(u'/');
     }
     QString DayRow() {
-        return company_.RowsOf(u"select TimeINOT, TimeOutOT, ShiftCode from TimeCardDetail"_s).join(u'/');
+        return RowsOf(u"select TimeINOT, TimeOutOT, ShiftCode from TimeCardDetail"_s).join(u'/');
     }
-
-    TestCompany company_;
 };
 
 } // namespace
@@ -142,10 +134,7 @@ TEST_F(TimeCard, EmptyTimesAndAnUnsetMealFlagCountNothing) {
 
 TEST_F(TimeCard, WhatCannotBeComputedIsNamedAndStopsNoNeighbour) {
     const auto put = [this](const QString& tcid, const QString& nip) {
-        Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (?,?,'OUT')"_s, {tcid, nip});
-        Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES "
-                     "(?,?,'2026-11-20 08:00:00','2026-11-20 16:00:00')"_s,
-                     {tcid, Date});
+        AddCard(tcid, nip, u"OUT"_s, Date, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
     };
     Db().Execute(u"INSERT INTO Employee (NIP, RateOT) VALUES ('1e18', 1e18)"_s);
     Roster(u"1003"_s, u"P'"_s);
@@ -166,7 +155,7 @@ TEST_F(TimeCard, WhatCannotBeComputedIsNamedAndStopsNoNeighbour) {
         EXPECT_EQ(card.reason.has_value(), named.size() > 2) << card.tcid.toStdString();
     }
     EXPECT_EQ(named, left);
-    EXPECT_EQ(company_.RowsOf(u"select OTHours from TimeCardHeader order by TCID"_s),
+    EXPECT_EQ(RowsOf(u"select OTHours from TimeCardHeader order by TCID"_s),
               (QStringList{u"99"_s, u"-"_s, u"-"_s, u"-"_s, u"1"_s}));
     const auto none = CalculateTimeCard(Db(), u""_s);
     EXPECT_TRUE(none.computed == 0 && none.notComputed.empty());
@@ -174,14 +163,14 @@ TEST_F(TimeCard, WhatCannotBeComputedIsNamedAndStopsNoNeighbour) {
 
 TEST_F(TimeCard, DayRowAndHeaderAreWrittenTogetherOrNotAtAll) {
     PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"2026-11-20 16:00:00"_s);
-    Db().ExecuteNative(u"CREATE TRIGGER refuse BEFORE UPDATE ON TimeCardHeader BEGIN "
-                       "SELECT RAISE(ABORT,'disk on fire'); END"_s);
+    Run(u"CREATE TRIGGER refuse BEFORE UPDATE ON TimeCardHeader BEGIN "
+        "SELECT RAISE(ABORT,'disk on fire'); END"_s);
     EXPECT_THROW(CalculateTimeCard(Db(), Tcid), DatabaseError);
     EXPECT_THROW(CalculateTimeCards(Db(), {Tcid}), DatabaseError);
     EXPECT_EQ(DayRow(), u"-|-|Z"_s);
     EXPECT_EQ(Header(), u"99|99|99|99|99"_s);
 
-    Db().ExecuteNative(u"DROP TRIGGER refuse"_s);
+    Run(u"DROP TRIGGER refuse"_s);
     CalculateTimeCard(Db(), Tcid);
     EXPECT_EQ(Header(), u"9|1|0|10000|12500"_s) << "nothing was left open";
 }

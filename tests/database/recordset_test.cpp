@@ -7,17 +7,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Recordsets : public testing::Test {
+class Recordsets : public CompanyTest {
 protected:
     Recordset Employee(Connection& connection, const QString& nip) {
         return Recordset(connection, u"select * from employee where nip='%1'"_s.arg(nip));
     }
-    QStringList Employees() {
-        return company.RowsOf(u"select NIP,Nama,Dept,GP from Employee order by NIP"_s);
-    }
+    QStringList Employees() { return RowsOf(u"select NIP,Nama,Dept,GP from Employee order by NIP"_s); }
 
-    TestCompany company;
-    Connection& db = company.Db();
+    Connection& db = Db();
 };
 
 } // namespace
@@ -67,7 +64,7 @@ TEST_F(Recordsets, EveryCharacterIsDataThere) {
 }
 
 TEST_F(Recordsets, AnotherDesksChangeIsNeverOverwritten) {
-    const auto other = company.OtherDesk();
+    const auto other = OtherDesk();
     const std::tuple<const char*, QString, QStringList> cases[] = {
         {"the same field", u"UPDATE Employee SET Nama='Ali'"_s, {u"0012|Ali||-"_s}},
         {"another field", u"UPDATE Employee SET GP=5"_s, {u"0012|Budi||5"_s}},
@@ -77,9 +74,9 @@ TEST_F(Recordsets, AnotherDesksChangeIsNeverOverwritten) {
     };
     for (const auto& [what, change, left] : cases) {
         SCOPED_TRACE(what);
-        db.ExecuteNative(u"DELETE FROM Employee"_s);
-        db.ExecuteNative(u"DELETE FROM [User]"_s);
-        company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u""_s);
+        Run(u"DELETE FROM Employee"_s);
+        Run(u"DELETE FROM [User]"_s);
+        AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u""_s);
         Recordset mine = Employee(db, u"0012"_s);
         other->ExecuteNative(change);
         EXPECT_THROW(mine.Update(), ConflictError) << "nothing to write, but what was read is gone";
@@ -91,7 +88,7 @@ TEST_F(Recordsets, AnotherDesksChangeIsNeverOverwritten) {
 
 TEST_F(Recordsets, AKeyThatAnotherDeskAddedFirstIsRefused) {
     Recordset mine = Employee(db, u"0012"_s);
-    company.OtherDesk()->ExecuteNative(u"INSERT INTO Employee (NIP,Nama) VALUES ('0012','Ali')"_s);
+    OtherDesk()->ExecuteNative(u"INSERT INTO Employee (NIP,Nama) VALUES ('0012','Ali')"_s);
     mine.AddNew();
     mine.Set(u"NIP"_s, u"0012"_s);
     EXPECT_TRUE(FailureOf([&] { mine.Update(); }).contains(u"isi ganda"));
@@ -112,7 +109,7 @@ TEST_F(Recordsets, WhatIsTakenBackIsNeverWritten) {
     rows.CancelUpdate();
     EXPECT_EQ(rows.RowCount(), 2);
     rows.MoveTo(1);
-    company.OtherDesk()->Execute(u"UPDATE Employee SET Nama='Budi' WHERE NIP='0002'"_s);
+    OtherDesk()->Execute(u"UPDATE Employee SET Nama='Budi' WHERE NIP='0002'"_s);
     EXPECT_THROW(rows.Delete(), ConflictError);
     rows.MoveTo(0);
     rows.Delete();
@@ -120,7 +117,7 @@ TEST_F(Recordsets, WhatIsTakenBackIsNeverWritten) {
 }
 
 TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
-    const auto other = company.OtherDesk();
+    const auto other = OtherDesk();
     const auto seenByOther = [&] {
         Cursor rows = other->Query(u"select count(1) from Employee"_s);
         return rows.Next() ? rows.Text(0) : u"nothing"_s;
@@ -133,8 +130,8 @@ TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
     EXPECT_EQ(Employees(), QStringList());
 
     for (const auto& action : {u"ABORT"_s, u"ROLLBACK"_s, u"FAIL"_s}) {
-        db.ExecuteNative(u"CREATE TRIGGER stop BEFORE INSERT ON Employee WHEN NEW.NIP='0002' "
-                         "BEGIN SELECT RAISE(%1,'aturan kantor'); END"_s.arg(action));
+        Run(u"CREATE TRIGGER stop BEFORE INSERT ON Employee WHEN NEW.NIP='0002' "
+            "BEGIN SELECT RAISE(%1,'aturan kantor'); END"_s.arg(action));
         EXPECT_TRUE(FailureOf([&] {
                         db.InTransaction([&] {
                             add(u"0001"_s);
@@ -143,7 +140,7 @@ TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
                     }).contains(u"aturan kantor"))
             << action.toStdString();
         EXPECT_EQ(Employees(), QStringList()) << action.toStdString();
-        db.ExecuteNative(u"DROP TRIGGER stop"_s);
+        Run(u"DROP TRIGGER stop"_s);
     }
 
     EXPECT_EQ(db.InTransaction([&] {
@@ -155,7 +152,7 @@ TEST_F(Recordsets, ATransactionWritesAllOrNothing) {
 }
 
 TEST_F(Recordsets, AWriterIsToldThatAnotherHoldsTheLock) {
-    const auto other = company.OtherDesk();
+    const auto other = OtherDesk();
     db.SetPatience(std::chrono::milliseconds(30));
     other->InTransaction([&] {
         EXPECT_TRUE(FailureOf([&] {
@@ -167,13 +164,13 @@ TEST_F(Recordsets, AWriterIsToldThatAnotherHoldsTheLock) {
 }
 
 TEST_F(Recordsets, TheChangeStampDiffersAfterEveryWriteAndOnlyThen) {
-    const auto other = company.OtherDesk();
+    const auto other = OtherDesk();
     const QString insert = u"INSERT INTO Division (DivKode) VALUES (?)"_s;
     int next = 0;
     const auto number = [&] { return QVariant(QString::number(++next)); };
     const std::tuple<const char*, std::function<void()>, bool> cases[] = {
         {"nothing", [] {}, false},
-        {"own reading", [&] { company.RowsOf(u"select * from Division"_s); }, false},
+        {"own reading", [&] { RowsOf(u"select * from Division"_s); }, false},
         {"other's reading", [&] { other->Query(u"select * from Division"_s).Next(); }, false},
         {"own statement", [&] { db.Execute(insert, {number()}); }, true},
         {"own many", [&] { db.ExecuteMany(insert, {{number()}}); }, true},

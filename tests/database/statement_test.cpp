@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Statements are judged by the rows that the engine finds with them.
-class Statements : public testing::Test {
+class Statements : public CompanyTest {
 protected:
     Statements() {
         for (const auto& statement :
@@ -23,15 +23,13 @@ protected:
               u"INSERT INTO ShiftEmployee (NIP,Tgl,ShiftCode) VALUES "
               "('0012','2025-11-22','A'),('0012','2026-11-22','B'),('0012','2026-12-01','C')"_s,
               u"INSERT INTO [User] (UserID,[Password]) VALUES ('0012','rahasia')"_s})
-            company.Db().ExecuteNative(statement);
+            Run(statement);
     }
 
     void Expect(const QString& statement, const QStringList& rows) {
         SCOPED_TRACE(statement.toStdString());
-        EXPECT_EQ(FailureOf([&] { EXPECT_EQ(company.RowsOf(statement), rows); }), QString());
+        EXPECT_EQ(FailureOf([&] { EXPECT_EQ(RowsOf(statement), rows); }), QString());
     }
-
-    TestCompany company;
 };
 
 } // namespace
@@ -54,8 +52,7 @@ TEST_F(Statements, NamesInEveryQuotingAndCaseFindTheSameData) {
 
 TEST_F(Statements, AnUnknownNameFailsHoweverItIsQuoted) {
     for (const auto& name : {u"\"Tidak Ada\""_s, u"[Tidak Ada]"_s, u"`Tidak Ada`"_s, u"\"0012\""_s, u"[]"_s})
-        EXPECT_NE(FailureOf([&] { company.RowsOf(u"select NIP from Employee where NIP="_s + name); }),
-                  QString())
+        EXPECT_NE(FailureOf([&] { RowsOf(u"select NIP from Employee where NIP="_s + name); }), QString())
             << name.toStdString();
 }
 
@@ -105,7 +102,7 @@ TEST_F(Statements, SavedQueriesAreCalledByNameWithAQuotedArgument) {
     Expect(u"sp_sel_timecard 'T20261122'"_s, {});
     for (const auto& call : {u"sp_TimeCardDetail"_s, u"sp_TimeCardDetail T1"_s,
                              u"sp_sel_TimeCard 'T1','T2'"_s, u"sp_sel_TimeCard 'T1' or 1=1"_s})
-        EXPECT_NE(FailureOf([&] { company.RowsOf(call); }), QString()) << call.toStdString();
+        EXPECT_NE(FailureOf([&] { RowsOf(call); }), QString()) << call.toStdString();
 }
 
 TEST_F(Statements, WhatCouldSmuggleInAnotherMeaningIsRefused) {
@@ -131,8 +128,8 @@ TEST_F(Statements, WhatCouldSmuggleInAnotherMeaningIsRefused) {
     };
     for (const auto& [statement, reason] : refused) {
         SCOPED_TRACE(statement.toStdString());
-        EXPECT_THROW(company.RowsOf(statement), StatementError);
-        EXPECT_TRUE(FailureOf([&, &statement = statement] { company.RowsOf(statement); }).contains(reason));
+        EXPECT_THROW(RowsOf(statement), StatementError);
+        EXPECT_TRUE(FailureOf([&, &statement = statement] { RowsOf(statement); }).contains(reason));
     }
     Expect(u"select count(1) from Employee"_s, {u"2"_s});
 }

@@ -24,28 +24,23 @@ Day On(QStringView day) {
     return DayOf(Moment(day));
 }
 
-class AttendanceTest : public testing::Test {
+class AttendanceTest : public CompanyTest {
 protected:
     AttendanceTest() {
-        company.AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
-        company.AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"PROD"_s, u"B"_s);
-        company.AddEmployee(u"0014"_s, u"Agus"_s, u"x"_s, u"ADM"_s, u"A"_s);
-        company.AddEmployee(u"k1"_s, u"Kiki"_s, u"x"_s, u"ADM"_s, u"B"_s);
+        AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
+        AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"PROD"_s, u"B"_s);
+        AddEmployee(u"0014"_s, u"Agus"_s, u"x"_s, u"ADM"_s, u"A"_s);
+        AddEmployee(u"k1"_s, u"Kiki"_s, u"x"_s, u"ADM"_s, u"B"_s);
         Run(u"INSERT INTO [Employee Status] VALUES (1,'S','Sakit'),(2,'CT','Cuti')"_s);
     }
 
-    void Run(const QString& statements) {
+    /// Several statements, ";" between them.
+    void RunAll(const QString& statements) {
         for (const QString& statement : statements.split(u';', Qt::SkipEmptyParts))
-            company.Db().ExecuteNative(statement);
-    }
-    void AddCard(const QString& tcid, const QString& nip, const QString& day, const QString& times,
-                 const QString& status = u"IN"_s) {
-        Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('%1','%2','%3')"_s.arg(tcid, nip, status));
-        Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES ('%1','%2',%3)"_s.arg(tcid, day,
-                                                                                                    times));
+            Run(statement);
     }
     void Refresh(const AttendanceCriteria& criteria) {
-        model.Show(*RefreshAttendance(company.Db(), criteria, company.clock.Today(), GoOn));
+        model.Show(*RefreshAttendance(Db(), criteria, clock.Today(), GoOn));
     }
     /// What the rows show of the given columns, a row's cells joined by "|".
     QStringList Shown(std::initializer_list<AttendanceModel::Column> columns) const {
@@ -58,11 +53,8 @@ protected:
         }
         return rows;
     }
-    ShownDayRow RowOf(const QString& nip, Day day) {
-        return {nip, day, AttendanceOn(company.Db(), nip, day)};
-    }
+    ShownDayRow RowOf(const QString& nip, Day day) { return {nip, day, AttendanceOn(Db(), nip, day)}; }
 
-    TestCompany company;
     AttendanceModel model;
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
@@ -78,10 +70,11 @@ constexpr auto Tcid = AttendanceModel::Tcid;
 } // namespace
 
 TEST_F(AttendanceTest, EveryEmployeeOnEveryDayDaysOutermost) {
-    AddCard(u"T202603050012"_s, u"0012"_s, u"2026-03-05"_s, u"'2026-03-05 07:45:59','2026-03-06 00:00:00'"_s);
-    AddCard(u"T20260305-W0012"_s, u"0012"_s, u"2026-03-05"_s, u"NULL,NULL"_s, u"W"_s);
-    AddCard(u"T202603060014"_s, u"0014"_s, u"2026-03-06"_s, u"'1899-12-30 00:00:00',NULL"_s);
-    AddCard(u"T20260307K1"_s, u"K1"_s, u"2026-03-07"_s, u"NULL,NULL"_s); // nobody's number
+    AddCard(u"T202603050012"_s, u"0012"_s, u"IN"_s, u"2026-03-05"_s, u"2026-03-05 07:45:59"_s,
+            u"2026-03-06 00:00:00"_s);
+    AddCard(u"T20260305-W0012"_s, u"0012"_s, u"W"_s, u"2026-03-05"_s);
+    AddCard(u"T202603060014"_s, u"0014"_s, u"IN"_s, u"2026-03-06"_s, u"1899-12-30 00:00:00"_s);
+    AddCard(u"T20260307K1"_s, u"K1"_s, u"IN"_s, u"2026-03-07"_s); // nobody's number
     Refresh({{}, {}, {}, DayRange{On(u"2026-03-05"), On(u"2026-03-07")}});
     EXPECT_EQ(
         Shown({SrNo, Nip, Tanggal, TimeIn, TimeOut, Status, Tcid}),
@@ -98,8 +91,8 @@ TEST_F(AttendanceTest, EveryEmployeeOnEveryDayDaysOutermost) {
 }
 
 TEST_F(AttendanceTest, CriteriaChooseEmployeesAndDays) {
-    AddCard(u"T202611190013"_s, u"0013"_s, u"2026-11-19"_s, u"NULL,NULL"_s);
-    AddCard(u"T202611210014"_s, u"0014"_s, u"2026-11-21"_s, u"NULL,NULL"_s);
+    AddCard(u"T202611190013"_s, u"0013"_s, u"IN"_s, u"2026-11-19"_s);
+    AddCard(u"T202611210014"_s, u"0014"_s, u"IN"_s, u"2026-11-21"_s);
     struct Case {
         QString nip;
         std::optional<QString> dept;
@@ -132,10 +125,10 @@ TEST_F(AttendanceTest, CriteriaChooseEmployeesAndDays) {
 }
 
 TEST_F(AttendanceTest, RefusesWhatNoGridHoldsAndStopsWhenAsked) {
-    AddCard(u"T202611210014"_s, u"0014"_s, u"2026-11-21"_s, u"NULL,NULL"_s);
+    AddCard(u"T202611210014"_s, u"0014"_s, u"IN"_s, u"2026-11-21"_s);
     const DayRange ages{On(u"0001-01-01"), On(u"9999-12-31")};
     const auto refresh = [&](const AttendanceCriteria& criteria, const Progress& progress) {
-        return RefreshAttendance(company.Db(), criteria, company.clock.Today(), progress);
+        return RefreshAttendance(Db(), criteria, clock.Today(), progress);
     };
     EXPECT_THROW(refresh({{}, {}, {}, ages}, GoOn), ProgramError);
     EXPECT_TRUE(refresh({u"0014"_s, {}, {}, ages}, GoOn));
@@ -146,13 +139,13 @@ TEST_F(AttendanceTest, RefusesWhatNoGridHoldsAndStopsWhenAsked) {
 /// The history grows for years while the days that are shown stay few.
 TEST_F(AttendanceTest, ReadsInTwoStatementsByAnIndex) {
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
-    const DayRange day{company.clock.Today(), company.clock.Today()};
+    Connection desk(std::make_unique<RecordingEngine>(statements), DatabaseFile());
+    const DayRange day{clock.Today(), clock.Today()};
     for (const AttendanceCriteria& criteria :
          {AttendanceCriteria{{}, {}, {}, day}, AttendanceCriteria{{}, u"PROD"_s, u"A"_s, day},
           AttendanceCriteria{u"0012"_s, {}, {}, day}}) {
         statements.clear();
-        RefreshAttendance(desk, criteria, company.clock.Today(), GoOn);
+        RefreshAttendance(desk, criteria, clock.Today(), GoOn);
         ASSERT_EQ(statements.size(), 2);
         Cursor plan = desk.QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statements[1]));
         QStringList steps;
@@ -169,20 +162,20 @@ TEST_F(AttendanceTest, ReadsInTwoStatementsByAnIndex) {
 TEST_F(AttendanceTest, AStatusMakesTheCardOfADayThatHasNone) {
     const Day day = On(u"2006-03-05");
     for (const auto& [nip, tcid] : {std::pair{u"0012"_s, u"T200603050012"_s}, {u"k1"_s, u"T20060305K1"_s}}) {
-        const AttendanceRecord saved = SaveDayStatus(company.Db(), {nip, day, {}}, u"S"_s);
+        const AttendanceRecord saved = SaveDayStatus(Db(), {nip, day, {}}, u"S"_s);
         EXPECT_EQ(saved, (AttendanceRecord{tcid, {}, {}, u"S"_s, {}}));
         EXPECT_EQ(RowOf(nip, day).record, saved);
     }
-    EXPECT_EQ(company.RowsOf(Cards),
+    EXPECT_EQ(RowsOf(Cards),
               (QStringList{u"T200603050012|0012|S|2006-03-05|-|-"_s, u"T20060305K1|k1|S|2006-03-05|-|-"_s}));
     // A deleted card leaves its header, which is taken up again.
-    DeleteCardDays(company.Db(), RowOf(u"0012"_s, day), {});
+    DeleteCardDays(Db(), RowOf(u"0012"_s, day), {});
     EXPECT_EQ(RowOf(u"0012"_s, day).record, std::nullopt);
     Run(u"UPDATE TimeCardHeader SET OTHours=2, OTAmount=30000, Keterangan='surat dokter'"_s);
-    SaveDayStatus(company.Db(), RowOf(u"0012"_s, day), u"CT"_s);
-    EXPECT_EQ(company.RowsOf(u"select OTHours, OTAmount, Keterangan from TimeCardHeader order by TCID"_s)[0],
+    SaveDayStatus(Db(), RowOf(u"0012"_s, day), u"CT"_s);
+    EXPECT_EQ(RowsOf(u"select OTHours, OTAmount, Keterangan from TimeCardHeader order by TCID"_s)[0],
               u"-|-|surat dokter"_s);
-    EXPECT_EQ(company.RowsOf(Cards).value(0), u"T200603050012|0012|CT|2006-03-05|-|-"_s);
+    EXPECT_EQ(RowsOf(Cards).value(0), u"T200603050012|0012|CT|2006-03-05|-|-"_s);
 }
 
 TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
@@ -239,41 +232,44 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         for (const bool deleting : {false, true}) {
-            Run(u"DELETE FROM TimeCardHeader;DELETE FROM TimeCardDetail"_s);
-            Run(c.before);
+            RemoveCards();
+            RunAll(c.before);
             const ShownDayRow row = RowOf(c.nip, day);
-            const QStringList told = HiddenOnCard(company.Db(), row);
-            Run(c.meanwhile);
-            const QStringList before = company.RowsOf(Cards);
+            const QStringList told = HiddenOnCard(Db(), row);
+            RunAll(c.meanwhile);
+            const QStringList before = RowsOf(Cards);
             QString failure;
             try {
                 if (deleting)
-                    DeleteCardDays(company.Db(), row, told);
+                    DeleteCardDays(Db(), row, told);
                 else
-                    SaveDayStatus(company.Db(), row, u"S"_s);
+                    SaveDayStatus(Db(), row, u"S"_s);
             } catch (const ProgramError& error) {
                 failure = UserText(error);
             }
             EXPECT_EQ(failure.isEmpty(), deleting ? c.deleted : c.statusSaved) << failure.toStdString();
             if (!failure.isEmpty()) {
-                EXPECT_EQ(company.RowsOf(Cards), before);
+                EXPECT_EQ(RowsOf(Cards), before);
                 EXPECT_TRUE(deleting || failure.contains(c.told)) << failure.toStdString();
             } else if (!deleting) {
-                EXPECT_EQ(company.RowsOf(Cards), QStringList(before).replaceInStrings(u"|IN|"_s, u"|S|"_s));
+                EXPECT_EQ(RowsOf(Cards), QStringList(before).replaceInStrings(u"|IN|"_s, u"|S|"_s));
             }
         }
     }
 }
 
 TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
-    company.AddEmployee(u"123456789"_s, u"Abdurrahman Wahid Hasyim"_s, u"x"_s, u"PRODUKSI1"_s);
-    AddCard(u"T20261120123456789"_s, u"123456789"_s, u"2026-11-20"_s, u"'2026-11-20 07:05:00',NULL"_s);
+    AddEmployee(u"123456789"_s, u"Abdurrahman Wahid Hasyim"_s, u"x"_s, u"PRODUKSI1"_s);
+    AddCard(u"T20261120123456789"_s, u"123456789"_s, u"IN"_s, u"2026-11-20"_s, u"2026-11-20 07:05:00"_s);
     Run(u"UPDATE TimeCardHeader SET Keterangan='Lupa absen —\né dan lagi sampai lebih dari tiga puluh'"_s);
     const DayRange range{On(u"2026-11-20"), On(u"2026-11-20")};
     Refresh({u"123456789"_s, {}, {}, range});
     const QString rule(104, u'-');
+    QStringList lines;
+    const QString period = ListedPeriod({range.first, On(u"2026-11-22")}, u"NIP:\n123456789"_s);
+    EXPECT_TRUE(PrintAttendance(model, period, Into(lines), GoOn));
     EXPECT_EQ(
-        PrintAttendance(model, ListedPeriod({range.first, On(u"2026-11-22")}, u"NIP:\n123456789"_s), GoOn),
+        lines,
         (QStringList{u"ABSENSI KARYAWAN "_s, u"Tanggal: 20-Nov-2026 s/d 22-Nov-2026  NIP: 123456789"_s, rule,
                      u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status "
                      "|Keterangan"_s,
@@ -282,5 +278,5 @@ TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
                      "— é dan lagi sampai"_s,
                      rule}));
     EXPECT_EQ(ListedPeriod(range, {}), u"Tanggal: 20-Nov-2026"_s);
-    EXPECT_FALSE(PrintAttendance(model, {}, [](auto, auto) { return false; }));
+    EXPECT_FALSE(PrintAttendance(model, {}, Into(lines), [](auto, auto) { return false; }));
 }

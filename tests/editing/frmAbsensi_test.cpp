@@ -27,9 +27,7 @@ public:
         Run(u"INSERT INTO Departments (DeptCode,DeptName) VALUES ('P','Produksi'),('K','Kantor')"_s);
         Run(u"INSERT INTO Division VALUES ('A','Satu'),('B','Dua')"_s);
         Run(u"INSERT INTO [Employee Status] VALUES (1,'S','Sakit'),(2,'CT','Cuti')"_s);
-        Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611010013','0013','IN')"_s);
-        Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES "
-            "('T202611010013','2026-11-01','2026-11-01 07:45:12')"_s);
+        AddCard(u"T202611010013"_s, u"0013"_s, u"IN"_s, u"2026-11-01"_s, u"2026-11-01 07:45:12"_s);
     }
 
     void Open() {

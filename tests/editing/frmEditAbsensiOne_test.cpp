@@ -23,18 +23,15 @@ class CardEditor : public WindowFixture {
 public:
     /// With that status the employee has a card of the day, else none.
     explicit CardEditor(const QString& status = {}, const QString& timeIn = u"2026-11-22 07:45:00"_s,
-                        const QVariant& timeOut = u"2026-11-22 17:00:00"_s) {
+                        const QString& timeOut = u"2026-11-22 17:00:00"_s) {
         AddEmployee(u"0012"_s, u"Siti Aminah"_s, u"x"_s);
         Run(u"UPDATE Employee SET GP=150000, RateOT=10000, TMakan=12500, EmpType='HRN'"_s);
         Run(u"INSERT INTO Shift VALUES ('P','1899-12-30 08:00:00','1899-12-30 17:00:00')"_s);
         Run(u"INSERT INTO AbsenTipe VALUES ('I','Izin'),('S','Sakit')"_s);
         if (status.isEmpty())
             return;
-        Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012',?)"_s,
-                     {status});
-        Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,BeriUangMakan) VALUES "
-                     "('T202611220012','2026-11-22',?,?,1)"_s,
-                     {timeIn, timeOut});
+        AddCard(u"T202611220012"_s, u"0012"_s, status, u"2026-11-22"_s, timeIn, timeOut);
+        Run(u"UPDATE TimeCardDetail SET BeriUangMakan=1"_s);
     }
 
     /// Opens the editor, does the work in it and gives the dialog's result. What is left open is closed.

@@ -26,10 +26,7 @@ public:
         for (const QString& day : {u"2026-11-21"_s, u"2026-11-22"_s}) {
             for (const QString& nip : {u"0012"_s, u"0013"_s}) {
                 const QString tcid = u'T' + QString(day).remove(u'-') + nip;
-                Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (?,?,'OUT')"_s,
-                             {tcid, nip});
-                Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES (?,?,?,?)"_s,
-                             {tcid, day, day + u" 07:45:00"_s, day + u" 16:30:00"_s});
+                AddCard(tcid, nip, u"OUT"_s, day, day + u" 07:45:00"_s, day + u" 16:30:00"_s);
             }
         }
         window = std::make_unique<frmEditAbsensi>(program, skin, nullptr);

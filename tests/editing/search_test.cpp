@@ -24,23 +24,21 @@ const QString Before = u"0012|IN|catatan|9.15|-|150000|1e-04|2026-11-22|2026-11-
                        "2026-11-23 06:30:12|1899-12-30 00:00:00|-|1"_s;
 
 /// A company with one night shift's card.
-class Search : public testing::Test {
+class Search : public CompanyTest {
 protected:
     Search() {
-        company.AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
-        company.AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"GA"_s, u"B"_s);
+        AddEmployee(u"0012"_s, u"Siti"_s, u"x"_s, u"PROD"_s, u"A"_s);
+        AddEmployee(u"0013"_s, u"Budi"_s, u"x"_s, u"GA"_s, u"B"_s);
         AddCard(Card, u"0012"_s);
         tester.setUseFetchMore(false); // it would fetch from within the model's own signals
     }
 
-    void Run(const QString& statement) { company.Db().ExecuteNative(statement); }
     void AddCard(const QString& tcid, const QString& nip) {
-        company.Db().Execute(
-            u"INSERT INTO TimeCardHeader VALUES (?,?,'IN','catatan',9.15,NULL,150000,0.0001,7)"_s,
-            {tcid, nip});
-        company.Db().Execute(u"INSERT INTO TimeCardDetail VALUES (?,'2026-11-22','2026-11-22 22:00:05',"
-                             "'2026-11-23 06:30:12','1899-12-30 00:00:00',NULL,'M',1)"_s,
-                             {tcid});
+        Db().Execute(u"INSERT INTO TimeCardHeader VALUES (?,?,'IN','catatan',9.15,NULL,150000,0.0001,7)"_s,
+                     {tcid, nip});
+        Db().Execute(u"INSERT INTO TimeCardDetail VALUES (?,'2026-11-22','2026-11-22 22:00:05',"
+                     "'2026-11-23 06:30:12','1899-12-30 00:00:00',NULL,'M',1)"_s,
+                     {tcid});
     }
     /// Cards with the identifiers T2020... of the given count, each with this many days.
     void AddCards(int count, int days) {
@@ -59,7 +57,6 @@ protected:
     }
     QString Shown(int row) const { return model.Elements(row).join(u'|'); }
 
-    TestCompany company;
     SearchModel model;
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
@@ -77,7 +74,7 @@ TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
         {WhereClause(EqualFragment(u"Dept"_s, u"GA"_s)), {u"0013"_s}},
         {WhereClause(EqualFragment(u"Divisi"_s, u"A"_s) + EqualFragment(u"NIP"_s, u"0012"_s)), {u"0012"_s}}};
     for (const auto& [clause, found] : cases) {
-        model.Search(company.Db(), clause);
+        model.Search(Db(), clause);
         QStringList shown;
         for (const FoundDay& row : model.FetchedRows())
             shown << row.header.nip;
@@ -89,18 +86,18 @@ TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
     EXPECT_EQ(WhereClause(EqualFragment(u"Divisi"_s, u"and"_s)), u" Where Divisi='and'"_s);
     EXPECT_NE(FailureOf([] { EqualFragment(u"NIP"_s, u"x' or '1'='1"_s); }), QString());
     Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15, OTAmount=-2.5e14"_s);
-    model.Search(company.Db(), cases[1].first);
+    model.Search(Db(), cases[1].first);
     EXPECT_TRUE(Shown(0).endsWith(u"|9.15||1000000000000000|-250000000000000"_s)) << "no amount, but shown";
     QStringList headers;
     for (int column = Status; column < model.columnCount(); ++column)
         headers << model.headerData(column, Qt::Horizontal).toString();
-    EXPECT_EQ(headers, company.Db().Query(u"Select * from qry_TimeCardAll"_s).ColumnNames());
+    EXPECT_EQ(headers, Db().Query(u"Select * from qry_TimeCardAll"_s).ColumnNames());
 }
 
 TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
     AddCards(301, 3);
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
+    Connection desk(std::make_unique<RecordingEngine>(statements), DatabaseFile());
     model.Search(desk, u""_s);
     EXPECT_EQ(model.rowCount(), 198) << "the last card of the page would be cut";
     EXPECT_FALSE(model.IsWhole());
@@ -131,7 +128,7 @@ TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
 
 TEST_F(Search, ACardWithMoreDaysThanAPageEndsNothing) {
     AddCards(2, 450);
-    model.Search(company.Db(), u""_s);
+    model.Search(Db(), u""_s);
     EXPECT_EQ(model.rowCount(), 450);
     EXPECT_TRUE(model.FetchAll({}));
     EXPECT_EQ(model.rowCount(), 901);
@@ -139,7 +136,7 @@ TEST_F(Search, ACardWithMoreDaysThanAPageEndsNothing) {
 
 TEST_F(Search, AFailedFetchIsToldOnceAndAStoppedOneKeepsItsRows) {
     AddCards(2000, 1);
-    model.Search(company.Db(), u""_s);
+    model.Search(Db(), u""_s);
     const int first = model.rowCount();
     int told = 0;
     QObject::connect(&model, &SearchModel::FetchFailed, &model, [&told] { ++told; });
@@ -149,13 +146,13 @@ TEST_F(Search, AFailedFetchIsToldOnceAndAStoppedOneKeepsItsRows) {
         model.fetchMore({});
     EXPECT_EQ(told, 1);
     EXPECT_EQ(model.rowCount(), first);
-    EXPECT_NE(FailureOf([&] { model.Search(company.Db(), u" Where NIP='0012'"_s); }), QString());
+    EXPECT_NE(FailureOf([&] { model.Search(Db(), u" Where NIP='0012'"_s); }), QString());
     EXPECT_EQ(model.rowCount(), first) << "a search that fails leaves the grid as it was";
 }
 
 TEST_F(Search, StoppedFetchingKeepsWhatIsThere) {
     AddCards(2000, 1);
-    model.Search(company.Db(), u""_s);
+    model.Search(Db(), u""_s);
     EXPECT_FALSE(model.FetchAll([](qsizetype, qsizetype) { return false; }));
     EXPECT_EQ(model.rowCount(), 199 + 799);
     Run(u"UPDATE TimeCardHeader SET NormalHours=1.3 WHERE NIP='0013'"_s);
@@ -224,18 +221,17 @@ TEST_F(Search, SavesWhatWasTypedAndNothingElse) {
          u"0012|IN|catatan|9.15|0|150000|1e-04|2026-11-22|2026-11-22 22:00:05|2026-11-23 06:30:12|"
          "1899-12-30 00:00:00|-|1"_s}};
     for (const Case& c : cases) {
-        Run(u"DELETE FROM TimeCardHeader"_s);
-        Run(u"DELETE FROM TimeCardDetail"_s);
+        RemoveCards();
         AddCard(Card, u"0012"_s);
-        model.Search(company.Db(), u""_s);
+        model.Search(Db(), u""_s);
         Type(c.typed);
         model.SaveRow(0);
         EXPECT_FALSE(model.IsEdited(0)) << c.what;
-        EXPECT_EQ(company.RowsOf(Stored), QStringList{c.stored}) << c.what;
-        EXPECT_EQ(company.RowsOf(u"select ShiftCode, TotalUangMakan from TimeCardDetail, TimeCardHeader"_s),
+        EXPECT_EQ(RowsOf(Stored), QStringList{c.stored}) << c.what;
+        EXPECT_EQ(RowsOf(u"select ShiftCode, TotalUangMakan from TimeCardDetail, TimeCardHeader"_s),
                   QStringList{u"M|7"_s});
         const QString shown = Shown(0);
-        model.Search(company.Db(), u""_s);
+        model.Search(Db(), u""_s);
         EXPECT_EQ(Shown(0), shown) << c.what;
     }
 }
@@ -247,62 +243,61 @@ TEST_F(Search, RefusesWhatIsNoTimeOrNoEmployee) {
                                                            {Nip, u"0099"_s},
                                                            {Nip, u"00'12"_s}};
     for (const auto& [column, text] : cases) {
-        model.Search(company.Db(), u""_s);
+        model.Search(Db(), u""_s);
         Type({{Keterangan, u"baru"_s}, {column, text}});
         EXPECT_THROW(model.SaveRow(0), ProgramError) << text.toStdString();
         EXPECT_TRUE(model.IsEdited(0));
         EXPECT_EQ(model.index(0, column).data().toString(), text) << "the typing stays";
-        EXPECT_EQ(company.RowsOf(Stored), QStringList{Before});
+        EXPECT_EQ(RowsOf(Stored), QStringList{Before});
     }
-    EXPECT_FALSE(SaveGridRow(company.Db(), model.FetchedRows()[0], QStringList(6)));
+    EXPECT_FALSE(SaveGridRow(Db(), model.FetchedRows()[0], QStringList(6)));
     EXPECT_FALSE(model.setData(model.index(0, Tcid), u"T1"_s));
 }
 
 TEST_F(Search, AnotherDesksChangeIsNeitherOverwrittenNorDeleted) {
-    const auto other = company.OtherDesk();
+    const auto other = OtherDesk();
     for (const QString& change :
          {u"UPDATE TimeCardHeader SET OTHours=1"_s, u"UPDATE TimeCardHeader SET NIP='0013'"_s,
           u"UPDATE TimeCardDetail SET TimeINOT=NULL"_s, u"UPDATE TimeCardDetail SET BeriUangMakan=0"_s,
           u"UPDATE TimeCardDetail SET Tanggal='2026-11-23'"_s, u"DELETE FROM TimeCardDetail"_s}) {
         for (const bool save : {true, false}) {
-            Run(u"DELETE FROM TimeCardHeader"_s);
-            Run(u"DELETE FROM TimeCardDetail"_s);
+            RemoveCards();
             AddCard(Card, u"0012"_s);
-            model.Search(company.Db(), u""_s);
+            model.Search(Db(), u""_s);
             Type({{TimeOut, u"23:00"_s}});
             other->Execute(change);
-            const QStringList changed = company.RowsOf(Stored);
+            const QStringList changed = RowsOf(Stored);
             EXPECT_THROW(save ? model.SaveRow(0) : model.DeleteRow(0), ConflictError) << change.toStdString();
-            EXPECT_EQ(company.RowsOf(Stored), changed) << change.toStdString();
+            EXPECT_EQ(RowsOf(Stored), changed) << change.toStdString();
             EXPECT_FALSE(model.IsEdited(0)) << "the row is read anew";
             Type({{Keterangan, u"sekali lagi"_s}});
             model.SaveRow(0);
-            EXPECT_TRUE(company.RowsOf(Stored)[0].contains(u"sekali lagi|"_s));
+            EXPECT_TRUE(RowsOf(Stored)[0].contains(u"sekali lagi|"_s));
         }
     }
 }
 
 TEST_F(Search, DeletingEmptiesTheRowWhichCanBeFilledAgain) {
-    model.Search(company.Db(), u""_s);
+    model.Search(Db(), u""_s);
     model.DeleteRow(0);
-    EXPECT_EQ(company.RowsOf(u"select count(*) from TimeCardDetail"_s), QStringList{u"0"_s});
+    EXPECT_EQ(RowsOf(u"select count(*) from TimeCardDetail"_s), QStringList{u"0"_s});
     EXPECT_EQ(Shown(0), u"IN|0012|Siti|catatan|PROD|T202611220012|A|||||||9.15||150000|0.0001"_s);
     model.DeleteRow(0);
     Type({{TimeIn, u"07:00"_s}});
     model.SaveRow(0);
-    EXPECT_EQ(company.RowsOf(Stored),
+    EXPECT_EQ(RowsOf(Stored),
               QStringList{u"0012|IN|catatan|9.15|0|150000|1e-04|2026-11-22|2026-11-22 07:00:00|-|-|-|0"_s});
     Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611220012','2026-11-23')"_s);
-    model.Search(company.Db(), u""_s);
+    model.Search(Db(), u""_s);
     model.DeleteRow(1);
-    EXPECT_EQ(company.RowsOf(u"select Tanggal from TimeCardDetail"_s), QStringList{u"2026-11-22"_s});
+    EXPECT_EQ(RowsOf(u"select Tanggal from TimeCardDetail"_s), QStringList{u"2026-11-22"_s});
     EXPECT_EQ(model.index(1, Tanggal).data().toString(), QString()) << "not the card's other day";
 }
 
 TEST_F(Search, ReloadsTheRowsOwnDayUnlessTheCardIsGone) {
     Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T202611220012','2026-11-23',"
         "'2026-11-23 08:00:00')"_s);
-    model.Search(company.Db(), u""_s);
+    model.Search(Db(), u""_s);
     Run(u"UPDATE TimeCardDetail SET TimeIN=datetime(TimeIN,'1 hours')"_s);
     Run(u"UPDATE TimeCardHeader SET NIP='0013', OTAmount=2.5"_s);
     EXPECT_TRUE(model.LoadRow(0) && model.LoadRow(1));
@@ -314,7 +309,7 @@ TEST_F(Search, ReloadsTheRowsOwnDayUnlessTheCardIsGone) {
     EXPECT_EQ(Shown(0), shown);
     Type({{Keterangan, u"baru"_s}});
     model.SaveRow(0); // a header that is gone is added, with all that the row shows
-    EXPECT_EQ(company.RowsOf(u"select NIP, Status, Keterangan, NormalHours, OTHours from TimeCardHeader"_s),
+    EXPECT_EQ(RowsOf(u"select NIP, Status, Keterangan, NormalHours, OTHours from TimeCardHeader"_s),
               QStringList{u"0013|IN|baru|9.15|0"_s});
 }
 

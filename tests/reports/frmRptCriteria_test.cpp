@@ -18,8 +18,7 @@ public:
         Run(u"INSERT INTO Departments (DeptCode, DeptName) VALUES ('P1','Produksi'),('G1','Gudang')"_s);
         Run(u"INSERT INTO Division VALUES ('A','Satu'),('B','Dua')"_s);
         Run(u"INSERT INTO [Employee Status] VALUES (1,'I','Izin')"_s);
-        Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES ('T202611220012','0012','I')"_s);
-        Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611220012','2026-11-22')"_s);
+        AddCard(u"T202611220012"_s, u"0012"_s, u"I"_s, u"2026-11-22"_s);
     }
 
     /// Opens the window for a report and does the work in it. What is left open is closed.

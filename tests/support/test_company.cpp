@@ -44,6 +44,19 @@ void TestCompany::AddUser(const QString& id, const QString& password, const QStr
         Db().Execute(u"INSERT INTO User_Job (UserID, GroupID) VALUES (?,?)"_s, {id, group});
 }
 
+void TestCompany::AddCard(const QString& tcid, const QString& nip, const QString& status, const QString& day,
+                          const QString& timeIn, const QString& timeOut) {
+    Db().Execute(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (?,?,?)"_s,
+                 {tcid, nip, OrNull(status)});
+    Db().Execute(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES (?,?,?,?)"_s,
+                 {tcid, day, OrNull(timeIn), OrNull(timeOut)});
+}
+
+void TestCompany::RemoveCards() {
+    Run(u"DELETE FROM TimeCardHeader"_s);
+    Run(u"DELETE FROM TimeCardDetail"_s);
+}
+
 QStringList TestCompany::ReportLines() const {
     return QString::fromUtf8(BytesOf(folder.filePath(u"PRINT.TXT"_s))).split(u"\r\n"_s);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/line_sink.h"
 #include "core/program.h"
 #include "database/connection.h"
 
@@ -55,6 +56,11 @@ WallTime Moment(QStringView text);
 
 QByteArray BytesOf(const QString& path);
 
+/// A sink that keeps the lines of a print.
+inline LineSink Into(QStringList& lines) {
+    return [&lines](const QString& line) { lines << line; };
+}
+
 /// The rows that a query finds, the fields of a row joined by "|", null as "-".
 QStringList RowsOf(Connection& connection, const QString& query);
 
@@ -78,6 +84,12 @@ public:
                      const QString& dept = {}, const QString& divisi = {});
     void AddUser(const QString& id, const QString& password, const QString& group = {});
 
+    /// Runs a statement as the engine itself knows it.
+    void Run(const QString& statement) { Db().ExecuteNative(statement); }
+    /// Adds a card with one day. What is empty is stored as null.
+    void AddCard(const QString& tcid, const QString& nip, const QString& status, const QString& day,
+                 const QString& timeIn = {}, const QString& timeOut = {});
+    void RemoveCards();
     QStringList RowsOf(const QString& query) { return ::RowsOf(Db(), query); }
     /// The lines of the report file.
     QStringList ReportLines() const;
@@ -92,4 +104,10 @@ public:
     /// The report files that the user was shown.
     QStringList shownReports;
     Program program;
+};
+
+/// Tests that each work in a company of their own.
+class CompanyTest : public testing::Test, public TestCompany {
+protected:
+    using TestCompany::Run;
 };

@@ -50,7 +50,6 @@ public:
     QString Cell(int row, int column) { return At(row, column).data().toString(); }
     void Go(int row, int column);
 
-    void Run(const QString& statement) { Db().ExecuteNative(statement); }
     bool IsLogged(const char* text) {
         return BytesOf(folder.filePath(QStringLiteral("VELTLOG.TXT"))).contains(text);
     }

@@ -1,5 +1,6 @@
 #include "timecard/clock_recording.h"
 #include "timecard/employee_details.h"
+#include "timecard/sheet_lifecycle.h"
 
 #include "support/failures.h"
 #include "support/test_company.h"
@@ -16,24 +17,20 @@ ClockEntry Entry(const QString& mode, QStringView openedAt, const QString& sheet
     return {sheet, DayOf(Moment(sheetDate)), mode, Moment(openedAt)};
 }
 
-class Recording : public testing::Test {
+class Recording : public CompanyTest {
 protected:
     std::optional<Refusal> In(QStringView at) {
-        return RecordClockEntry(company.Db(), Entry(u"IN"_s, at), u"0012"_s);
+        return RecordClockEntry(Db(), Entry(u"IN"_s, at), u"0012"_s);
     }
     std::optional<Refusal> Out(QStringView at) {
-        return RecordClockEntry(company.Db(), Entry(u"N"_s, at), u"0012"_s);
+        return RecordClockEntry(Db(), Entry(u"N"_s, at), u"0012"_s);
     }
     QStringList Headers() {
-        return company.RowsOf(u"select TCID,NIP,Status,Keterangan,OTHours from TimeCardHeader"_s);
+        return RowsOf(u"select TCID,NIP,Status,Keterangan,OTHours from TimeCardHeader"_s);
     }
     QStringList Days() {
-        return company.RowsOf(
-            u"select TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,BeriUangMakan from TimeCardDetail"_s);
+        return RowsOf(u"select TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,BeriUangMakan from TimeCardDetail"_s);
     }
-    void Add(const QString& statement) { company.Db().ExecuteNative(u"INSERT INTO "_s + statement); }
-
-    TestCompany company;
 };
 
 } // namespace
@@ -48,15 +45,14 @@ TEST_F(Recording, AnArrivalMakesTheCardAndASecondOneIsRefused) {
     EXPECT_EQ(Headers(), header);
     EXPECT_EQ(Days(), day);
     // Another sheet of the same day is another card, named in upper case.
-    EXPECT_EQ(
-        RecordClockEntry(company.Db(), Entry(u"IN"_s, u"2026-11-22 08:00:00", u"T20261122-a"_s), u"x1"_s),
-        std::nullopt);
+    EXPECT_EQ(RecordClockEntry(Db(), Entry(u"IN"_s, u"2026-11-22 08:00:00", u"T20261122-a"_s), u"x1"_s),
+              std::nullopt);
     EXPECT_EQ(Headers(), (QStringList{u"T20261122-AX1|x1|IN|-|-"_s} + header));
 }
 
 TEST_F(Recording, AnArrivalTakesTheSheetsDayAndADepartureTheMomentItself) {
     const auto record = [&](const QString& mode, QStringView at) {
-        return RecordClockEntry(company.Db(), Entry(mode, at, u"T20261120"_s, u"2026-11-20"), u"0012"_s);
+        return RecordClockEntry(Db(), Entry(mode, at, u"T20261120"_s, u"2026-11-20"), u"0012"_s);
     };
     EXPECT_EQ(record(u"IN"_s, u"2026-11-22 22:00:01"), std::nullopt);
     EXPECT_EQ(record(u"N"_s, u"2026-11-23 06:00:02"), std::nullopt);
@@ -66,10 +62,9 @@ TEST_F(Recording, AnArrivalTakesTheSheetsDayAndADepartureTheMomentItself) {
 TEST_F(Recording, AnEmptyArrivalIsFilledAndTheOtherFieldsKept) {
     for (const auto& empty : {u"NULL"_s, u"'1899-12-30 00:00:00'"_s}) {
         SCOPED_TRACE(empty.toStdString());
-        company.Db().ExecuteNative(u"DELETE FROM TimeCardHeader"_s);
-        company.Db().ExecuteNative(u"DELETE FROM TimeCardDetail"_s);
-        Add(u"TimeCardHeader (TCID,NIP,Status,Keterangan,OTHours) VALUES ('T202611220012','9','A','sakit',1.3)"_s);
-        Add(u"TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,BeriUangMakan) VALUES "
+        RemoveCards();
+        Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status,Keterangan,OTHours) VALUES ('T202611220012','9','A','sakit',1.3)"_s);
+        Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,BeriUangMakan) VALUES "
             "('T202611220012','2026-11-01',%1,'2026-11-22 15:00:00','2026-11-22 14:00:00',0)"_s.arg(empty));
         EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
         EXPECT_EQ(Headers(), QStringList{u"T202611220012|0012|IN|sakit|1.3"_s});
@@ -79,7 +74,7 @@ TEST_F(Recording, AnEmptyArrivalIsFilledAndTheOtherFieldsKept) {
 }
 
 TEST_F(Recording, MidnightOfARealDayIsAnArrivalEvenWithoutAHeader) {
-    Add(u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T202611220012','2026-11-22','2026-11-22 00:00:00')"_s);
+    Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T202611220012','2026-11-22','2026-11-22 00:00:00')"_s);
     EXPECT_EQ(In(u"2026-11-22 07:58:12"), Refusal::AlreadyClockedIn);
     EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::NotClockedIn);
     EXPECT_EQ(Headers(), QStringList());
@@ -98,9 +93,22 @@ TEST_F(Recording, ADepartureNeedsTheCardAndMayBeRepeated) {
     }
 
     // The card's day was removed meanwhile: the departure is kept on a new one.
-    company.Db().Execute(u"Delete from [TimeCardDetail] where TCID='T202611220012'"_s);
+    Db().Execute(u"Delete from [TimeCardDetail] where TCID='T202611220012'"_s);
     EXPECT_EQ(Out(u"2026-11-22 16:00:00"), std::nullopt);
     EXPECT_EQ(Days(), QStringList{u"T202611220012|2026-11-22|-|2026-11-22 16:00:00|-|-"_s});
+}
+
+TEST_F(Recording, ASheetClosedAfterTheEntryBeganTakesNothing) {
+    const QString sheet = u"T20261122"_s;
+    CloseSheet(*company.OtherDesk(), sheet);
+    EXPECT_EQ(In(u"2026-11-22 07:58:12"), Refusal::SheetClosed);
+    EXPECT_TRUE(Headers().isEmpty());
+    ReopenSheet(company.Db(), sheet);
+    EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
+    CloseSheet(company.Db(), sheet);
+    const QStringList days = Days();
+    EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::SheetClosed);
+    EXPECT_EQ(Days(), days);
 }
 
 TEST_F(Recording, NothingIsWrittenWhenAnythingFails) {
@@ -116,13 +124,12 @@ TEST_F(Recording, NothingIsWrittenWhenAnythingFails) {
     for (const auto& [what, trigger, mode, nip] : cases) {
         SCOPED_TRACE(what);
         if (!trigger.isEmpty())
-            company.Db().ExecuteNative(
-                u"CREATE TRIGGER stop %1 BEGIN SELECT RAISE(ABORT,'x'); END"_s.arg(trigger));
+            Run(u"CREATE TRIGGER stop %1 BEGIN SELECT RAISE(ABORT,'x'); END"_s.arg(trigger));
         EXPECT_NE(FailureOf([&, &mode = mode, &nip = nip] {
-                      RecordClockEntry(company.Db(), Entry(mode, u"2026-11-22 15:00:00"), nip);
+                      RecordClockEntry(Db(), Entry(mode, u"2026-11-22 15:00:00"), nip);
                   }),
                   QString());
-        company.Db().ExecuteNative(u"DROP TRIGGER IF EXISTS stop"_s);
+        Run(u"DROP TRIGGER IF EXISTS stop"_s);
         EXPECT_EQ(Headers(), headers);
         EXPECT_EQ(Days(), days);
     }
@@ -137,7 +144,7 @@ TEST_F(Recording, OfTwoDesksAtOneInstantExactlyOneRecords) {
     };
     Desk desks[] = {{u"2026-11-22 07:58:12"}, {u"2026-11-22 07:58:13"}};
     const auto work = [&](Desk& desk) {
-        const auto connection = company.OtherDesk();
+        const auto connection = OtherDesk();
         for (int nip = 1000; nip < 1000 + employees; ++nip) {
             together.arrive_and_wait();
             FailureOf([&] {
@@ -152,9 +159,8 @@ TEST_F(Recording, OfTwoDesksAtOneInstantExactlyOneRecords) {
     QStringList recorded = desks[0].recorded + desks[1].recorded;
     recorded.sort();
     EXPECT_EQ(recorded.size(), employees);
-    EXPECT_EQ(company.RowsOf(u"select TCID, TimeIN from TimeCardDetail order by TCID"_s), recorded);
-    EXPECT_EQ(company.RowsOf(u"select count(1) from TimeCardHeader"_s),
-              QStringList{QString::number(employees)});
+    EXPECT_EQ(RowsOf(u"select TCID, TimeIN from TimeCardDetail order by TCID"_s), recorded);
+    EXPECT_EQ(RowsOf(u"select count(1) from TimeCardHeader"_s), QStringList{QString::number(employees)});
 }
 
 TEST(Password, MatchesInAnyLetterCaseButNeverEmpty) {
@@ -172,7 +178,6 @@ TEST(Password, MatchesInAnyLetterCaseButNeverEmpty) {
     EXPECT_EQ(LoadStoredPassword(company.Db(), u"0013"_s), QString());
     EXPECT_EQ(LoadStoredPassword(company.Db(), u"0099"_s), std::nullopt);
     EXPECT_NE(FailureOf([&] { LoadStoredPassword(company.Db(), u"' or '1'='1"_s); }), QString());
-    company.Db().ExecuteNative(
-        u"INSERT INTO Employee (NIP,Nama,Dept,PathImage) VALUES ('0012','Budi','GA','a.gif')"_s);
+    company.Run(u"INSERT INTO Employee (NIP,Nama,Dept,PathImage) VALUES ('0012','Budi','GA','a.gif')"_s);
     EXPECT_EQ(LoadEmployeeDetails(company.Db(), u"0012"_s).pathImage, u"a.gif"_s);
 }

@@ -1,6 +1,7 @@
 #include "timecard/frmAED_Absen.h"
 
 #include "support/window_company.h"
+#include "timecard/sheet_lifecycle.h"
 
 #include <QElapsedTimer>
 
@@ -50,7 +51,7 @@ TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
         EXPECT_EQ(TextOf(entry, {"lblMode", "lblMoment"}), u"ABSEN MASUK|22-Nov-2026   07:58:12"_s);
         EXPECT_FALSE(Part<QWidget>(entry, "picDetail").isVisible());
         const int smallHeight = entry.height();
-        desk.clock.now += Seconds{65};
+        desk.clock.now += Seconds{45};
         Keys(u"0012⏎rahasia⏎"_s);
         EXPECT_EQ(TextOf(entry, {"txtNama", "txtDept", "txtDivisi", "txtPassword"}),
                   u"Siti Aminah|PROD|A|"_s);
@@ -61,6 +62,62 @@ TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(desk.RowsOf(u"select TimeIN from TimeCardDetail"_s), QStringList{u"2026-11-22 07:58:12"_s});
     EXPECT_TRUE(desk.dialogs.texts.isEmpty());
+}
+
+TEST(frmAED_Absen, TheNextEntryBeginsWhileTheLastIsConfirmed) {
+    WindowCompany desk;
+    desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
+        // The key that begins the next entry, and what is typed then.
+        const std::tuple<Qt::Key, QString, QString> entries[] = {
+            {Qt::Key_F2, u"0013⏎kunci1⏎"_s, u"ABSEN MASUK|22-Nov-2026   07:58:17"_s},
+            {Qt::Key_0, u"014⏎agus⏎"_s, u"ABSEN MASUK|22-Nov-2026   07:58:22"_s},
+            {Qt::Key_F8, u"0012⏎rahasia⏎"_s, u"ABSEN KELUAR|22-Nov-2026   07:58:27"_s},
+            {Qt::Key_0, u"014⏎agus⏎"_s, u"ABSEN KELUAR|22-Nov-2026   07:58:32"_s},
+        };
+        Keys(u"0012⏎rahasia⏎"_s);
+        for (const auto& [key, typed, shown] : entries) {
+            desk.clock.now += Seconds{5};
+            KeyboardUser::Press(key);
+            EXPECT_EQ(TextOf(entry, {"lblMode", "lblMoment"}), shown);
+            EXPECT_EQ(TextOf(entry, {"txtNama", "txtPassword"}), u"|"_s);
+            Keys(typed);
+        }
+        CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
+        KeyboardUser::Press(Qt::Key_F2);
+        EXPECT_FALSE(entry.isVisible());
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
+    EXPECT_EQ(
+        desk.RowsOf(u"select TCID, Mid(TimeIN,18,2), Mid(TimeOUT,18,2) from TimeCardDetail order by TCID"_s),
+        (QStringList{u"T202611220012|12|27"_s, u"T202611220013|17|-"_s, u"T202611220014|22|32"_s}));
+}
+
+TEST(frmAED_Absen, AWindowLeftForAMinuteClosesItself) {
+    WindowCompany desk;
+    desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
+        for (const auto& key : {u"0"_s, u"0"_s, u"1"_s}) {
+            desk.clock.now += Seconds{59};
+            Keys(key);
+        }
+        EXPECT_EQ(TextOf(entry, "txtNIK"), u"001"_s);
+        desk.clock.now += Seconds{60};
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !entry.isVisible(); }));
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+}
+
+TEST(frmAED_Absen, ASheetThatIsClosedMeanwhileTakesNothingAndTheDeskSaysSo) {
+    WindowCompany desk;
+    desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget&) {
+        CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
+        Keys(u"0012⏎rahasia⏎"_s);
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_EQ(desk.dialogs.texts, QStringList{RefusalText(Refusal::SheetClosed)});
+    EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
+    EXPECT_EQ(desk.Said("lblCloseTcid"), desk.dialogs.Last());
+    EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
 }
 
 TEST(frmAED_Absen, TheListGivesTheNumberAndTheWindowClosesTwoSecondsAfterRecording) {

@@ -160,6 +160,42 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
 }
 
+TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
+    const QString arrivals = u"select TCID, TimeIN from TimeCardDetail order by TCID"_s;
+    using Answer = Dialogs::Answer;
+    for (const auto& [answer, cards] :
+         {std::pair{Answer::Yes, QStringList{u"T202612010012|2026-12-01 00:00:07"_s}},
+          {Answer::No, QStringList{u"T202611300012|2026-11-30 00:00:07"_s}},
+          {Answer::Cancel, QStringList{}}}) {
+        WindowCompany desk;
+        desk.clock.now = Moment(u"2026-11-30 23:00:00");
+        desk.dialogs.answers = {Answer::Yes};
+        desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
+        desk.dialogs.questions.clear();
+        desk.clock.now = Moment(u"2026-12-01 00:00:07");
+        desk.Tick();
+        desk.Record(Qt::Key_F8, u"0013"_s, u"kunci1"_s);
+        EXPECT_TRUE(desk.dialogs.questions.isEmpty()) << "a night worker goes home";
+        desk.Run(u"DELETE FROM TimeCardDetail"_s);
+        desk.dialogs.answers = {answer};
+        if (answer == Answer::Cancel)
+            KeyboardUser::Press(Qt::Key_F2);
+        else
+            desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
+        EXPECT_EQ(desk.dialogs.questions,
+                  QStringList{u"Lembar ini tanggal 30-Nov-2026. Pindah ke lembar hari ini?"_s});
+        EXPECT_EQ(desk.RowsOf(arrivals), cards);
+        EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    }
+    WindowCompany desk;
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.Part<QTabBar>("tabTgl").setCurrentIndex(20);
+    desk.clock.now += std::chrono::hours{24};
+    desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
+    EXPECT_TRUE(desk.dialogs.questions.isEmpty());
+    EXPECT_EQ(desk.RowsOf(u"select TCID from TimeCardDetail"_s), QStringList{u"T202611210012"_s});
+}
+
 TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     WindowCompany desk;
     const auto other = desk.OtherDesk();

@@ -18,18 +18,17 @@ namespace {
 const QString Sheet = u"T20261122"_s;
 const QString ByName = u" ORDER BY NAMA"_s;
 
-class DaySheet : public testing::Test {
+class DaySheet : public CompanyTest {
 protected:
     DaySheet() {
-        company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u"PROD"_s, u"A"_s);
-        company.AddEmployee(u"0013"_s, u"Ani"_s, u"x"_s, u"GA"_s);
+        AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s, u"PROD"_s, u"A"_s);
+        AddEmployee(u"0013"_s, u"Ani"_s, u"x"_s, u"GA"_s);
     }
 
-    void Add(const QString& statement) { company.Db().ExecuteNative(u"INSERT INTO "_s + statement); }
     void AddCard(const QString& sheet, const QString& status, const QString& times) {
         const QString card = u'\'' + sheet + u"0012'"_s;
-        Add(u"TimeCardHeader (TCID,NIP,Status) VALUES (%1,'0012',%2)"_s.arg(card, status));
-        Add(u"TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,TimeOutOT) VALUES (%1,'2026-11-22',%2)"_s
+        Run(u"INSERT INTO TimeCardHeader (TCID,NIP,Status) VALUES (%1,'0012',%2)"_s.arg(card, status));
+        Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT,TimeINOT,TimeOutOT) VALUES (%1,'2026-11-22',%2)"_s
                 .arg(card, times));
     }
     /// The cells of a row from the left to the right.
@@ -39,10 +38,9 @@ protected:
             cells << model.index(row, column).data().toString();
         return cells.join(u'|');
     }
-    void Refresh(const QString& sheet = Sheet) { model.Refresh(company.Db(), sheet); }
+    void Refresh(const QString& sheet = Sheet) { model.Refresh(Db(), sheet); }
 
-    TestCompany company;
-    SheetModel model{company.clock};
+    SheetModel model{clock};
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
@@ -73,29 +71,28 @@ TEST_F(DaySheet, ShowsEachStateOfACard) {
         {"overtime without a start", u"'OUT'"_s, u"NULL,NULL,NULL,'2026-11-22 15:00:00'"_s,
          u"OUT|||||15:00:00|"_s},
     };
-    model.LoadEmployees(company.Db(), ByName);
+    model.LoadEmployees(Db(), ByName);
     for (const auto& [what, status, times, row] : cases) {
-        company.Db().ExecuteNative(u"DELETE FROM TimeCardHeader"_s);
-        company.Db().ExecuteNative(u"DELETE FROM TimeCardDetail"_s);
+        RemoveCards();
         AddCard(Sheet, status, times);
         Refresh();
         const QString shown = Row(1).replace(u"|PROD/A|0012|Budi"_s, QString());
         EXPECT_EQ(shown, row) << what;
         EXPECT_EQ(Row(0), u"A|GA/|0013|Ani||||||"_s) << what;
     }
-    company.Db().ExecuteNative(u"DELETE FROM TimeCardHeader"_s); // a day row whose header is gone
+    Run(u"DELETE FROM TimeCardHeader"_s); // a day row whose header is gone
     Refresh();
     EXPECT_EQ(Row(1), u"A|PROD/A|0012|Budi|||||15:00:00|"_s);
-    company.Db().ExecuteNative(u"DELETE FROM TimeCardDetail"_s);
+    Run(u"DELETE FROM TimeCardDetail"_s);
     Refresh();
     EXPECT_EQ(Row(1), u"A|PROD/A|0012|Budi||||||"_s);
 }
 
 TEST_F(DaySheet, EachSheetShowsItsOwnCardsAndTheirFirstDay) {
     AddCard(Sheet, u"'OUT'"_s, u"'2026-11-22 07:00:00',NULL,NULL,NULL"_s);
-    Add(u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T202611220012','2026-11-23','2026-11-23 09:00:00')"_s);
+    Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T202611220012','2026-11-23','2026-11-23 09:00:00')"_s);
     AddCard(Sheet + u"-A"_s, u"'OUT'"_s, u"'2026-11-22 13:00:00',NULL,NULL,NULL"_s);
-    model.LoadEmployees(company.Db(), ByName);
+    model.LoadEmployees(Db(), ByName);
     const std::pair<QString, QString> cases[] = {{Sheet, u"07:00:00"_s},
                                                  {Sheet + u"-a"_s, u"13:00:00"_s},
                                                  {u"T20261123"_s, u""_s},
@@ -105,16 +102,16 @@ TEST_F(DaySheet, EachSheetShowsItsOwnCardsAndTheirFirstDay) {
         EXPECT_EQ(model.index(1, SheetModel::TimeIn).data().toString(), timeIn) << sheet.toStdString();
     }
     Refresh(u"T20261124"_s);
-    EXPECT_EQ(model.SheetDay(), company.clock.Today());
+    EXPECT_EQ(model.SheetDay(), clock.Today());
     EXPECT_NE(FailureOf([&] { Refresh(u"T'"_s); }), QString());
 }
 
 TEST_F(DaySheet, ACardThatTwoNumbersShareStandsInBothRows) {
-    company.AddEmployee(u"k1"_s, u"Citra"_s, u"x"_s);
-    company.AddEmployee(u"K1"_s, u"Dodi"_s, u"x"_s);
-    Add(u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T20261122K1','2026-11-22','2026-11-22 07:00:00')"_s);
-    Add(u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T20261122GONE','2026-11-22','2026-11-22 08:00:00')"_s);
-    model.LoadEmployees(company.Db(), ByName);
+    AddEmployee(u"k1"_s, u"Citra"_s, u"x"_s);
+    AddEmployee(u"K1"_s, u"Dodi"_s, u"x"_s);
+    Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T20261122K1','2026-11-22','2026-11-22 07:00:00')"_s);
+    Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T20261122GONE','2026-11-22','2026-11-22 08:00:00')"_s);
+    model.LoadEmployees(Db(), ByName);
     Refresh();
     QStringList arrivals;
     for (int row = 0; row < model.rowCount(); ++row)
@@ -123,22 +120,22 @@ TEST_F(DaySheet, ACardThatTwoNumbersShareStandsInBothRows) {
 }
 
 TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
-    RecordClockEntry(company.Db(), {Sheet, company.clock.Today(), u"IN"_s, company.clock.now}, u"0012"_s);
-    model.LoadEmployees(company.Db(), ByName);
+    RecordClockEntry(Db(), {Sheet, clock.Today(), u"IN"_s, clock.now}, u"0012"_s);
+    model.LoadEmployees(Db(), ByName);
     const auto hours = [&] { return model.index(1, SheetModel::Hours).data().toString(); };
     Refresh();
     EXPECT_EQ(hours(), u"0:00"_s);
     QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    company.clock.now += std::chrono::minutes(2);
+    clock.now += std::chrono::minutes(2);
     Refresh();
     EXPECT_EQ(hours(), u"00:2:00"_s);
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes[0][0].toModelIndex().column(), SheetModel::Hours);
 
-    const auto other = company.OtherDesk();
+    const auto other = OtherDesk();
+    RecordClockEntry(*other, {Sheet, clock.Today(), u"IN"_s, clock.now}, u"0013"_s);
     CloseSheet(*other, Sheet);
-    RecordClockEntry(*other, {Sheet, company.clock.Today(), u"IN"_s, company.clock.now}, u"0013"_s);
-    company.clock.now += std::chrono::minutes(2);
+    clock.now += std::chrono::minutes(2);
     Refresh();
     EXPECT_TRUE(model.IsClosed());
     EXPECT_EQ(hours(), u"00:2:00"_s);
@@ -153,7 +150,7 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
 
 TEST_F(DaySheet, ReadsFewStatementsAndNoneWhenNothingChanged) {
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
+    Connection desk(std::make_unique<RecordingEngine>(statements), DatabaseFile());
     const auto refresh = [&] {
         statements.clear();
         model.Refresh(desk, Sheet);
@@ -163,29 +160,29 @@ TEST_F(DaySheet, ReadsFewStatementsAndNoneWhenNothingChanged) {
     const auto withTwo = refresh();
     EXPECT_GT(withTwo, 0);
     EXPECT_EQ(refresh(), 0);
-    company.clock.now += std::chrono::hours(1);
+    clock.now += std::chrono::hours(1);
     EXPECT_EQ(refresh(), 0);
     for (int i = 100; i < 110; ++i)
-        company.AddEmployee(QString::number(i), u"x"_s, u"x"_s);
+        AddEmployee(QString::number(i), u"x"_s, u"x"_s);
     model.LoadEmployees(desk, ByName);
     EXPECT_EQ(refresh(), withTwo);
     EXPECT_EQ(refresh(), 0);
-    company.Db().ExecuteNative(u"UPDATE Employee SET Nama='y' WHERE NIP='100'"_s);
+    Run(u"UPDATE Employee SET Nama='y' WHERE NIP='100'"_s);
     EXPECT_EQ(refresh(), withTwo);
-    company.clock.now += std::chrono::hours(24); // the date of a sheet without cards is the present day
+    clock.now += std::chrono::hours(24); // the date of a sheet without cards is the present day
     EXPECT_EQ(refresh(), withTwo);
-    EXPECT_EQ(model.SheetDay(), company.clock.Today());
+    EXPECT_EQ(model.SheetDay(), clock.Today());
 }
 
 TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
     QStringList statements;
-    Connection desk(std::make_unique<RecordingEngine>(statements), company.DatabaseFile());
+    Connection desk(std::make_unique<RecordingEngine>(statements), DatabaseFile());
     model.LoadEmployees(desk, ByName);
     statements.clear(); // the list of all employees is read whole
     model.Refresh(desk, Sheet);
     model.Refresh(desk, Sheet + u"-1"_s);
-    RecordClockEntry(desk, {Sheet, company.clock.Today(), u"IN"_s, company.clock.now}, u"0012"_s);
-    RecordClockEntry(desk, {Sheet, company.clock.Today(), u"N"_s, company.clock.now}, u"0012"_s);
+    RecordClockEntry(desk, {Sheet, clock.Today(), u"IN"_s, clock.now}, u"0012"_s);
+    RecordClockEntry(desk, {Sheet, clock.Today(), u"N"_s, clock.now}, u"0012"_s);
     LoadEmployeeDetails(desk, u"0012"_s);
     LoadStoredPassword(desk, u"0012"_s);
     CloseSheet(desk, Sheet);

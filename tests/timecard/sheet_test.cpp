@@ -50,13 +50,25 @@ TEST(SheetChoice, IsOfThisMonthAndAnotherDayIsForSupervisorsUnlessUnlocked) {
     };
     for (const Case& c : cases) {
         SheetChoice choice;
-        choice.SetSheet(c.before);
+        choice.SetSheet(today, c.before);
         choice.Compose(today, c.day, c.extension);
         EXPECT_EQ(choice.Sheet(), c.sheet);
         EXPECT_EQ(choice.DayText(), c.dayText) << c.sheet.toStdString();
         EXPECT_EQ(choice.MarkedDay(today), c.marked) << c.sheet.toStdString();
         EXPECT_EQ(choice.IsOfDay(today, c.dayText), c.marked > 0) << c.sheet.toStdString();
         EXPECT_EQ(choice.IsOfToday(today), c.marked == 22) << c.sheet.toStdString();
+    }
+    // When the sheet was set, which, and whether it is left over on the day after today.
+    const Day yesterday = today - std::chrono::days{1};
+    for (const auto& [on, sheet, leftOver] : {std::tuple{today, u"T20261122"_s, true},
+                                              {yesterday, u"T20261121"_s, true},
+                                              {today, u"T20261121"_s, false},
+                                              {today, u"T20261122-A"_s, false},
+                                              {today + std::chrono::days{1}, u"T20261123"_s, false}}) {
+        SheetChoice choice;
+        choice.SetSheet(on, sheet);
+        EXPECT_EQ(choice.IsLeftOver(today + std::chrono::days{1}), leftOver) << sheet.toStdString();
+        EXPECT_FALSE(choice.IsLeftOver(on)) << sheet.toStdString();
     }
     SheetChoice choice;
     EXPECT_TRUE(choice.NeedsSupervisor(today, u"05"_s));
