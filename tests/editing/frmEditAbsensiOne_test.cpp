@@ -254,26 +254,32 @@ TEST(frmEditAbsensiOne, AmountsSayWhatOfThemCountsAndSecondsAreThoseOfTheCardOrN
 TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
     const QString later = u"UPDATE TimeCardDetail SET TimeOUT='2026-11-22 18:00:00'"_s;
     // Without a time typed only the header is this desk's, and its hours are those of times no longer there.
-    for (const auto& [typedOut, change, left] :
-         {std::tuple{u"22Nov2026 1630"_s, later, QStringList{u"2026-11-22 18:00:00"_s}},
-          {QString(), later, {u"2026-11-22 18:00:00"_s}},
-          {QString(), u"DELETE FROM TimeCardDetail"_s, {}}}) {
+    const QString stored = u"TimeOUT sudah diganti komputer lain menjadi 22-Nov-2026 18:00:00."_s;
+    for (const auto& [typedOut, change, left, told] :
+         {std::tuple{u"22Nov2026 1630"_s, later, QStringList{u"2026-11-22 18:00:00"_s},
+                     stored + u" Yang Anda ketik (22-Nov-2026 16:30:00) tidak disimpan."_s},
+          {QString(), later, {u"2026-11-22 18:00:00"_s}, stored + u"\nTidak ada yang disimpan."_s},
+          {QString(),
+           u"DELETE FROM TimeCardDetail"_s,
+           {},
+           u"kartu absen T202611220012 (0012, 22-Nov-2026) sudah diubah"_s}}) {
         SCOPED_TRACE((typedOut + change).toStdString());
         CardEditor editor(u"OUT"_s);
         const auto other = editor.OtherDesk();
-        const int result = editor.Open([&, typedOut = typedOut, change = change](QWidget& window) {
-            Part<QLineEdit>(window, "txtKeterangan").setText(u"dari sini"_s);
-            if (!typedOut.isEmpty())
-                TypeInto(window, "txtTOUT", typedOut);
-            other->Execute(change);
-            for (int attempt = 1; attempt <= 2; ++attempt) {
-                Press("cmdButtons_1", window);
-                EXPECT_EQ(editor.dialogs.texts.size(), attempt);
-                EXPECT_TRUE(editor.dialogs.Last().contains(u"sudah diubah dari komputer lain"_s));
-                EXPECT_TRUE(window.isVisible());
-            }
-            EXPECT_EQ(TextOf(window, "txtKeterangan"), u"dari sini"_s);
-        });
+        const int result =
+            editor.Open([&, typedOut = typedOut, change = change, told = told](QWidget& window) {
+                Part<QLineEdit>(window, "txtKeterangan").setText(u"dari sini"_s);
+                if (!typedOut.isEmpty())
+                    TypeInto(window, "txtTOUT", typedOut);
+                other->Execute(change);
+                for (int attempt = 1; attempt <= 2; ++attempt) {
+                    Press("cmdButtons_1", window);
+                    EXPECT_EQ(editor.dialogs.texts.size(), attempt);
+                    EXPECT_TRUE(editor.dialogs.Last().contains(told)) << editor.dialogs.Last().toStdString();
+                    EXPECT_TRUE(window.isVisible());
+                }
+                EXPECT_EQ(TextOf(window, "txtKeterangan"), u"dari sini"_s);
+            });
         EXPECT_EQ(result, QDialog::Rejected);
         EXPECT_EQ(editor.saved, 0);
         EXPECT_EQ(editor.RowsOf(u"select Keterangan, NormalHours from TimeCardHeader"_s),

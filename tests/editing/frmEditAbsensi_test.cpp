@@ -124,7 +124,10 @@ TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
     search.Type(0, Keterangan, u"dari sini"_s);
     search.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
     KeyboardUser::Press(Qt::Key_Down);
-    EXPECT_EQ(search.dialogs.texts.size(), 1);
+    EXPECT_TRUE(search.dialogs.Last().contains(
+        u"Kartu T202611210012 (0012, 21-Nov-2026): Keterangan sudah diganti komputer lain menjadi dari sana. "
+        "Yang Anda ketik (dari sini) tidak disimpan."_s))
+        << search.dialogs.Last().toStdString();
     EXPECT_EQ(search.Cell(0, Keterangan), u"dari sana"_s);
     EXPECT_TRUE(search.RowsOf(Cards)[0].contains(u"|dari sana|"_s));
     KeyboardUser::Press(Qt::Key_Escape);
