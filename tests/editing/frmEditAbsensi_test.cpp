@@ -194,6 +194,7 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     EXPECT_EQ(search.Cell(0, Keterangan), QString());
     search.Run(u"DELETE FROM TimeCardHeader WHERE TCID='T202611210013'"_s);
     search.Go(1, TimeIn);
+    EXPECT_EQ(search.Said("lblDone"), u"Baris 1 dimuat ulang."_s) << "there was nothing to save";
     EXPECT_EQ(search.Said("lblCard"), u"T202611210013 · 李小龍"_s);
     KeyboardUser::Press(Qt::Key_F5);
     EXPECT_EQ(search.dialogs.texts, QStringList{u"Please refresh."_s});

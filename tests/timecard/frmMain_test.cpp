@@ -226,7 +226,7 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsUnlessItsCol
     Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Nip);
     grid.selectRow(60);
     grid.verticalScrollBar()->setValue(50);
-    desk.Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal) VALUES ('T20261122150','2026-11-22')"_s);
+    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
     desk.clock.now += Seconds{10};
     desk.Tick();
     EXPECT_EQ(grid.currentIndex().row(), 60);
@@ -237,6 +237,7 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsUnlessItsCol
     KeyboardUser::Press(Qt::Key_2, Qt::ControlModifier);
     EXPECT_EQ(grid.currentIndex().siblingAtColumn(SheetModel::Nip).data(), selected);
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
+    EXPECT_TRUE(desk.Said("lblCounts").contains(u" 1 masuk "_s)) << "the rows are filled again";
     EXPECT_TRUE(desk.dialogs.texts.isEmpty());
     KeyboardUser::Press(Qt::Key_0, Qt::ControlModifier);
     ASSERT_EQ(desk.dialogs.texts.size(), 1);

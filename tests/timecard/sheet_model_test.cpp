@@ -144,6 +144,9 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
     EXPECT_EQ(hours(), u"00:2:00"_s);
     EXPECT_EQ(Row(0), u"A|GA/|0013|Ani||||||"_s);
     EXPECT_EQ(changes.size(), 1);
+    CloseSheet(*other, Sheet + u"-A"_s);
+    model.Refresh(company.Db(), Sheet + u"-A"_s);
+    EXPECT_EQ(hours(), QString()) << "not those of the sheet before";
     ReopenSheet(*other, Sheet);
     Refresh();
     EXPECT_FALSE(model.IsClosed());
