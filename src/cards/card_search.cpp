@@ -19,13 +19,9 @@ public:
           nama_(rows.ColumnOf(u"Nama"_s)), dept_(rows.ColumnOf(u"Dept"_s)),
           divisi_(rows.ColumnOf(u"Divisi"_s)) {}
 
-    FoundDay Current(SharedTexts& texts) const {
-        FoundDay found{RowAt<CardHeader>(HeaderColumns, header_), RowAt<CardDay>(DayColumns, day_),
-                       texts.Of(rows_.Text(nama_)), texts.Of(rows_.Text(dept_)),
-                       texts.Of(rows_.Text(divisi_))};
-        found.header.status = texts.Of(found.header.status);
-        found.header.nip = texts.Of(found.header.nip);
-        return found;
+    FoundDay Current() const {
+        return {RowAt<CardHeader>(HeaderColumns, header_), RowAt<CardDay>(DayColumns, day_),
+                rows_.Text(nama_), rows_.Text(dept_), rows_.Text(divisi_)};
     }
 
 private:
@@ -70,7 +66,7 @@ std::vector<FoundDay> CardSearch::Read(Connection& connection, int limit) {
     const FoundDays found(rows);
     std::vector<FoundDay> page;
     while (rows.Next())
-        page.push_back(found.Current(texts_));
+        page.push_back(found.Current());
     return page;
 }
 
@@ -100,6 +96,21 @@ QStringList CardSearch::Tcids(Connection& connection) const {
     while (rows.Next())
         tcids << rows.Text(0);
     return tcids;
+}
+
+bool WholeResult::operator()(const std::function<void(const FoundDay&)>& take) {
+    CardSearch pages(clause_);
+    qsizetype done = 0;
+    while (!pages.AtEnd()) {
+        for (const FoundDay& row : pages.Next(connection_)) {
+            if (!ShouldContinue(progress_, done, total_))
+                return false;
+            take(row);
+            ++done;
+        }
+    }
+    total_ = done;
+    return true;
 }
 
 FoundDay AsFound(const TimeCard& card, const std::optional<CardDay>& day) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cards/time_card.h"
-#include "core/shared_texts.h"
+#include "core/progress.h"
 #include "database/connection.h"
 
 #include <QStringList>
@@ -43,7 +43,25 @@ private:
     QString lastCard_;
     int pageSize_ = 200;
     bool atEnd_ = true;
-    SharedTexts texts_;
+};
+
+/// Hands each row of a search's result to the function, in the order of the cards; false when it was stopped.
+using FoundRows = std::function<bool(const std::function<void(const FoundDay&)>& take)>;
+
+/// Reads the whole result of a search, anew each time it is asked for, and holds one page of it. How much
+/// there is to read it can tell from the second time on. Throws DatabaseError.
+class WholeResult {
+public:
+    WholeResult(Connection& connection, const QString& whereClause, Progress progress)
+        : connection_(connection), clause_(whereClause), progress_(std::move(progress)) {}
+
+    bool operator()(const std::function<void(const FoundDay&)>& take);
+
+private:
+    Connection& connection_;
+    QString clause_;
+    Progress progress_;
+    qsizetype total_ = 0;
 };
 
 /// The row's card as it stands, with the day that the row shows or else the card's first; nothing when the

@@ -3,7 +3,6 @@
 #include "cards/card_computation.h"
 #include "core/code_lists.h"
 #include "core/supervisor_check.h"
-#include "core/text_table.h"
 #include "editing/computation_words.h"
 #include "editing/employee_status.h"
 #include "editing/grid_row.h"
@@ -258,19 +257,21 @@ bool frmEditAbsensi::SettleRows() {
 
 void frmEditAbsensi::cmdPrintGrid_Click() {
     Print(u"cmdPrintGrid_Click"_s,
-          [this](const Progress& progress) { return modGeneral::GridToTextTableAll(model_, progress); });
+          [](const FoundRows& rows, const LineSink& sink, const Progress&) { return GridPrint(rows, sink); });
 }
 
 void frmEditAbsensi::cmdPrintTCID_Click() {
-    Print(u"cmdPrintTCID_Click"_s, [this](const Progress& progress) {
-        return SheetPrint(model_.FetchedRows(), PrintedAt(), progress);
-    });
+    Print(u"cmdPrintTCID_Click"_s,
+          [at = PrintedAt()](const FoundRows& rows, const LineSink& sink, const Progress& progress) {
+              return SheetPrint(rows, at, sink, progress);
+          });
 }
 
 void frmEditAbsensi::cmdPrintNIK_Click() {
-    Print(u"cmdPrintNIK_Click"_s, [this](const Progress& progress) {
-        return EmployeePrint(model_.FetchedRows(), PrintedAt(), progress);
-    });
+    Print(u"cmdPrintNIK_Click"_s,
+          [at = PrintedAt()](const FoundRows& rows, const LineSink& sink, const Progress& progress) {
+              return EmployeePrint(rows, at, sink, progress);
+          });
 }
 
 QString frmEditAbsensi::PrintedAt() const {
@@ -278,23 +279,21 @@ QString frmEditAbsensi::PrintedAt() const {
     return u"Dicetak: %1 %2"_s.arg(ShownDay(DayOf(now)), ShownMinute(now));
 }
 
-/// The report file is replaced only when all lines are there.
-void frmEditAbsensi::Print(const QString& procedure, const LinesOfResult& linesOf) {
+/// What is printed is what the search finds now, whether or not it was fetched for the grid.
+void frmEditAbsensi::Print(const QString& procedure, const ResultPrint& print) {
     if (!SettleRows())
         return;
     Trapped(program_, procedure, [&] {
-        QStringList lines;
+        bool printed = false;
         {
-            WorkProgress progress(this, u"Menyiapkan cetakan ..."_s);
-            if (model_.FetchAll(std::ref(progress)))
-                lines = linesOf(std::ref(progress));
+            WorkProgress progress(this, u"Menulis cetakan ..."_s);
+            WholeResult rows(program_.Db(), model_.Clause(), std::ref(progress));
+            printed = WriteReportFile(program_.folder, [&](const LineSink& sink) {
+                return print(std::ref(rows), sink, std::ref(progress));
+            });
         }
-        if (lines.isEmpty())
+        if (!printed)
             return ShowState(u"Cetakan dibatalkan."_s);
-        WriteReportFile(program_.folder, [&lines](const LineSink& sink) {
-            std::ranges::for_each(lines, sink);
-            return true;
-        });
         program_.dialogs.Warn(
             u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s);
         program_.showReport(ReportFilePath(program_.folder));

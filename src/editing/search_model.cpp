@@ -47,16 +47,6 @@ void SearchModel::Search(Connection& connection, const QString& whereClause) {
     endResetModel();
 }
 
-bool SearchModel::FetchAll(const Progress& progress) {
-    fetchFailed_ = false;
-    while (!pages_.AtEnd()) {
-        Append(pages_.Next(*connection_));
-        if (!pages_.AtEnd() && progress && !progress(rowCount(), 0))
-            return false;
-    }
-    return true;
-}
-
 void SearchModel::Reread(const Progress& progress) {
     CardSearch pages(clause_);
     std::vector<FoundDay> rows;

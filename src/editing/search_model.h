@@ -18,8 +18,6 @@ public:
 
     /// Runs the search and shows its first rows. Throws DatabaseError, and shows what it showed before then.
     void Search(Connection& connection, const QString& whereClause);
-    /// Fetches the rows that are not there yet; false when it was stopped. Throws DatabaseError.
-    bool FetchAll(const Progress& progress);
     /// Reads the rows that are shown once more; when it is stopped, the rest is fetched again as it comes
     /// into sight. Unsaved texts are dropped. Throws DatabaseError.
     void Reread(const Progress& progress);
