@@ -1,6 +1,5 @@
 #include "editing/frmEditAbsensi.h"
 
-#include "cards/card_computation.h"
 #include "core/code_lists.h"
 #include "core/supervisor_check.h"
 #include "editing/computation_words.h"
@@ -27,6 +26,8 @@ using enum SearchRow::Column;
 namespace {
 
 constexpr QSize FirstSize(1280, 680);
+/// More are computed only when the user says so.
+constexpr qsizetype MostCardsUnasked = 10'000;
 
 /// The widths of the columns, as texts that they hold in full.
 const QStringList Samples{u"000000"_s,
@@ -152,13 +153,29 @@ bool frmEditAbsensi::Search(const QString& clause, const QString& filter) {
     return read;
 }
 
+bool frmEditAbsensi::MayCalculate(qsizetype cards) {
+    if (!model_.Clause().isEmpty() && cards <= MostCardsUnasked)
+        return true;
+    const QString question = u"Hitung %L1 kartu?\nHasil pencarian: %2."_s.arg(cards).arg(shownFilter_);
+    return program_.dialogs.Ask(question, Dialogs::Answer::No) == Dialogs::Answer::Yes;
+}
+
 void frmEditAbsensi::cmdCalcHrs_Click() {
     if (!SettleRows())
         return;
+    qsizetype cards = 0;
+    const bool counted = Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
+        const BusyPointer busy;
+        cards = CountCards(program_.Db(), model_.Clause());
+    });
+    if (!counted)
+        return ShowState();
+    if (!MayCalculate(cards))
+        return ShowState(u"Tidak ada kartu yang dihitung."_s);
     modAbsen::ComputationReport report;
     const bool computed = Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
         WorkProgress progress(this, u"Menghitung jam dan jumlah ..."_s);
-        report = modAbsen::CalculateTimeCards(program_.Db(), model_.AllTcids(), std::ref(progress));
+        report = CalculateFoundCards(program_.Db(), model_.Clause(), cards, std::ref(progress));
     });
     // Also after a failure: what was computed before it stays.
     Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {

@@ -54,6 +54,8 @@ private:
     bool Search(const QString& clause, const QString& filter);
     void cmdRefresh_Click();
     void cmdCalcHrs_Click();
+    /// Asks before what would be a long computation.
+    bool MayCalculate(qsizetype cards);
     void cmdPrintGrid_Click();
     void cmdPrintTCID_Click();
     void cmdPrintNIK_Click();

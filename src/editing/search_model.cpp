@@ -69,10 +69,6 @@ void SearchModel::Reread(const Progress& progress) {
     pages_ = std::move(pages);
 }
 
-QStringList SearchModel::AllTcids() const {
-    return CardSearch(clause_).Tcids(*connection_);
-}
-
 bool SearchModel::IsWritten(int column) {
     return column != SerialNo && column != Nama && column != Dept && column != Tcid && column != Divisi;
 }

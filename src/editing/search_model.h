@@ -28,8 +28,6 @@ public:
     /// False while there are rows that were not fetched.
     bool IsWhole() const { return pages_.AtEnd(); }
     const std::vector<FoundDay>& FetchedRows() const { return rows_; }
-    /// The identifiers of all cards of the result, also of rows that were not fetched.
-    QStringList AllTcids() const;
 
     /// True when the save would write what is typed into this column.
     static bool IsWritten(int column);

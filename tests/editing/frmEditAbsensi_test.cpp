@@ -205,6 +205,14 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
     EXPECT_EQ(search.Grid().currentIndex().row(), 1);
     EXPECT_EQ(search.RowsOf(u"select NormalHours from TimeCardHeader order by TCID"_s),
               (QStringList{u"9.15"_s, u"-"_s, u"9.15"_s, u"-"_s}));
+    search.Part<QLineEdit>("txtNIK").setText({});
+    KeyboardUser::Press(Qt::Key_R, Qt::AltModifier);
+    search.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
+    for (const QString& done : {u"Tidak ada kartu yang dihitung."_s, u"4 kartu dihitung."_s}) {
+        search.Do(Qt::Key_H);
+        EXPECT_EQ(search.Said("lblDone"), done);
+    }
+    EXPECT_EQ(search.dialogs.questions, QStringList(2, u"Hitung 4 kartu?\nHasil pencarian: semua data."_s));
 }
 
 TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {

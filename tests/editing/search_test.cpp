@@ -115,7 +115,7 @@ TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
     model.Search(desk, u""_s);
     EXPECT_EQ(model.rowCount(), 198) << "the last card of the page would be cut";
     EXPECT_FALSE(model.IsWhole());
-    EXPECT_EQ(model.AllTcids().size(), 301 * 3 + 1);
+    EXPECT_EQ(CountCards(desk, {}), 302);
     ASSERT_TRUE(model.canFetchMore({}));
     FetchAll();
     ASSERT_EQ(model.rowCount(), 301 * 3 + 1);
@@ -149,6 +149,28 @@ TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
                 EXPECT_FALSE(plan.Text(3).contains(u"TEMP"_s)) << statement.toStdString();
         }
     }
+}
+
+TEST_F(Search, ComputesEveryCardOncePageByPageUntilStopped) {
+    AddCards(2, 3);
+    EXPECT_EQ(CalculateFoundCards(company.Db(), {}, 3, [](auto, auto) { return true; }).computed, 3);
+    Run(u"DELETE FROM TimeCardHeader"_s);
+    Run(u"DELETE FROM TimeCardDetail"_s);
+    AddCards(7'000, 1);
+    const QString clause = u" Where TCID like 'T2020%'"_s;
+    for (const int stopAt : {500, 5'000, 7'000}) {
+        qsizetype last = 0;
+        const auto report = CalculateFoundCards(company.Db(), clause, 7'000, [&](auto done, auto total) {
+            EXPECT_EQ(total, 7'000);
+            EXPECT_EQ(done, last + 500);
+            last = done;
+            return done < stopAt;
+        });
+        EXPECT_EQ(report.computed, stopAt);
+        EXPECT_EQ(report.cancelled, stopAt < 7'000);
+    }
+    EXPECT_EQ(company.RowsOf(u"select count(*) from TimeCardHeader where NormalHours is null"_s),
+              QStringList{u"0"_s});
 }
 
 TEST_F(Search, ACardWithMoreDaysThanAPageEndsNothing) {
