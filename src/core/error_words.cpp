@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Words {
@@ -17,6 +19,7 @@ constexpr Words AllWords[] = {
     {Told, u""},
     {Conflict, u"Data %1 sudah diubah dari komputer lain. Tidak ada yang disimpan. Muat ulang data lalu "
                u"ulangi."},
+    {CardChanged, u"Kartu %1 (%2, %3):"},
     {CardOfOther, u"Kartu %1 adalah kartu karyawan %2. Tidak ada yang disimpan."},
     {CardInUse, u"Kartu %1 sudah dipakai untuk tanggal %2. Tidak ada yang disimpan."},
 
@@ -92,7 +95,26 @@ QString Filled(QStringView text, const QStringList& details) {
     return filled;
 }
 
+/// A sentence for each changed field of a card. What was typed over it is null for nothing.
+QString ChangesText(const QStringList& details) {
+    const auto shown = [](const QString& value) { return value.isEmpty() ? u"kosong"_s : value; };
+    QStringList sentences;
+    bool typed = false;
+    for (qsizetype at = 3; at + 2 < details.size(); at += 3) {
+        sentences << u"%1 sudah diganti komputer lain menjadi %2."_s.arg(details[at], shown(details[at + 1]));
+        if (details[at + 2].isNull())
+            continue;
+        sentences.back() += u" Yang Anda ketik (%1) tidak disimpan."_s.arg(shown(details[at + 2]));
+        typed = true;
+    }
+    if (!typed)
+        sentences << u"Tidak ada yang disimpan."_s;
+    return (sentences.size() == 1 ? u' ' : u'\n') + sentences.join(u'\n');
+}
+
 QString UserText(ErrorKind kind, const QString& description, const QStringList& details) {
+    if (kind == CardChanged)
+        return Filled(AllWords[static_cast<size_t>(kind)].text, details.first(3)) + ChangesText(details);
     return kind == Told ? description : Filled(AllWords[static_cast<size_t>(kind)].text, details);
 }
 

@@ -33,9 +33,12 @@ DatabaseError::DatabaseError(ErrorKind kind, int number, const QString& descript
     : DatabaseError({number, u"Time Attendance"_s, description, kind, details}) {}
 
 ConflictError::ConflictError(const QString& table)
-    : DatabaseError(ErrorKind::Conflict, ConflictNumber,
+    : ConflictError(ErrorKind::Conflict,
                     u"%1 was changed by another program after it was read; nothing was written"_s.arg(table),
                     {table}) {}
+
+ConflictError::ConflictError(ErrorKind kind, const QString& description, const QStringList& details)
+    : DatabaseError(kind, ConflictNumber, description, details) {}
 
 StatementError::StatementError(const QString& description) : StatementError(ErrorKind::Told, description) {}
 

@@ -55,6 +55,7 @@ private:
 class ConflictError : public DatabaseError {
 public:
     explicit ConflictError(const QString& table);
+    ConflictError(ErrorKind kind, const QString& description, const QStringList& details);
 };
 
 /// The statement was refused before it reached the engine.

@@ -5,6 +5,7 @@
 enum class ErrorKind {
     Told,        ///< the description is the user's text already
     Conflict,    ///< another desk changed or removed what was read; detail: the table or thing
+    CardChanged, ///< details: card, employee, day; then field, stored and typed value of each change
     CardOfOther, ///< details: card, the employee whose card it is
     CardInUse,   ///< details: card, the day that it holds already
 

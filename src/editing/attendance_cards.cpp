@@ -1,8 +1,8 @@
 #include "editing/attendance_cards.h"
 
+#include "cards/card_conflict.h"
 #include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
-#include "database/database_error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,10 +37,26 @@ void MakeCard(TimeCard& card, const ShownDayRow& row, const QString& tcid) {
     card.days.push_back({row.day});
 }
 
+/// Of a card that the row did not show yet, the status was none.
+ConflictError StatusConflict(const TimeCard& stored, const ShownDayRow& row, const QString& tcid,
+                             const QString& newStatus) {
+    TimeCard read = stored;
+    if (read.header) {
+        read.header->nip = row.nip;
+        read.header->status = row.record ? row.record->status : QString();
+    }
+    if (!read.DayOn(row.day))
+        read.days = {{row.day}};
+    TimeCard wanted = read;
+    if (wanted.header)
+        wanted.header->status = newStatus;
+    return CardConflict(tcid, row.nip, read, stored, wanted);
+}
+
 void RequireShown(const TimeCard& card, const ShownDayRow& row, const QString& newStatus) {
     const std::optional<AttendanceRecord> stored = RecordOn(card, row);
     if (!stored || (stored->status != row.record->status && stored->status != newStatus))
-        throw ConflictError(CardThing.toString());
+        throw StatusConflict(card, row, row.record->tcid, newStatus);
 }
 
 QString Span(QStringView what, const std::optional<WallTime>& from, const std::optional<WallTime>& to) {
@@ -71,9 +87,8 @@ AttendanceRecord SaveDayStatus(Connection& connection, const ShownDayRow& row, c
     const TimeCard saved = CardStore(connection).Change(tcid, [&](TimeCard& card) {
         if (row.record)
             RequireShown(card, row, status);
-        else if (AttendanceOn(connection, row.nip, row.day))
-            throw ConflictError(
-                CardThing.toString()); // another desk was quicker, perhaps on an extended sheet
+        else if (const auto made = AttendanceOn(connection, row.nip, row.day)) // perhaps on an extended sheet
+            throw StatusConflict(CardStore(connection).Read(made->tcid), row, made->tcid, status);
         else
             MakeCard(card, row, tcid);
         card.header->status = status;
@@ -90,7 +105,7 @@ void DeleteCardDays(Connection& connection, const ShownDayRow& row, const QStrin
         return;
     CardStore(connection).DeleteDays(row.record->tcid, [&](const TimeCard& card) {
         if (RecordOn(card, row) != row.record || HiddenOn(card, row) != told)
-            throw ConflictError(CardThing.toString());
+            throw CardConflict(row.record->tcid, row.nip, card, card, card);
     });
 }
 

@@ -1,10 +1,10 @@
 #include "editing/edited_card.h"
 
+#include "cards/card_conflict.h"
 #include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
 #include "compute/dotted_hours.h"
 #include "compute/money.h"
-#include "database/database_error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -70,11 +70,26 @@ bool EditedCard::Save(const CardFields& fields) {
         return false;
     read_ = CardStore(connection_).Change(tcid_, [&](TimeCard& card) {
         if (card != read_)
-            throw ConflictError(CardThing.toString());
-        FillHeader(card.HeaderOf(tcid_, nip_), fields);
-        FillDay(card.FirstDay(fields.tanggal), fields);
+            throw ConflictWith(card, fields);
+        Fill(card, fields);
     });
     return true;
+}
+
+/// Hours are never typed: they are told of only as far as another desk changed them.
+ConflictError EditedCard::ConflictWith(const TimeCard& stored, const CardFields& fields) const {
+    TimeCard wanted = read_;
+    Fill(wanted, fields);
+    if (read_.header) {
+        wanted.header->normalHours = read_.header->normalHours;
+        wanted.header->otHours = read_.header->otHours;
+    }
+    return CardConflict(tcid_, nip_, read_, stored, wanted);
+}
+
+void EditedCard::Fill(TimeCard& card, const CardFields& fields) const {
+    FillHeader(card.HeaderOf(tcid_, nip_), fields);
+    FillDay(card.FirstDay(fields.tanggal), fields);
 }
 
 void EditedCard::FillHeader(CardHeader& header, const CardFields& fields) const {

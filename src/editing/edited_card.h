@@ -2,6 +2,7 @@
 
 #include "cards/time_card.h"
 #include "database/connection.h"
+#include "database/database_error.h"
 
 #include <QString>
 
@@ -49,7 +50,9 @@ public:
 
 private:
     QString Digits(std::optional<double> CardHeader::*number) const;
+    void Fill(TimeCard& card, const CardFields& fields) const;
     void FillHeader(CardHeader& header, const CardFields& fields) const;
+    ConflictError ConflictWith(const TimeCard& stored, const CardFields& fields) const;
 
     Connection& connection_;
     QString tcid_;

@@ -1,10 +1,10 @@
 #include "editing/grid_row.h"
 
+#include "cards/card_conflict.h"
 #include "cards/card_store.h"
 #include "cards/listed_employees.h"
 #include "cards/sheet_identifier.h"
 #include "compute/money.h"
-#include "database/database_error.h"
 
 using namespace Qt::StringLiterals;
 using enum SearchRow::Column;
@@ -15,11 +15,18 @@ constexpr qsizetype TooFewElements = 6;
 constexpr int NoTimeNumber = 13;
 constexpr int UnknownEmployeeNumber = 3201;
 
+TimeCard AsCard(const FoundDay& row) {
+    return {row.header, row.day ? std::vector{*row.day} : std::vector<CardDay>()};
+}
+
 /// A header that is gone is written anew, whole: there is nothing of it that could be lost.
-void RequireUnchanged(const TimeCard& card, const FoundDay& shown) {
-    const FoundDay stored = AsFound(card, shown.day);
-    if ((card.header && stored.header != shown.header) || stored.day != shown.day)
-        throw ConflictError(CardThing.toString());
+void RequireUnchanged(const TimeCard& card, const FoundDay& shown, const FoundDay& wanted) {
+    FoundDay stored = AsFound(card, shown.day);
+    if (!card.header)
+        stored.header = shown.header;
+    if (stored.header != shown.header || stored.day != shown.day)
+        throw CardConflict(shown.header.tcid, shown.header.nip, AsCard(shown), AsCard(stored),
+                           AsCard(wanted));
 }
 
 /// The texts of a row, and which of them were typed over what was shown.
@@ -53,6 +60,14 @@ public:
                 day.*member = TypedTime(column, day.tanggal);
         }
         day.beriUangMakan = Element(BeriUangMakan) == u"True"_s;
+    }
+
+    /// The row as it will stand.
+    FoundDay Row() const {
+        FoundDay row = shown_;
+        WriteTo(row.header);
+        WriteTo(row.day ? *row.day : row.day.emplace());
+        return row;
     }
 
 private:
@@ -90,14 +105,15 @@ private:
 bool SaveGridRow(Connection& connection, const FoundDay& shown, const QStringList& elements) {
     if (elements.size() <= TooFewElements)
         return false;
+    const TypedRow typed(shown, elements);
+    const FoundDay wanted = typed.Row();
     CardStore(connection).Change(shown.header.tcid, [&](TimeCard& card) {
-        RequireUnchanged(card, shown);
+        RequireUnchanged(card, shown, wanted);
         const QString& nip = elements[Nip - 1];
         if (ReadListedEmployees(connection, {.nip = nip}, {}).empty())
             throw ProgramError(
                 UnknownEmployeeNumber,
                 u"NIP \"%1\" tidak ada dalam data karyawan.\nBaris belum disimpan."_s.arg(nip));
-        const TypedRow typed(shown, elements);
         typed.WriteTo(card.HeaderOf(shown.header.tcid, nip));
         CardDay* day = shown.day ? card.DayOn(shown.day->tanggal) : nullptr;
         typed.WriteTo(day ? *day : card.days.emplace_back());
@@ -110,6 +126,6 @@ void DeleteRowsDay(Connection& connection, const FoundDay& shown) {
         return;
     CardStore(connection)
         .DeleteDays(
-            shown.header.tcid, [&](const TimeCard& card) { RequireUnchanged(card, shown); },
+            shown.header.tcid, [&](const TimeCard& card) { RequireUnchanged(card, shown, shown); },
             shown.day->tanggal);
 }

@@ -57,6 +57,15 @@ TEST(UserText, PutsTheDetailsIntoTheKindsWords) {
         {CardOfOther,
          {u"T1%2"_s, u"0012"_s},
          u"Kartu T1%2 adalah kartu karyawan 0012. Tidak ada yang disimpan."_s},
+        {CardChanged,
+         {u"T1"_s, u"0013"_s, u"01-Nov-2026"_s, u"Status"_s, u"TL"_s, u"A"_s},
+         u"Kartu T1 (0013, 01-Nov-2026): Status sudah diganti komputer lain menjadi TL. Yang Anda ketik (A) "
+         "tidak disimpan."_s},
+        {CardChanged,
+         {u"T1"_s, u"0013"_s, u"01-Nov-2026"_s, u"TimeOUT"_s, QString(), QString()},
+         u"Kartu T1 (0013, 01-Nov-2026):\nTimeOUT sudah diganti komputer lain menjadi kosong.\nTidak ada "
+         u"yang "
+         "disimpan."_s},
         {CardInUse,
          {u"T1"_s, u"22-Nov-2026"_s},
          u"Kartu T1 sudah dipakai untuk tanggal 22-Nov-2026. Tidak ada yang disimpan."_s},

@@ -1,3 +1,4 @@
+#include "core/error_words.h"
 #include "database/sqlite_dialect.h"
 #include "editing/attendance_cards.h"
 #include "editing/attendance_model.h"
@@ -125,12 +126,15 @@ TEST_F(AttendanceTest, CriteriaChooseEmployeesAndDays) {
 
 TEST_F(AttendanceTest, RefusesWhatNoGridHoldsAndStopsWhenAsked) {
     AddCard(u"T202611210014"_s, u"0014"_s, u"IN"_s, u"2026-11-21"_s);
-    const DayRange ages{On(u"0001-01-01"), On(u"9999-12-31")};
+    const Day first = On(u"0001-01-01");
+    const qint64 most = Attendance::MostRows / 4; // days of four employees
+    const DayRange ages{first, first + std::chrono::days{most - 1}};
+    const DayRange tooLong{first, first + std::chrono::days{most}};
     const auto refresh = [&](const AttendanceCriteria& criteria, const Progress& progress) {
         return RefreshAttendance(Db(), criteria, clock.Today(), progress);
     };
-    EXPECT_THROW(refresh({{}, {}, {}, ages}, GoOn), ProgramError);
-    EXPECT_TRUE(refresh({u"0014"_s, {}, {}, ages}, GoOn));
+    EXPECT_THROW(refresh({{}, {}, {}, tooLong}, GoOn), ProgramError);
+    EXPECT_TRUE(refresh({{}, {}, {}, ages}, GoOn));
     EXPECT_FALSE(refresh({}, [](auto, auto) { return false; }));
     EXPECT_NE(FailureOf([&] { refresh({u"0'14"_s, {}, {}, {}}, GoOn); }), QString());
 }
@@ -192,6 +196,7 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
         QString meanwhile;
         bool statusSaved;
         bool deleted;
+        QString told = {};
     };
     const QString own = card(u"T202611200012"_s, u"0012"_s);
     const QString extended = card(u"T20261120-W0012"_s, u"0012"_s);
@@ -201,19 +206,29 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
         u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T202611200012','2026-11-21')"_s;
     const Case cases[] = {
         {"clocked in", u"0012"_s, {}, own, false, true},
-        {"clocked in on an extended sheet", u"0012"_s, {}, extended, false, true},
+        {"clocked in on an extended sheet",
+         u"0012"_s,
+         {},
+         extended,
+         false,
+         true,
+         u"Kartu T20261120-W0012 (0012, 20-Nov-2026): Status sudah diganti komputer lain menjadi IN. Yang "
+         "Anda ketik (S) tidak disimpan."_s},
         {"another employee's card", u"k1"_s, {}, card(u"T20261120K1"_s, u"K1"_s), false, true},
         {"another employee's header", u"k1"_s, header, {}, false, true},
         {"the card's day moved", u"0012"_s, {}, moved, false, true},
-        {"status changed", u"0012"_s, own, u"UPDATE TimeCardHeader SET Status='OUT'"_s, false, false},
+        {"status changed", u"0012"_s, own, u"UPDATE TimeCardHeader SET Status='OUT'"_s, false, false,
+         u"Kartu T202611200012 (0012, 20-Nov-2026): Status sudah diganti komputer lain menjadi OUT. Yang "
+         "Anda ketik (S) tidak disimpan."_s},
         {"removed", u"0012"_s, own, u"DELETE FROM TimeCardDetail"_s, false, false},
         {"a time recorded", u"0012"_s, own, u"UPDATE TimeCardDetail SET TimeOUT='2026-11-20 16:00:00'"_s,
          true, false},
         {"overtime recorded", u"0012"_s, own, u"UPDATE TimeCardDetail SET TimeINOT='2026-11-20 17:00:00'"_s,
          true, false},
         {"a day added to the card", u"0012"_s, own, secondDay, true, false},
-        {"given to another employee", u"0012"_s, own, u"UPDATE TimeCardHeader SET NIP='0013'"_s, false,
-         false},
+        {"given to another employee", u"0012"_s, own, u"UPDATE TimeCardHeader SET NIP='0013'"_s, false, false,
+         u"Kartu T202611200012 (0012, 20-Nov-2026): NIP sudah diganti komputer lain menjadi 0013.\nTidak ada "
+         "yang disimpan."_s},
         {"the same status", u"0012"_s, own, u"UPDATE TimeCardHeader SET Status='S'"_s, true, false},
         {"nothing", u"0012"_s, own, {}, true, true},
     };
@@ -233,11 +248,12 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
                 else
                     SaveDayStatus(Db(), row, u"S"_s);
             } catch (const ProgramError& error) {
-                failure = error.Description();
+                failure = UserText(error);
             }
             EXPECT_EQ(failure.isEmpty(), deleting ? c.deleted : c.statusSaved) << failure.toStdString();
             if (!failure.isEmpty()) {
                 EXPECT_EQ(RowsOf(Cards), before);
+                EXPECT_TRUE(deleting || failure.contains(c.told)) << failure.toStdString();
             } else if (!deleting) {
                 EXPECT_EQ(RowsOf(Cards), QStringList(before).replaceInStrings(u"|IN|"_s, u"|S|"_s));
             }

@@ -3,8 +3,10 @@
 #include "support/window_company.h"
 #include "timecard/sheet_lifecycle.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QImageReader>
+#include <QTest>
 
 #include <sys/stat.h>
 
@@ -50,6 +52,7 @@ TEST(frmAED_Absen, WhatIsTypedIsRecordedOrRefused) {
 
 TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
     WindowCompany desk;
+    desk.Run(u"UPDATE Employee SET PathImage='DATA.mdb'"_s);
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
         EXPECT_EQ(TextOf(entry, {"lblMode", "lblMoment"}), u"ABSEN MASUK|22-Nov-2026   07:58:12"_s);
         EXPECT_FALSE(Part<QWidget>(entry, "picDetail").isVisible());
@@ -59,8 +62,13 @@ TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
         EXPECT_EQ(TextOf(entry, {"txtNama", "txtDept", "txtDivisi", "txtPassword"}),
                   u"Siti Aminah|PROD|A|"_s);
         EXPECT_GT(entry.height(), smallHeight);
-        // Nothing is recorded a second time while the window waits to close itself.
+        EXPECT_EQ(TextOf(entry, "lblDone"), u"✓  Masuk tercatat pukul 07:58:12"_s);
+        EXPECT_FALSE(Part<QLabel>(entry, "imgEmp").pixmap().isNull()) << "in place of a damaged photo";
+        // Nothing is chosen or recorded a second time while the window waits to close itself.
+        KeyboardUser::Press(Qt::Key_F9);
+        EXPECT_FALSE(QApplication::activePopupWidget());
         Keys(u"⏎"_s);
+        EXPECT_FALSE(entry.isVisible());
     });
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(desk.RowsOf(u"select TimeIN from TimeCardDetail"_s), QStringList{u"2026-11-22 07:58:12"_s});
@@ -186,10 +194,20 @@ TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
         KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !desk.dialogs.texts.isEmpty(); }));
         EXPECT_EQ(desk.dialogs.texts, QStringList{u"Gagal Simpan Record ini."_s});
-        const auto& nik = Part<QLineEdit>(entry, "txtNIK");
-        KeyboardUser::Type(u"0012"_s);
+        KeyboardUser::Type(u"9999"_s);
+        KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.dialogs.texts.size() > 1; }));
+        EXPECT_EQ(desk.dialogs.Last(), u"NIK tidak ada !"_s);
+        EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
+        auto& clear = Part<QPushButton>(entry, "cmdButtons_2");
+        QTest::mousePress(&clear, Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QTest::mouseRelease(&clear, Qt::LeftButton);
+        EXPECT_EQ(desk.dialogs.texts.size(), 2) << "on the way out the number does not matter";
+        Keys(u"0012⏎rahasia"_s);
         KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
-        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return nik.text().isEmpty(); }));
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return TextOf(entry, "txtNIK").isEmpty(); }));
+        EXPECT_EQ(TextOf(entry, "txtPassword"), QString());
         KeyboardUser::Type(u"0014"_s);
         for (int i = 0; i < 3; ++i)
             KeyboardUser::Press(Qt::Key_Tab);
@@ -200,6 +218,22 @@ TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
     });
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220014|0014|IN"_s});
+}
+
+TEST(frmAED_Absen, ThePasswordIsThatOfTheNumberInTheFieldAtThatMoment) {
+    WindowCompany desk;
+    desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget&) {
+        Keys(u"0012⏎"_s);
+        KeyboardUser::Press(Qt::Key_Backtab, Qt::ShiftModifier);
+        Keys(u"0013↹rahasia⏎"_s); // that of the number before
+        desk.Run(u"UPDATE [User] SET Password='baru' WHERE UserID='0013'"_s);
+        Keys(u"kunci1⏎"_s);
+        EXPECT_EQ(desk.dialogs.texts, QStringList(2, u"Password salah !"_s));
+        EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
+        Keys(u"baru⏎⎋"_s);
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220013|0013|IN"_s});
 }
 
 TEST(frmAED_Absen, AFailureIsReportedLoggedAndLeavesNothing) {

@@ -27,6 +27,14 @@ void Unlock(WindowCompany& desk) {
     desk.Part<QPushButton>("cmdTCID").click();
 }
 
+/// Budi (0013) came at half past seven, as another desk recorded it.
+void RecordBudi(const TestCompany& company, const QString& tcid, const QString& day) {
+    const auto other = company.OtherDesk();
+    other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES (?,'0013','IN')"_s, {tcid});
+    other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES (?,?,?)"_s,
+                   {tcid, day, day + u" 07:30:00"_s});
+}
+
 void TypeOver(QLineEdit& box, const QString& text) {
     box.setFocus();
     box.selectAll();
@@ -42,6 +50,7 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
     EXPECT_EQ(desk.RowsOf(Sheets), QStringList{u"T20261122|1"_s});
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
+    EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), u"Lembar T20261122 ditutup."_s);
 
     KeyboardUser::Press(Qt::Key_F2);
     KeyboardUser::Press(Qt::Key_F8);
@@ -53,6 +62,10 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     EXPECT_FALSE(desk.Part<QWidget>("picCloseTcid").isVisible());
     desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
+    CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
+    KeyboardUser::Press(Qt::Key_F8);
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
 }
 
 TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
@@ -74,8 +87,10 @@ TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
     KeyboardUser::Press(Qt::Key_F3); // for admin mode only
     EXPECT_EQ(opened, 0);
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
     desk.Part<QPushButton>("cmdButtons_2").click();
     EXPECT_EQ(opened, 1);
+    EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s) << "what was done there is shown at once";
 }
 
 TEST(frmMain, AdminModeIsTurnedOnWithACheckAndOffWithoutAndOpensEditorAndAdministration) {
@@ -114,7 +129,17 @@ TEST(frmMain, TheUnlockedIdentifierIsComposedFromItsFields) {
     TypeOver(day, u"7"_s);
     KeyboardUser::Press(Qt::Key_Tab);
     EXPECT_EQ(sheet.text(), u"T20261107-A"_s);
+    TypeOver(day, u""_s);
+    KeyboardUser::Press(Qt::Key_Tab);
+    EXPECT_EQ(day.text() + sheet.text(), u"07T20261107-A"_s);
+    TypeOver(day, u"22"_s);
+    KeyboardUser::Press(Qt::Key_Tab);
+    EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible()) << "another sheet of today";
     TypeOver(extension, u""_s);
+    TypeOver(day, u"1"_s);
+    KeyboardUser::Press(Qt::Key_Tab);
+    desk.Part<QAbstractButton>("UpDown1_Down").click();
+    EXPECT_EQ(sheet.text(), u"T20261101"_s);
     TypeOver(day, u"30"_s);
     KeyboardUser::Press(Qt::Key_Tab);
     for (int i = 0; i < 2; ++i)
@@ -136,10 +161,17 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_EQ(tabs.currentIndex(), 21);
 
+    RecordBudi(desk, u"T202611050013"_s, u"2026-11-05"_s);
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     tabs.setCurrentIndex(4);
     EXPECT_EQ(sheet.text(), u"T20261105"_s);
     EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
+    tabs.setFocus();
+    KeyboardUser::Press(Qt::Key_Space); // the day that is open already: no login
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { Keys(u"0012⏎rahasia⏎⎋"_s); });
+    desk.Part<QPushButton>("cmdButtons_0").click(); // at once, before the clock's next tick
+    EXPECT_EQ(desk.RowsOf(Cards).value(0), u"T202611050012|0012|IN|2026-11-05|2026-11-05 07:58:12|-|1"_s);
     tabs.setCurrentIndex(21);
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
@@ -153,7 +185,10 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_EQ(tabs.count(), 31);
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
+    EXPECT_EQ(tabs.property("look"), u"unmarked"_s);
     // Today has the number of the sheet's day, and so the tab that is current already.
+    QTest::mouseClick(&tabs, Qt::RightButton, {}, tabs.tabRect(21).center());
+    EXPECT_EQ(sheet.text(), u"T20261122"_s);
     tabs.setFocus();
     tabs.setCurrentIndex(21);
     KeyboardUser::Press(Qt::Key_Space);
@@ -198,10 +233,7 @@ TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
 
 TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     WindowCompany desk;
-    const auto other = desk.OtherDesk();
-    other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES ('T202611220013','0013','IN')"_s);
-    other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES "
-                   "('T202611220013','2026-11-22','2026-11-22 07:30:00')"_s);
+    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
     desk.clock.now = Moment(u"2026-11-22 07:58:13");
     desk.Tick();
     EXPECT_EQ(desk.Said("lblTimer"), u"07:58:13-3"_s);
@@ -211,6 +243,9 @@ TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     EXPECT_EQ(desk.Said("lblTimer"), u"07:58:15-0"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s);
+    desk.clock.now = Moment(u"2026-11-22 07:58:17");
+    desk.Tick();
+    EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s) << "not at every tick";
     // The tick of 20 seconds fell out: the next one makes up for it, and the running hours move.
     desk.clock.now = Moment(u"2026-11-22 07:58:21");
     desk.Tick();
@@ -236,9 +271,10 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmp
     Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Nip);
     grid.selectRow(60);
     grid.verticalScrollBar()->setValue(50);
+    EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
     const QString selected = desk.Cell(60, SheetModel::Nip);
-    desk.Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal) VALUES ('T20261122150','2026-11-22')"_s);
-    desk.clock.now += Seconds{5};
+    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
+    desk.clock.now += Seconds{10};
     desk.Tick();
     EXPECT_EQ(grid.currentIndex().row(), 60);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
@@ -249,7 +285,9 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmp
     EXPECT_EQ(desk.Cell(grid.currentIndex().row(), SheetModel::Nip), selected);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
     KeyboardUser::Press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(grid.currentIndex().siblingAtColumn(SheetModel::Nip).data(), selected);
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
+    EXPECT_TRUE(desk.Said("lblCounts").contains(u" 1 masuk "_s)) << "the rows are filled again";
     EXPECT_TRUE(desk.dialogs.texts.isEmpty());
     for (const int column :
          {SheetModel::Status, SheetModel::TimeIn, SheetModel::Hours, SheetModel::OvertimeHours})
@@ -372,6 +410,7 @@ TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
     EXPECT_TRUE(desk.dialogs.Last().contains(u"Perintah database ditolak"_s));
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), QString());
     EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }

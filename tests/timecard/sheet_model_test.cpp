@@ -145,6 +145,9 @@ TEST_F(DaySheet, HoursRunWithTheClockUntilTheSheetIsClosed) {
     Refresh();
     EXPECT_EQ(Row(0), u"IN|PROD/A|0012|Budi|07:58:12||00:2:00|||"_s) << "as it was before it was sorted";
     model.LoadEmployees(Db(), ByName);
+    CloseSheet(*other, Sheet + u"-A"_s);
+    model.Refresh(Db(), Sheet + u"-A"_s);
+    EXPECT_EQ(hours(), QString()) << "not those of the sheet before";
     ReopenSheet(*other, Sheet);
     Refresh();
     EXPECT_FALSE(model.IsClosed());
