@@ -225,8 +225,19 @@ bool frmEditAbsensi::MayTypeInto(const QModelIndex& cell) {
     return false;
 }
 
+bool frmEditAbsensi::MaySave(int row) {
+    const QStringList reversed = model_.ReversedTimes(row);
+    return reversed.isEmpty()
+           || program_.dialogs.Ask(u"Kartu %1:\n%2\nSimpan juga?"_s.arg(
+                                       model_.index(row, Tcid).data().toString(), reversed.join(u'\n')),
+                                   Dialogs::Answer::No)
+                  == Dialogs::Answer::Yes;
+}
+
 /// A row that another desk changed is read anew: nothing of it is left to save.
 bool frmEditAbsensi::SaveGridRow(int row) {
+    if (!MaySave(row))
+        return false;
     try {
         model_.SaveRow(row);
         ShowState(u"Baris %1 disimpan."_s.arg(row + 1));

@@ -66,6 +66,10 @@ frmEditAbsensiOne::frmEditAbsensiOne(Program& program, const QString& tcid, cons
     connect(ui_->chkOTIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkOTIO_Click);
     connect(ui_->txtStatus, &QComboBox::currentTextChanged, this, &frmEditAbsensiOne::ShowStatusText);
     SetUpDateBoxes(*this, program_);
+    for (MomentBox* box : {ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+        box->ReadAfter([this] {
+            return ui_->txtTIN->HoldsSuggestion() ? std::nullopt : std::optional(ui_->txtTIN->Value());
+        });
     for (const MomentBox* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
         connect(box, &DateBox::Changed, this, &frmEditAbsensiOne::ShowHints);
     for (const QLineEdit* amount : {ui_->txtNAmount, ui_->txtOTAmount})
@@ -156,13 +160,31 @@ CardFields frmEditAbsensiOne::TypedFields() const {
     return fields;
 }
 
+/// Asks about typed times of which the departure lies before the arrival.
+bool frmEditAbsensiOne::MaySaveTimes(const CardFields& fields) {
+    QStringList reversed;
+    const auto compare = [&](bool given, const MomentBox& in, const MomentBox& out, bool typed) {
+        if (given && typed && out.Value() < in.Value())
+            reversed << u"%1 %2 mendahului %3 %4."_s.arg(out.accessibleName(), out.text(),
+                                                         in.accessibleName(), in.text());
+    };
+    compare(fields.normalGiven, *ui_->txtTIN, *ui_->txtTOUT,
+            fields.timeIn != untouched_.timeIn || fields.timeOut != untouched_.timeOut);
+    compare(fields.overtimeGiven, *ui_->txtOTIN, *ui_->txtOTOUT,
+            fields.overtimeIn != untouched_.overtimeIn || fields.overtimeOut != untouched_.overtimeOut);
+    return reversed.isEmpty()
+           || program_.dialogs.Ask(u"Kartu %1:\n%2\nSimpan juga?"_s.arg(tcid_, reversed.join(u'\n')),
+                                   Dialogs::Answer::No)
+                  == Dialogs::Answer::Yes;
+}
+
 bool frmEditAbsensiOne::SaveTimeCard() {
-    if (!ReadTypedBoxes(*this))
+    if (!ReadTypedBoxes(*this) || !card_ || !MaySaveTimes(TypedFields()))
         return false;
     bool saved = false;
     Trapped(program_, u"SaveTimeCard"_s, [&] {
         const BusyPointer busy;
-        saved = card_ && card_->Save(TypedFields());
+        saved = card_->Save(TypedFields());
     });
     if (saved) {
         untouched_ = TypedFields();

@@ -41,6 +41,7 @@ private:
     void cmdButtons_Click(int index);
 
     void LoadTimeCard();
+    bool MaySaveTimes(const CardFields& fields);
     /// True when the card was written.
     bool SaveTimeCard();
     void FillStatusList();

@@ -83,7 +83,8 @@ TEST(frmEditAbsensiOne, ShowsTheCardAndSavesNothingUnasked) {
 TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
     for (const auto& [typed, hours, out] : {std::tuple{u"22Nov2026 1630"_s, u"8"_s, u"2026-11-22 16:30:00"_s},
                                             {u"22/11/2026 17:30"_s, u"10"_s, u"2026-11-22 17:30:00"_s},
-                                            {u"+1 8.00"_s, u"24"_s, u"2026-11-23 08:00:00"_s}}) {
+                                            {u"+1 8.00"_s, u"24"_s, u"2026-11-23 08:00:00"_s},
+                                            {u"0605"_s, u"22"_s, u"2026-11-23 06:05:00"_s}}) {
         CardEditor editor(u"OUT"_s, u"2026-11-22 08:00:00"_s, u"2026-11-22 12:00:00"_s);
         editor.Run(u"UPDATE TimeCardHeader SET OTHours=1.15"_s);
         editor.Run(u"UPDATE TimeCardDetail SET TimeINOT='2026-11-22 17:00:00', ShiftCode='P'"_s);
@@ -285,6 +286,28 @@ TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
         EXPECT_EQ(editor.RowsOf(u"select Keterangan, NormalHours from TimeCardHeader"_s),
                   QStringList{u"-|-"_s});
         EXPECT_EQ(editor.RowsOf(u"select TimeOUT from TimeCardDetail"_s), left);
+    }
+}
+
+TEST(frmEditAbsensiOne, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
+    using Answer = Dialogs::Answer;
+    for (const auto& [box, typed, answer, stored] :
+         {std::tuple{"txtTOUT", u"21Nov2026 0500"_s, Answer::No, u"17:00:00|16:30:00"_s},
+          {"txtTOUT", u"21Nov2026 0500"_s, Answer::Yes, u"05:00:00|16:30:00"_s},
+          {"txtOTOUT", u"1600"_s, Answer::No, u"17:00:00|16:30:00"_s},
+          {"txtKeterangan", u"x"_s, Answer::No, u"17:00:00|16:30:00"_s}}) {
+        CardEditor editor(u"OUT"_s);
+        // The computation itself puts the end of overtime before its start when someone leaves early.
+        editor.Run(
+            u"UPDATE TimeCardDetail SET TimeINOT='2026-11-22 17:00:00', TimeOutOT='2026-11-22 16:30:00'"_s);
+        editor.dialogs.answers = {answer};
+        editor.Open([&, box = box, typed = typed](QWidget& window) {
+            TypeInto(window, box, typed);
+            Press("cmdButtons_1", window);
+        });
+        EXPECT_EQ(editor.dialogs.questions.size(), box == std::string("txtKeterangan") ? 0 : 1) << box;
+        EXPECT_EQ(editor.RowsOf(u"select Mid(TimeOUT,12), Mid(TimeOutOT,12) from TimeCardDetail"_s),
+                  QStringList{stored});
     }
 }
 

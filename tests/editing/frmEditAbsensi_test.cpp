@@ -135,6 +135,20 @@ TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
     EXPECT_TRUE(search.dialogs.questions.isEmpty());
 }
 
+TEST(frmEditAbsensi, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
+    SearchWindow search;
+    KeyboardUser::Press(Qt::Key_Return);
+    for (const auto& [answer, stored] :
+         {std::pair{Dialogs::Answer::No, u"16:30:00"_s}, std::pair{Dialogs::Answer::Yes, u"05:00:00"_s}}) {
+        search.dialogs.answers = {answer};
+        search.Type(0, TimeOut, u"21-Nov-2026 0500"_s);
+        KeyboardUser::Press(Qt::Key_Down);
+        EXPECT_TRUE(search.RowsOf(Cards)[0].endsWith(stored));
+        EXPECT_TRUE(search.dialogs.questions.last().startsWith(u"Kartu T202611210012:\nTimeOUT"_s));
+    }
+    EXPECT_EQ(search.dialogs.questions.size(), 2);
+}
+
 TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     SearchWindow search;
     KeyboardUser::Press(Qt::Key_Return);
@@ -158,7 +172,7 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     search.Run(u"UPDATE TimeCardDetail SET TimeOUT=datetime(TimeOUT,'1 days')"_s);
     search.Type(0, Keterangan, u"dibuang"_s);
     doubleClick(SerialNo);
-    EXPECT_EQ(search.Cell(0, TimeOut), u"22-Nov-2026 16:30:00"_s);
+    EXPECT_EQ(search.Cell(0, TimeOut), u"16:30:00 (+1)"_s);
     EXPECT_EQ(search.Cell(0, Keterangan), QString());
     search.Run(u"DELETE FROM TimeCardHeader WHERE TCID='T202611210013'"_s);
     search.Go(1, TimeIn);
