@@ -7,6 +7,7 @@
 #include "editing/computation_words.h"
 #include "editing/employee_status.h"
 #include "editing/grid_row.h"
+#include "editing/save_questions.h"
 #include "editing/search_criteria.h"
 #include "editing/work_grid.h"
 #include "reports/report_file.h"
@@ -105,6 +106,9 @@ CellEditing frmEditAbsensi::GridEditing() {
     editing.checkedColumn = Status;
     editing.check = [this](const QModelIndex&, const QString& code) {
         return ListedStatus(program_.Db(), code);
+    };
+    editing.mayEnter = [this](const QModelIndex& cell, const QString& text) {
+        return cell.column() < NormalHours || MayCutNumber(program_.dialogs, text);
     };
     editing.mayEdit = [this](const QModelIndex& cell) { return MayTypeInto(cell); };
     editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
@@ -226,12 +230,8 @@ bool frmEditAbsensi::MayTypeInto(const QModelIndex& cell) {
 }
 
 bool frmEditAbsensi::MaySave(int row) {
-    const QStringList reversed = model_.ReversedTimes(row);
-    return reversed.isEmpty()
-           || program_.dialogs.Ask(u"Kartu %1:\n%2\nSimpan juga?"_s.arg(
-                                       model_.index(row, Tcid).data().toString(), reversed.join(u'\n')),
-                                   Dialogs::Answer::No)
-                  == Dialogs::Answer::Yes;
+    return MayStoreReversed(program_.dialogs, model_.index(row, Tcid).data().toString(),
+                            model_.ReversedTimes(row));
 }
 
 /// A row that another desk changed is read anew: nothing of it is left to save.

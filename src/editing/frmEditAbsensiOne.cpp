@@ -1,10 +1,12 @@
 #include "editing/frmEditAbsensiOne.h"
 
 #include "cards/card_computation.h"
+#include "compute/fixed_number.h"
 #include "core/code_lists.h"
 #include "core/query_values.h"
 #include "database/statement.h"
 #include "editing/computation_words.h"
+#include "editing/save_questions.h"
 #include "ui/busy_pointer.h"
 #include "ui/moment_box.h"
 #include "ui/typing.h"
@@ -39,11 +41,8 @@ QString TimesHint(bool given, const MomentBox& in, const MomentBox& out) {
 
 /// Says what part of a typed amount counts when it is not all of it.
 QString AmountHint(const QString& amount) {
-    static const QRegularExpression number(u"^\\s*[+-]?[0-9]*([.][0-9]*)?\\s*"_s);
-    const qsizetype end = number.match(amount).capturedLength();
-    if (end == amount.size())
-        return {};
-    return u"Jumlah dibaca hanya sampai \"%1\"."_s.arg(amount[end]);
+    const QStringView unread = UnreadPart(amount);
+    return unread.isEmpty() ? QString() : u"Jumlah dibaca hanya sampai \"%1\"."_s.arg(unread[0]);
 }
 
 } // namespace
@@ -160,8 +159,16 @@ CardFields frmEditAbsensiOne::TypedFields() const {
     return fields;
 }
 
-/// Asks about typed times of which the departure lies before the arrival.
-bool frmEditAbsensiOne::MaySaveTimes(const CardFields& fields) {
+/// Asks about what is typed and can hardly be meant.
+bool frmEditAbsensiOne::MaySave(const CardFields& fields) {
+    Dialogs& dialogs = program_.dialogs;
+    return MayStoreReversed(dialogs, tcid_, ReversedTimes(fields))
+           && (fields.normalAmount == untouched_.normalAmount || MayCutNumber(dialogs, fields.normalAmount))
+           && (fields.otAmount == untouched_.otAmount || MayCutNumber(dialogs, fields.otAmount));
+}
+
+/// Sentences on typed times of which the departure lies before the arrival.
+QStringList frmEditAbsensiOne::ReversedTimes(const CardFields& fields) const {
     QStringList reversed;
     const auto compare = [&](bool given, const MomentBox& in, const MomentBox& out, bool typed) {
         if (given && typed && out.Value() < in.Value())
@@ -172,14 +179,11 @@ bool frmEditAbsensiOne::MaySaveTimes(const CardFields& fields) {
             fields.timeIn != untouched_.timeIn || fields.timeOut != untouched_.timeOut);
     compare(fields.overtimeGiven, *ui_->txtOTIN, *ui_->txtOTOUT,
             fields.overtimeIn != untouched_.overtimeIn || fields.overtimeOut != untouched_.overtimeOut);
-    return reversed.isEmpty()
-           || program_.dialogs.Ask(u"Kartu %1:\n%2\nSimpan juga?"_s.arg(tcid_, reversed.join(u'\n')),
-                                   Dialogs::Answer::No)
-                  == Dialogs::Answer::Yes;
+    return reversed;
 }
 
 bool frmEditAbsensiOne::SaveTimeCard() {
-    if (!ReadTypedBoxes(*this) || !card_ || !MaySaveTimes(TypedFields()))
+    if (!ReadTypedBoxes(*this) || !card_ || !MaySave(TypedFields()))
         return false;
     bool saved = false;
     Trapped(program_, u"SaveTimeCard"_s, [&] {

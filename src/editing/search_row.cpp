@@ -3,6 +3,7 @@
 #include "cards/sheet_identifier.h"
 #include "compute/money.h"
 #include "core/typed_date.h"
+#include "database/database_error.h"
 
 using namespace Qt::StringLiterals;
 using enum SearchRow::Column;
@@ -60,6 +61,15 @@ std::optional<Day> ReadShownDay(const QString& text) {
 QString FlagText(const QString& typed) {
     static const QStringList yes{u"true"_s, u"t"_s, u"ya"_s, u"y"_s, u"1"_s};
     return yes.contains(typed.trimmed().toLower()) ? u"True"_s : u"False"_s;
+}
+
+/// A number that is too large stays, to be refused when it is saved.
+QString NumberText(const QString& typed) {
+    try {
+        return Money::FromText(typed).Text();
+    } catch (const ProgramError&) {
+        return typed;
+    }
 }
 
 QString TimeText(const QStringList& elements, Day day, int column, const QString& typed) {
@@ -136,6 +146,8 @@ std::optional<WallTime> ReadTimeCell(const QString& text, Day cardDay) {
 QString EnteredText(const QStringList& elements, int column, const QString& typed) {
     if (column == BeriUangMakan)
         return FlagText(typed);
+    if (column >= NormalHours)
+        return NumberText(typed);
     const bool isTime = column >= TimeIn && column <= TimeOutOt;
     const auto day = isTime ? DayOfRow(elements) : std::nullopt;
     return day ? TimeText(elements, *day, column, typed) : typed;

@@ -54,6 +54,6 @@ std::optional<Day> DayOfRow(const QStringList& elements);
 /// the text is neither.
 std::optional<WallTime> ReadTimeCell(const QString& text, Day cardDay);
 
-/// What a typed text becomes in its cell when it is entered into a row: the flag or time that will be
-/// stored, a time that lies before the arrival being of the next day. A text that is none stays as it is.
+/// What a typed text becomes in its cell when it is entered into a row: the flag, number or time that will
+/// be stored, a time that lies before the arrival being of the next day. A text that is none stays as it is.
 QString EnteredText(const QStringList& elements, int column, const QString& typed);

@@ -244,6 +244,10 @@ TEST(frmEditAbsensiOne, AmountsSayWhatOfThemCountsAndSecondsAreThoseOfTheCardOrN
         EXPECT_EQ(TextOf(window, "lblOvertimeHint"), QString());
         TypeInto(window, "txtTIN", u"21Nov2026"_s);
         TypeInto(window, "txtTOUT", u"1704"_s);
+        editor.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
+        Press("cmdButtons_1", window);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(editor.dialogs.questions[0].startsWith(u"1,250,000 akan disimpan sebagai 1. Simpan?"_s));
         Press("cmdButtons_1", window);
     });
     EXPECT_EQ(editor.RowsOf(u"select NormalAmount, OTAmount from TimeCardHeader"_s),
@@ -308,6 +312,22 @@ TEST(frmEditAbsensiOne, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
         EXPECT_EQ(editor.dialogs.questions.size(), box == std::string("txtKeterangan") ? 0 : 1) << box;
         EXPECT_EQ(editor.RowsOf(u"select Mid(TimeOUT,12), Mid(TimeOutOT,12) from TimeCardDetail"_s),
                   QStringList{stored});
+    }
+}
+
+TEST(frmEditAbsensiOne, AnAmountTooLargeForMoneyCanBeLookedAtAndLeft) {
+    for (const bool compute : {false, true}) {
+        CardEditor editor(u"OUT"_s);
+        editor.Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15"_s);
+        editor.Open([&](QWidget& window) {
+            EXPECT_EQ(TextOf(window, "txtNAmount"), u"1000000000000000"_s);
+            if (compute)
+                Press("cmdCalcHrs", window);
+            EXPECT_EQ(TextOf(window, "txtNAmount") == u"150000"_s, compute);
+            KeyboardUser::Press(Qt::Key_Escape);
+            EXPECT_FALSE(window.isVisible());
+        });
+        EXPECT_TRUE(editor.dialogs.texts.isEmpty() && editor.dialogs.questions.isEmpty());
     }
 }
 

@@ -149,6 +149,30 @@ TEST(frmEditAbsensi, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
     EXPECT_EQ(search.dialogs.questions.size(), 2);
 }
 
+TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
+    SearchWindow search;
+    search.Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(search.Cell(0, NormalAmount), u"1000000000000000"_s);
+    using Answer = Dialogs::Answer;
+    const std::tuple<QString, Answer, qsizetype, QString> cases[] = {
+        {u"150,000"_s, Answer::No, 1, u"1000000000000000"_s},
+        {u"150,000"_s, Answer::Yes, 1, u"150"_s},
+        {u"-1,5"_s, Answer::Yes, 1, u"-1"_s},
+        {u"1.2.3"_s, Answer::Cancel, 1, u"-1"_s},
+        {u"150.50"_s, Answer::No, 0, u"150.5"_s},
+        {u"9000 rupiah"_s, Answer::No, 0, u"9000"_s}};
+    for (const auto& [typed, answer, asked, shown] : cases) {
+        search.dialogs.questions.clear();
+        search.dialogs.answers = {answer};
+        search.Type(0, NormalAmount, typed);
+        EXPECT_EQ(search.dialogs.questions.size(), asked) << typed.toStdString();
+        EXPECT_EQ(search.Part<QLineEdit>("Text1").isVisible(), asked > 0 && answer != Answer::Yes);
+        KeyboardUser::Press(Qt::Key_Escape);
+        EXPECT_EQ(search.Cell(0, NormalAmount), shown) << typed.toStdString();
+    }
+}
+
 TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     SearchWindow search;
     KeyboardUser::Press(Qt::Key_Return);

@@ -237,7 +237,7 @@ TEST_F(Search, SavesWhatWasTypedAndNothingElse) {
     }
 }
 
-TEST_F(Search, ATypedTimeIsShownOnItsDayAndADepartureBeforeItsArrivalIsPointedOut) {
+TEST_F(Search, ACellShowsWhatWillBeStoredAndADepartureBeforeItsArrivalIsPointedOut) {
     const std::tuple<SearchRow::Column, QString, QString, QString> cases[] = {
         {TimeOut, u"6.05"_s, u"06:05:00 (+1)"_s, u""_s},
         {TimeOut, u"2330"_s, u"23:30:00"_s, u""_s},
@@ -249,6 +249,9 @@ TEST_F(Search, ATypedTimeIsShownOnItsDayAndADepartureBeforeItsArrivalIsPointedOu
         {TimeOutOt, u"0600"_s, u"06:00:00 (+1)"_s,
          u"TimeOutOT 06:00:00 (+1) mendahului TimeINOT 24-Nov-2026 01:00:00."_s},
         {Keterangan, u"0600"_s, u"0600"_s, u""_s},
+        {NormalHours, u"8.30 jam"_s, u"8.3"_s, u""_s},
+        {NormalAmount, u"150,000"_s, u"150"_s, u""_s},
+        {OtAmount, u"1000000000000000"_s, u"1000000000000000"_s, u""_s},
     };
     Run(u"UPDATE TimeCardDetail SET TimeINOT='2026-11-24 01:00:00'"_s);
     for (const auto& [column, typed, shown, reversed] : cases) {
