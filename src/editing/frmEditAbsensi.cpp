@@ -2,6 +2,7 @@
 
 #include "cards/card_computation.h"
 #include "core/code_lists.h"
+#include "core/status_codes.h"
 #include "core/supervisor_check.h"
 #include "core/text_table.h"
 #include "editing/computation_words.h"
@@ -230,8 +231,15 @@ bool frmEditAbsensi::MayTypeInto(const QModelIndex& cell) {
 }
 
 bool frmEditAbsensi::MaySave(int row) {
-    return MayStoreReversed(program_.dialogs, model_.index(row, Tcid).data().toString(),
-                            model_.ReversedTimes(row));
+    if (!MayStoreReversed(program_.dialogs, model_.index(row, Tcid).data().toString(),
+                          model_.ReversedTimes(row)))
+        return false;
+    if (!model_.GetsForgottenDeparture(row))
+        return true;
+    const Dialogs::Answer answer = OfferOut(program_.dialogs);
+    if (answer == Dialogs::Answer::Yes)
+        model_.setData(model_.index(row, Status), CardStatus::Out.toString());
+    return answer != Dialogs::Answer::Cancel;
 }
 
 /// A row that another desk changed is read anew: nothing of it is left to save.

@@ -4,6 +4,7 @@
 #include "compute/fixed_number.h"
 #include "core/code_lists.h"
 #include "core/query_values.h"
+#include "core/status_codes.h"
 #include "database/statement.h"
 #include "editing/computation_words.h"
 #include "editing/save_questions.h"
@@ -91,8 +92,13 @@ void frmEditAbsensiOne::Form_Load() {
 
 void frmEditAbsensiOne::FillStatusList() {
     ui_->txtStatus->clear();
-    for (const CodeName& type : CodeLists::AbsenceTypes(program_.Db()))
-        ui_->txtStatus->addItem(type.code, type.name);
+    for (const auto& list :
+         {CodeLists::AbsenceTypes(program_.Db()), CodeLists::EmployeeStatuses(program_.Db())}) {
+        for (const CodeName& status : list) {
+            if (ui_->txtStatus->findText(status.code, Qt::MatchFixedString | Qt::MatchCaseSensitive) < 0)
+                ui_->txtStatus->addItem(status.code, status.name);
+        }
+    }
 }
 
 void frmEditAbsensiOne::Form_Activate() {
@@ -159,12 +165,19 @@ CardFields frmEditAbsensiOne::TypedFields() const {
     return fields;
 }
 
-/// Asks about what is typed and can hardly be meant.
+/// Asks about what is typed and can hardly be meant, and what goes with it.
 bool frmEditAbsensiOne::MaySave(const CardFields& fields) {
     Dialogs& dialogs = program_.dialogs;
-    return MayStoreReversed(dialogs, tcid_, ReversedTimes(fields))
-           && (fields.normalAmount == untouched_.normalAmount || MayCutNumber(dialogs, fields.normalAmount))
-           && (fields.otAmount == untouched_.otAmount || MayCutNumber(dialogs, fields.otAmount));
+    if (!MayStoreReversed(dialogs, tcid_, ReversedTimes(fields))
+        || (fields.normalAmount != untouched_.normalAmount && !MayCutNumber(dialogs, fields.normalAmount))
+        || (fields.otAmount != untouched_.otAmount && !MayCutNumber(dialogs, fields.otAmount)))
+        return false;
+    if (!fields.normalGiven || fields.timeOut == untouched_.timeOut || fields.status != CardStatus::In)
+        return true;
+    const Dialogs::Answer answer = OfferOut(dialogs);
+    if (answer == Dialogs::Answer::Yes)
+        ShowStatus(CardStatus::Out.toString());
+    return answer != Dialogs::Answer::Cancel;
 }
 
 /// Sentences on typed times of which the departure lies before the arrival.

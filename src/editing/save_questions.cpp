@@ -22,3 +22,7 @@ bool MayCutNumber(Dialogs& dialogs, const QString& typed) {
                   Answer::No)
                   == Answer::Yes;
 }
+
+Answer OfferOut(Dialogs& dialogs) {
+    return dialogs.Ask(u"Jam keluar diisi tetapi status masih IN. Ubah status menjadi OUT?"_s, Answer::Yes);
+}

@@ -13,3 +13,7 @@ bool MayStoreReversed(Dialogs& dialogs, const QString& tcid, const QStringList& 
 /// Whether a typed number is stored although digits follow the part of it that counts. Throws ProgramError
 /// for a number that is too large.
 bool MayCutNumber(Dialogs& dialogs, const QString& typed);
+
+/// What becomes of the status of a card that gets a departure while it says that its employee is in: Yes, it
+/// becomes OUT; Cancel, nothing is stored.
+Dialogs::Answer OfferOut(Dialogs& dialogs);

@@ -104,6 +104,12 @@ QStringList SearchModel::ReversedTimes(int row) const {
     return IsEdited(row) ? ::ReversedTimes(rows_.at(static_cast<size_t>(row)), Elements(row)) : QStringList();
 }
 
+bool SearchModel::GetsForgottenDeparture(int row) const {
+    const QString out = Text(row, TimeOut);
+    return IsEdited(row) && !out.isEmpty() && Text(row, Status) == CardStatus::In
+           && out != SearchCellText(rows_.at(static_cast<size_t>(row)), TimeOut);
+}
+
 void SearchModel::SaveRow(int row) {
     if (!IsEdited(row))
         return;

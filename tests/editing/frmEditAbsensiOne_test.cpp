@@ -162,6 +162,7 @@ TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
         for (const char* name : {"chkOTIO", "chkTimeIO", "chkTimeIO"})
             Press(name, window);
         EXPECT_EQ(out.text(), u"22-Nov-2026 16:30"_s) << "what was typed stays";
+        editor.dialogs.answers = {Dialogs::Answer::No};
         Press("cmdButtons_1", window);
     });
     EXPECT_EQ(editor.RowsOf(Days),
@@ -312,6 +313,31 @@ TEST(frmEditAbsensiOne, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
         EXPECT_EQ(editor.dialogs.questions.size(), box == std::string("txtKeterangan") ? 0 : 1) << box;
         EXPECT_EQ(editor.RowsOf(u"select Mid(TimeOUT,12), Mid(TimeOutOT,12) from TimeCardDetail"_s),
                   QStringList{stored});
+    }
+}
+
+TEST(frmEditAbsensiOne, ADepartureOffersOut) {
+    using Answer = Dialogs::Answer;
+    for (const auto& [answer, status, out] : {std::tuple{Answer::Yes, u"OUT"_s, u"2026-11-22 17:05:00"_s},
+                                              {Answer::No, u"IN"_s, u"2026-11-22 17:05:00"_s},
+                                              {Answer::Cancel, u"IN"_s, u"-"_s}}) {
+        CardEditor editor(u"IN"_s, u"2026-11-22 07:45:12"_s, {});
+        editor.Run(
+            u"INSERT INTO [Employee Status] VALUES (1,'IN','Masuk'),(2,'OUT','Keluar'),(3,'S','Sakit')"_s);
+        editor.dialogs.answers = {answer};
+        editor.Open([&](QWidget& window) {
+            const auto& list = Part<QComboBox>(window, "txtStatus");
+            QStringList offered;
+            for (int i = 0; i < list.count(); ++i)
+                offered << list.itemText(i);
+            EXPECT_EQ(offered.join(u' '), u"I S IN OUT"_s);
+            Part<QWidget>(window, "chkTimeIO").setFocus();
+            Keys(u" ↹↹1705"_s);
+            Press("cmdButtons_1", window);
+        });
+        EXPECT_EQ(editor.dialogs.questions.size(), 1);
+        EXPECT_EQ(editor.RowsOf(u"select Status, TimeOUT from TimeCardHeader, TimeCardDetail"_s),
+                  QStringList{status + u'|' + out});
     }
 }
 

@@ -173,6 +173,19 @@ TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
     }
 }
 
+TEST(frmEditAbsensi, ADepartureOffersOut) {
+    SearchWindow search;
+    search.Run(u"UPDATE TimeCardHeader SET Status='IN'"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    search.Type(0, Keterangan, u"x"_s);
+    search.dialogs.answers = {Dialogs::Answer::Yes};
+    Keys(u"↓"_s);
+    EXPECT_TRUE(search.dialogs.questions.isEmpty()) << "no departure was typed";
+    search.Type(1, TimeOut, u"1700"_s);
+    Keys(u"↓"_s);
+    EXPECT_TRUE(search.RowsOf(Cards)[1].startsWith(u"T202611210013|OUT|"_s));
+}
+
 TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     SearchWindow search;
     KeyboardUser::Press(Qt::Key_Return);
