@@ -1,5 +1,7 @@
 #include "cards/sheet_identifier.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 QString SheetIdentifierOf(Day day) {
@@ -28,6 +30,12 @@ QString TrailingDay(const QString& sheet) {
 
 QString DayPartOf(const QString& sheet) {
     return sheet.contains(u'-') ? TwoDigitDay(sheet.mid(7, 2)) : TrailingDay(sheet);
+}
+
+bool IsSheetIdentifier(const QString& text) {
+    static const QRegularExpression form(
+        QRegularExpression::anchoredPattern(u"T[0-9]{4}(0[1-9]|1[0-2])(0[1-9]|[12][0-9]|3[01])(-\\S+)?"_s));
+    return form.match(text).hasMatch();
 }
 
 std::optional<Day> DayOfIdentifier(const QString& identifier) {

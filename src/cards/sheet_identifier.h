@@ -28,6 +28,9 @@ QString TrailingDay(const QString& sheet);
 /// The two-digit day of any identifier: of one with an extension, its characters 8 and 9.
 QString DayPartOf(const QString& sheet);
 
+/// Whether the text can name a sheet. Every month may have 31 days: a day is taken as it was typed.
+bool IsSheetIdentifier(const QString& text);
+
 /// The day that the identifier of a sheet or a card names; nothing when it names none.
 std::optional<Day> DayOfIdentifier(const QString& identifier);
 

@@ -19,6 +19,17 @@ QString OvertimeText(const SheetEntry& entry) {
     return modGeneral::SecondsToTimeText(TimeOfDay(*entry.overtimeOut) - TimeOfDay(*entry.overtimeIn));
 }
 
+QHash<QString, QString> ReadDayRoster(Connection& connection, Day day) {
+    // The employees' numbers lead the roster's key; an inner join would read the roster of all times.
+    Cursor rows = connection.Query(u"select e.NIP, s.ShiftCode from Employee e left join ShiftEmployee s on "
+                                   "s.NIP=e.NIP and s.Tgl=#"_s
+                                   + StoredDay(day) + u'#');
+    QHash<QString, QString> codes;
+    while (rows.Next())
+        codes.insert(rows.Text(0), rows.Text(1));
+    return codes;
+}
+
 std::vector<SheetEmployee> ReadEmployees(Connection& connection, const QString& orderBy) {
     Cursor rows = connection.Query(u"select * from employee "_s + orderBy);
     const int dept = rows.ColumnOf(u"Dept"_s);

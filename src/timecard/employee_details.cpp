@@ -8,6 +8,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString PhotoPath(const ProgramFolder& folder, const QString& pathImage) {
+    const QString path = ToLocalPath(pathImage);
+    return QFileInfo(path).isAbsolute() ? path : folder.Path() + u'/' + path;
+}
+
+} // namespace
+
 EmployeeDetails LoadEmployeeDetails(Connection& connection, const QString& nip) {
     const Recordset employee(connection, u"select * from employee where nip="_s + Quoted(nip));
     if (employee.AtEnd())
@@ -18,10 +27,14 @@ EmployeeDetails LoadEmployeeDetails(Connection& connection, const QString& nip) 
 
 QString PhotoFile(const ProgramFolder& folder, const QString& pathImage) {
     if (!pathImage.isEmpty()) {
-        const QString path = ToLocalPath(pathImage);
-        QString found = FindFile(QFileInfo(path).isAbsolute() ? path : folder.Path() + u'/' + path);
+        QString found = FindFile(PhotoPath(folder, pathImage));
         if (!found.isEmpty())
             return found;
     }
     return folder.Existing(u"\\NoImage.gif");
+}
+
+bool NamesNoFile(const ProgramFolder& folder, const QString& pathImage) {
+    const QFileInfo named(PhotoPath(folder, pathImage));
+    return !pathImage.isEmpty() && named.exists() && !named.isFile();
 }

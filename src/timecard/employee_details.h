@@ -19,3 +19,6 @@ EmployeeDetails LoadEmployeeDetails(Connection& connection, const QString& nip);
 /// The existing picture file to show for an employee: the one that the record names, a relative path being
 /// relative to the program folder; else NoImage.gif of the program folder; empty when that is missing too.
 QString PhotoFile(const ProgramFolder& folder, const QString& pathImage);
+
+/// Whether the record names something that is there but no file, such as a folder or a pipe.
+bool NamesNoFile(const ProgramFolder& folder, const QString& pathImage);

@@ -21,10 +21,13 @@ constexpr int CloseAfterMilliseconds = 2000;
 constexpr Seconds LeaveAfter{60};
 constexpr int LookForLeavingMilliseconds = 1000;
 
-/// Cameras store how the picture was held beside the picture itself. Null when the file is no picture.
-QImage ReadPhoto(const QString& file) {
+/// The picture, no larger than the room for it: a camera's would take its full size in memory first. Cameras
+/// store how the picture was held beside the picture itself. Null when the file is no picture.
+QImage ReadPhoto(const QString& file, QSize room) {
     QImageReader reader(file);
     reader.setAutoTransform(true);
+    const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+    reader.setScaledSize(reader.size().scaled(turned ? room.transposed() : room, Qt::KeepAspectRatio));
     return reader.read();
 }
 
@@ -171,14 +174,14 @@ void frmAED_Absen::ShowEmployee(const EmployeeDetails& employee) {
 }
 
 void frmAED_Absen::ShowPhoto(const QString& pathImage) {
-    QImage photo = ReadPhoto(PhotoFile(program_.folder, pathImage));
+    const QSize room = (ui_->imgEmp->minimumSize() - QSize(4, 4)) * devicePixelRatioF();
+    QImage photo = ReadPhoto(PhotoFile(program_.folder, pathImage), room);
+    const bool refused = photo.isNull() || NamesNoFile(program_.folder, pathImage);
+    ui_->lblPhoto->setVisible(refused && !pathImage.isEmpty());
+    ui_->lblPhoto->setText(u"Foto tidak dapat ditampilkan, bukan file gambar: %1"_s.arg(pathImage));
     if (photo.isNull())
-        photo = ReadPhoto(program_.folder.Existing(u"\\NoImage.gif"));
-    if (!photo.isNull()) {
-        const QSize room = (ui_->imgEmp->minimumSize() - QSize(4, 4)) * devicePixelRatioF();
-        photo = photo.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        photo.setDevicePixelRatio(devicePixelRatioF());
-    }
+        photo = ReadPhoto(program_.folder.Existing(u"\\NoImage.gif"), room);
+    photo.setDevicePixelRatio(devicePixelRatioF());
     ui_->imgEmp->setPixmap(QPixmap::fromImage(photo));
 }
 

@@ -9,6 +9,7 @@
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -29,7 +30,7 @@ constexpr Seconds RefreshEvery{5};
 constexpr std::chrono::milliseconds ClockPatience{200};
 constexpr int FileNotFoundNumber = 53;
 
-/// Ctrl+1 to Ctrl+9 and Ctrl+0 stand for a press on the header of the first to the tenth column.
+/// Ctrl with a digit stands for a press on the header of the column of that number, 0 for the tenth.
 std::optional<int> ColumnOfKey(const QKeyEvent& event) {
     const int digit = event.key() - Qt::Key_0;
     if (!event.modifiers().testFlag(Qt::ControlModifier) || digit < 0 || digit > 9)
@@ -47,6 +48,18 @@ bool RefreshIsDue(WallTime lastTick, WallTime now) {
            || lastTick.time_since_epoch() / RefreshEvery != now.time_since_epoch() / RefreshEvery;
 }
 
+/// A closed sheet is not read: what its cards say is not known.
+QString CountsText(const SheetModel::Counts& counts, bool closed) {
+    if (closed)
+        return u"%1 karyawan · lembar ditutup"_s.arg(counts.employees);
+    const QString others = counts.others > 0 ? u" · %1 lainnya"_s.arg(counts.others) : QString();
+    return u"%1 karyawan · %2 masuk · %3 keluar · %4 belum hadir"_s.arg(counts.employees)
+               .arg(counts.in)
+               .arg(counts.out)
+               .arg(counts.absent)
+           + others;
+}
+
 } // namespace
 
 frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNeeds needs)
@@ -55,9 +68,12 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     ui_->setupUi(this);
     lblCounts_ = new QLabel(this);
     lblCounts_->setObjectName(u"lblCounts"_s);
+    lblRoster_ = new QLabel(this);
+    lblRoster_->setObjectName(u"lblRoster"_s);
     lblUpdated_ = new QLabel(this);
     lblUpdated_->setObjectName(u"lblUpdated"_s);
     ui_->statusbar->addWidget(lblCounts_);
+    ui_->statusbar->addWidget(lblRoster_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
     ui_->boxSheet->Connect(program_, *ui_->tabTgl);
     ui_->lblCloseTcid->setText(RefusalText(Refusal::SheetClosed));
@@ -114,8 +130,19 @@ bool frmMain::Form_Load() {
 void frmMain::SetUpGrid() {
     DataGrid& grid = *ui_->MSHFlexGrid1;
     grid.setModel(&sheet_);
+    // Whoever was selected stays so when the employees are read anew.
+    connect(&sheet_, &QAbstractItemModel::modelAboutToBeReset, this, [this, &grid] {
+        const int row = grid.currentIndex().row();
+        selectedNip_ = row < 0 ? QString() : sheet_.NipAt(row);
+    });
+    connect(&sheet_, &QAbstractItemModel::modelReset, this,
+            [this, &grid] { grid.selectRow(selectedNip_.isEmpty() ? 0 : sheet_.RowOf(selectedNip_)); });
     grid.SetEmptyText(u"Belum ada karyawan dalam database."_s);
-    grid.horizontalHeader()->setToolTip(u"Klik judul kolom, atau Ctrl+1 sampai Ctrl+0, untuk mengurutkan"_s);
+    grid.setMouseTracking(true); // the status bar tells of the row under the mouse
+    connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this, &frmMain::ShowRoster);
+    grid.AnswerHeaders(SheetModel::SortableColumns());
+    grid.horizontalHeader()->setToolTip(
+        u"Klik judul Dept, NIP atau Nama, atau Ctrl+2, Ctrl+3, Ctrl+4, untuk mengurutkan"_s);
     const QFontMetrics metrics = grid.fontMetrics();
     const int padding = metrics.horizontalAdvance(u"MMM"_s);
     const int time = metrics.horizontalAdvance(u"00:00:00"_s) + padding;
@@ -160,7 +187,9 @@ bool frmMain::RefreshSheet(Cause cause) {
         failure = std::current_exception();
     }
     ShowState(!failure);
-    failures_.Report(failure, cause);
+    // Under another window the clock keeps quiet: what failed there has been told there.
+    if (!failure || cause == Cause::User || !QApplication::activeModalWidget())
+        failures_.Report(failure, cause);
     return !failure;
 }
 
@@ -184,34 +213,33 @@ void frmMain::ReadSheet(Cause cause) {
 void frmMain::ShowState(bool refreshed) {
     ui_->picCloseTcid->setVisible(sheet_.IsClosed());
     ui_->lblOtherDay->setVisible(!ui_->boxSheet->IsOfToday());
-    const SheetModel::Counts counts = sheet_.Count();
-    lblCounts_->setText(u"%1 karyawan · %2 masuk · %3 keluar · %4 belum hadir"_s.arg(counts.employees)
-                            .arg(counts.in)
-                            .arg(counts.out)
-                            .arg(counts.absent));
+    lblCounts_->setText(CountsText(sheet_.Count(), sheet_.IsClosed()));
+    ShowRoster();
     const QString file = QFileInfo(program_.Db().FileName()).fileName();
     lblUpdated_->setText((refreshed ? u"diperbarui %1 · %2"_s : u"TIDAK dapat diperbarui sejak %1 · %2"_s)
                              .arg(ShownTime(lastRefresh_), file));
 }
 
-void frmMain::LoadEmployees(const QString& sortClause) {
+void frmMain::ShowRoster() {
     const int row = ui_->MSHFlexGrid1->currentIndex().row();
-    const QString selected = row < 0 ? QString() : sheet_.NipAt(row);
+    lblRoster_->setText(row < 0 ? QString() : sheet_.RosterText(row));
+}
+
+void frmMain::LoadEmployees(const QString& sortClause) {
     const bool loaded = Trapped(program_, u"LoadEmployees"_s, [&] {
         const BusyPointer busy;
         sheet_.LoadEmployees(program_.Db(), sortClause);
         sortClause_ = sortClause;
     });
-    if (!loaded)
-        return;
-    RefreshSheet(Cause::User);
-    const int again = selected.isEmpty() ? 0 : sheet_.RowOf(selected);
-    ui_->MSHFlexGrid1->selectRow(again);
+    if (loaded)
+        RefreshSheet(Cause::User);
+    else
+        failures_.NoteTold();
 }
 
 void frmMain::MSHFlexGrid1_MouseDown(int column) {
     const QString clause = sheet_.OrderBy(column);
-    if (clause != sortClause_)
+    if (ui_->MSHFlexGrid1->HeaderAnswers(column) && clause != sortClause_)
         LoadEmployees(clause);
 }
 
@@ -261,18 +289,15 @@ std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
     if (mode == ClockMode::In && !ConfirmDay())
         return std::nullopt;
     sheetIdentifier_ = ui_->boxSheet->Sheet();
-    if (sheetIdentifier_.isEmpty())
+    if (!IsSheetIdentifier(sheetIdentifier_)) {
+        program_.dialogs.Warn(
+            u"\"%1\" bukan kode lembar absen, jadi tidak ada absen yang dicatat.\nPilih "
+            "tanggal lembar, atau minta supervisor membetulkan kode itu."_s.arg(sheetIdentifier_));
         return std::nullopt;
-    bool closed = false;
-    if (!Trapped(program_, u"OpenClockEntry"_s,
-                 [&] { closed = IsSheetClosed(program_.Db(), sheetIdentifier_); }))
-        return std::nullopt;
-    ui_->picCloseTcid->setVisible(closed);
-    if (closed)
-        return std::nullopt;
+    }
     // The date that the window shows may be that of another sheet, or older than another desk's recording: it
     // must not go onto a card unless it was read.
-    if (!RefreshSheet(Cause::User))
+    if (!RefreshSheet(Cause::User) || sheet_.IsClosed())
         return std::nullopt;
     return ClockEntry{sheetIdentifier_, sheetDate_, mode, program_.clock.Now()};
 }
@@ -312,10 +337,13 @@ void frmMain::ChangeSheet(bool close) {
     const bool written = Trapped(program_, u"ChangeSheet"_s, [&] {
         close ? CloseSheet(program_.Db(), sheet) : ReopenSheet(program_.Db(), sheet);
     });
+    if (!written) {
+        failures_.NoteTold();
+        return;
+    }
     RefreshSheet(Cause::User);
-    if (written)
-        ui_->statusbar->showMessage(
-            (close ? u"Lembar %1 ditutup."_s : u"Lembar %1 dibuka lagi."_s).arg(sheet), 4000);
+    ui_->statusbar->showMessage((close ? u"Lembar %1 ditutup."_s : u"Lembar %1 dibuka lagi."_s).arg(sheet),
+                                4000);
 }
 
 void frmMain::mnAdminMode_Click() {

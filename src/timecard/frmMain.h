@@ -78,6 +78,7 @@ private:
     bool RefreshSheet(Cause cause);
     void ReadSheet(Cause cause);
     void ShowState(bool refreshed);
+    void ShowRoster();
 
     Program& program_;
     b_form_skin::Backgrounds& skin_;
@@ -87,6 +88,7 @@ private:
     QString sheetIdentifier_;
     Day sheetDate_{};
     QString sortClause_;
+    QString selectedNip_;
     bool adminMode_ = false;
     bool blink_ = false;
     RefreshFailures failures_;
@@ -94,6 +96,7 @@ private:
     WallTime lastRefresh_{};
     std::unique_ptr<Ui::frmMain> ui_;
     QLabel* lblCounts_ = nullptr;
+    QLabel* lblRoster_ = nullptr;
     QLabel* lblUpdated_ = nullptr;
     QTimer Timer1;
 };

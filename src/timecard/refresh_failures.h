@@ -16,11 +16,13 @@ public:
 
     /// Takes the outcome of a refresh: the failure, or null.
     void Report(const std::exception_ptr& failure, Cause cause);
+    /// The user was told of a failure in another way: the clock need not say it again.
+    void NoteTold();
 
 private:
     void Tell(const std::exception_ptr& failure);
 
     Program& program_;
     bool failing_ = false;
-    bool telling_ = false;
+    bool waiting_ = false; ///< the clock's failure will be told in a moment
 };

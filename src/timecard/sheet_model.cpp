@@ -43,12 +43,25 @@ QString SheetModel::OrderBy(int column) const {
 }
 
 void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
-    std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy);
+    const ChangeStamp changes = connection.Changes();
+    TakeEmployees(ReadEmployees(connection, orderBy));
+    orderBy_ = orderBy;
+    employeesRead_ = changes;
+}
+
+/// What is shown stays with its employees: the cards of a closed sheet are not read again.
+void SheetModel::TakeEmployees(std::vector<SheetEmployee> employees) {
+    QHash<QString, SheetEntry> shown;
+    for (size_t row = 0; row < employees_.size(); ++row)
+        shown.insert(employees_[row].nip, entries_[row]);
+    std::vector<SheetEntry> entries;
+    entries.reserve(employees.size());
+    for (const SheetEmployee& employee : employees)
+        entries.push_back(shown.value(employee.nip, Absent()));
     beginResetModel();
     employees_ = std::move(employees);
-    entries_.assign(employees_.size(), Absent());
+    entries_ = std::move(entries);
     rowsByCard_.clear();
-    sheetOfCards_.clear();
     lastRead_ = {};
     endResetModel();
 }
@@ -66,9 +79,16 @@ void SheetModel::Refresh(Connection& connection, const QString& sheet) {
 }
 
 void SheetModel::Read(Connection& connection, const RefreshKey& key) {
+    if (key.changes != employeesRead_) {
+        std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy_);
+        if (employees != employees_)
+            TakeEmployees(std::move(employees));
+        employeesRead_ = key.changes;
+    }
     const bool closed = IsSheetClosed(connection, key.sheet);
     if (!closed) {
         const Day day = SheetDate(connection, key.sheet, key.today);
+        roster_ = ReadDayRoster(connection, day);
         TakeCards(ReadSheetCards(connection, key.sheet), key.sheet);
         sheetDay_ = day;
     } else if (sheetOfCards_ != key.sheet) {
@@ -119,7 +139,27 @@ SheetModel::Counts SheetModel::Count() const {
         counts.out += entry.status == CardStatus::Out;
         counts.absent += entry.status == CardStatus::Absent;
     }
+    counts.others = counts.employees - counts.in - counts.out - counts.absent;
     return counts;
+}
+
+QString SheetModel::RosterText(int row) const {
+    const SheetEmployee& employee = employees_.at(static_cast<size_t>(row));
+    if (closed_ || entries_[static_cast<size_t>(row)] != Absent())
+        return {};
+    const QString shift = roster_.value(employee.nip);
+    const QString day = ShownDay(sheetDay_);
+    if (shift.isEmpty())
+        return u"%1: tidak ada di jadwal shift %2"_s.arg(employee.nama, day);
+    if (shift == ShiftCode::DayOff)
+        return u"%1: libur menurut jadwal shift %2"_s.arg(employee.nama, day);
+    return u"%1: belum hadir, jadwal %2 shift %3"_s.arg(employee.nama, day, shift);
+}
+
+QVariant SheetModel::data(const QModelIndex& index, int role) const {
+    if (role == Qt::StatusTipRole && index.isValid())
+        return RosterText(index.row());
+    return TableModel::data(index, role);
 }
 
 int SheetModel::RowOf(const QString& nip) const {

@@ -101,6 +101,24 @@ private:
     DataGrid* grid_;
 };
 
+/// Paints the titles of columns whose headers do not answer quietly and without the mouse's colours.
+class GridHeader : public QHeaderView {
+public:
+    explicit GridHeader(DataGrid* grid) : QHeaderView(Qt::Horizontal, grid), grid_(grid) {}
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
+        QHeaderView::initStyleOptionForIndex(option, column);
+        if (grid_->HeaderAnswers(column))
+            return;
+        option->state &= ~(QStyle::State_MouseOver | QStyle::State_Sunken);
+        option->palette.setColor(QPalette::ButtonText, Theme::QuietText());
+    }
+
+private:
+    DataGrid* grid_;
+};
+
 } // namespace
 
 DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
@@ -113,13 +131,17 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
     setHorizontalScrollMode(ScrollPerPixel);
     setTabKeyNavigation(false);
     setItemDelegate(new CellDelegate(this));
+    setHorizontalHeader(new GridHeader(this));
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setSectionsClickable(true);
-    connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &DataGrid::HeaderPressed);
+    connect(horizontalHeader(), &QHeaderView::sectionPressed, this, [this](int column) {
+        if (HeaderAnswers(column))
+            Q_EMIT HeaderPressed(column);
+    });
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { Q_EMIT RowChosen(index.row()); });
 }
@@ -171,6 +193,11 @@ void DataGrid::updateGeometries() {
 void DataGrid::reset() {
     unsaved_.clear();
     QTableView::reset();
+}
+
+void DataGrid::AnswerHeaders(const QList<int>& columns) {
+    answering_ = columns;
+    horizontalHeader()->viewport()->update();
 }
 
 void DataGrid::SetEmptyText(const QString& text) {

@@ -4,6 +4,8 @@
 #include <QSet>
 #include <QTableView>
 
+#include <optional>
+
 class FrozenColumns;
 
 /// The program's grid: rows to look at and walk through by keys, one selected at a time. What a double-click
@@ -25,6 +27,10 @@ public:
     /// For rows that were read anew.
     void ForgetUnsaved();
     bool IsMarkedUnsaved(const QModelIndex& cell) const { return unsaved_.contains(cell); }
+
+    /// Of these columns alone the header answers to the mouse, and looks so.
+    void AnswerHeaders(const QList<int>& columns);
+    bool HeaderAnswers(int column) const { return !answering_ || answering_->contains(column); }
 
     /// What the grid says in its middle while it has no rows.
     void SetEmptyText(const QString& text);
@@ -63,6 +69,7 @@ private:
     int leastWidth_ = 0;
     FrozenColumns* frozen_ = nullptr;
     QString emptyText_;
+    std::optional<QList<int>> answering_;
     int fixedColumns_ = -1;
     QSet<QPersistentModelIndex> unsaved_;
 };

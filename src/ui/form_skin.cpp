@@ -3,6 +3,7 @@
 #include "database/database_error.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QPalette>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +21,8 @@ void b_form_skin::Backgrounds::SetHourglass(bool on) {
 
 void b_form_skin::Backgrounds::LoadPicture(modAbsen::Background which, const QString& path) {
     QPixmap& picture = pictures_[static_cast<size_t>(which)];
-    if (!picture.load(path))
+    // A pipe would be waited for.
+    if (!QFileInfo(path).isFile() || !picture.load(path))
         throw ProgramError(
             FileNotFoundNumber,
             u"Gambar latar tidak dapat dimuat: %1\nSalin kembali file itu dari paket program."_s.arg(path));

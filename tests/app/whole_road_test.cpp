@@ -45,7 +45,9 @@ public:
         auto& sheet = ::Part<QTableView>(windows.Desk(), "MSHFlexGrid1");
         sheet.setFocus();
         sheet.selectRow(sheet.model()->rowCount() - 1);
+        clock.now += Seconds{1}; // no second at which the clock refreshes the sheet
         Keys(u"⏎"_s);
+        EXPECT_EQ(sheet.currentIndex().siblingAtColumn(SheetModel::OvertimeIn).data(), u"06:00:00"_s);
     }
     QStringList ComputeAndPrintAll() {
         Keys(u"t20261122⏎"_s);

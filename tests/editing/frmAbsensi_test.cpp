@@ -101,7 +101,11 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     Keys(u"31/2⏎"_s); // no such day: not with another one either
     EXPECT_TRUE(browser.dialogs.Last().startsWith(u"Sampai tanggal: \"31/2\""_s));
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
+    Keys(u"31/10⏎"_s);
+    EXPECT_EQ(browser.Said("lblDone"), u"Tanggal mulai sesudah tanggal sampai."_s);
+    KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
     Keys(u"2/11⏎"_s);
+    EXPECT_EQ(browser.Said("lblDone"), QString());
     EXPECT_EQ(browser.Status(),
               u"2 baris · Tanggal: 01-Nov-2026 s/d 02-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
 
@@ -113,11 +117,15 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     EXPECT_EQ(browser.Row(0), u"0012|01-Nov-2026|07:45||IN|T202611010013"_s);
     EXPECT_EQ(dept.currentText(), u"Produksi"_s);
     EXPECT_EQ(dept.itemText(1), u"Bengkel"_s);
+    EXPECT_EQ(browser.Part<QLineEdit>("txtDate2").text(), u"02-Nov-2026"_s) << "the same day";
+    browser.Part<QLineEdit>("txtEmpl").setText(u"0013"_s);
     browser.window->close();
     browser.clock.now = Moment(u"2026-12-02 08:00:00");
     browser.window->show();
     EXPECT_EQ(browser.Part<QLineEdit>("txtDate1").text(), u"01-Dec-2026"_s);
     EXPECT_EQ(browser.Part<QLineEdit>("txtDate2").text(), u"02-Dec-2026"_s);
+    Keys(u"0012⏎"_s);
+    EXPECT_EQ(browser.Said("txtEmpl"), u"0012"_s) << "in place of the number before";
 }
 
 TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
@@ -237,16 +245,23 @@ TEST(frmAbsensi, OpensReportsAndTheCardOfARow) {
     browser.Open();
     for (const char* entry : {"mnHarian", "mnDetail", "mnSumDept", "mnSumKary"})
         browser.Part<QWidget>("menubar").window()->findChild<QAction*>(QString::fromLatin1(entry))->trigger();
-    for (const int row : {1, 5}) {
+    for (const int row : {1, 8, 5}) {
         browser.Go(row);
+        if (row == 5) { // another desk's, a moment ago, on an extended sheet
+            browser.Run(u"INSERT INTO TimeCardHeader (TCID,NIP) VALUES ('T20261102-W0012','0012')"_s);
+            browser.Run(
+                u"INSERT INTO TimeCardDetail (TCID,Tanggal) VALUES ('T20261102-W0012','2026-11-02')"_s);
+        }
         const qsizetype before = browser.opened.size();
+        browser.Part<QWidget>("cmdOpenCard").setFocus();
         KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return browser.opened.size() > before; }));
         EXPECT_EQ(browser.Grid().currentIndex().row(), row);
+        EXPECT_TRUE(browser.Grid().hasFocus());
     }
-    EXPECT_EQ(browser.opened,
-              (QStringList{u"AbsensiHarian"_s, u"AbsensiDetailKaryawan"_s, u"AbsensiDivisi"_s,
-                           u"AbsensiSumKary"_s, u"T202611010013 0013"_s, u"T202611020012 0012"_s}));
+    EXPECT_EQ(browser.opened, (QStringList{u"AbsensiHarian"_s, u"AbsensiDetailKaryawan"_s, u"AbsensiDivisi"_s,
+                                           u"AbsensiSumKary"_s, u"T202611010013 0013"_s,
+                                           u"T202611030012 0012"_s, u"T20261102-W0012 0012"_s}));
     EXPECT_EQ(browser.Grid().model()->index(1, AttendanceModel::Keterangan).data(), u"dibetulkan"_s);
 }
 

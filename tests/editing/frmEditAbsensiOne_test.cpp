@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QShowEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -123,18 +124,22 @@ TEST(frmEditAbsensiOne, MakesACardForADayThatHasNone) {
 
 TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
     CardEditor editor(u"OUT"_s);
-    editor.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::Yes};
+    editor.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No, Dialogs::Answer::Yes};
     editor.Open([&](QWidget& window) {
-        TypeInto(window, "txtTOUT", u"22Nov2026 1630"_s);
+        TypeInto(window, "txtTOUT", u"22Nov2026 1600"_s);
         Press("cmdCalcHrs", window);
         EXPECT_EQ(TextOf(window, "txtNHrs"), QString());
+        Press("cmdCalcHrs", window);
+        EXPECT_EQ(TextOf(window, {"txtNHrs", "txtTOUT"}), u"9.15|22-Nov-2026 17:00"_s) << "as it is stored";
+        EXPECT_EQ(editor.saved, 1) << "what it computed is told, too";
+        TypeInto(window, "txtTOUT", u"22Nov2026 1630"_s);
         Press("cmdCalcHrs", window);
         EXPECT_EQ(TextOf(window, {"txtNHrs", "txtOTHrs", "txtNAmount", "txtOTAmount", "txtOTIN"}),
                   u"9.15|0.3|150000|3000|22-Nov-2026 17:00"_s);
         EXPECT_TRUE(TextOf(window, "lblTotalUangMakan").contains(u"12500"_s));
         KeyboardUser::Press(Qt::Key_Escape);
     });
-    EXPECT_EQ(editor.dialogs.questions.size(), 2);
+    EXPECT_EQ(editor.dialogs.questions.size(), 3);
     EXPECT_EQ(editor.RowsOf(Headers), QStringList{u"T202611220012|0012|OUT|-|9.15|0.3|150000|3000|12500"_s});
     EXPECT_EQ(editor.RowsOf(Days),
               QStringList{u"T202611220012|2026-11-22|2026-11-22 07:45:00|2026-11-22 16:30:00|"
@@ -169,6 +174,26 @@ TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
               QStringList{u"T202611220012|2026-11-22|2026-11-22 07:45:12|2026-11-22 16:30:00|-|-|-|1"_s});
 }
 
+TEST(frmEditAbsensiOne, OvertimeIsOfItsOwnBoxes) {
+    CardEditor editor(u"OUT"_s);
+    editor.Open([](QWidget& window) {
+        for (const char* box : {"chkTimeIO", "chkOTIO", "chkUangMakan"})
+            Press(box, window);
+        EXPECT_EQ(TextOf(window, "lblOvertimeHint"), QString()) << "nothing typed yet";
+        TypeInto(window, "txtOTIN", u"1700"_s);
+        KeyboardUser::Press(Qt::Key_Tab);
+        EXPECT_NE(TextOf(window, "lblOvertimeHint"), QString());
+        QShowEvent again; // as when the window was minimized
+        QApplication::sendEvent(&window, &again);
+        TypeInto(window, "txtOTOUT", u"1930"_s);
+        Press("cmdButtons_1", window);
+    });
+    EXPECT_EQ(editor.RowsOf(Headers), QStringList{u"T202611220012|0012|OUT|-|-|2|0|0|-"_s});
+    EXPECT_EQ(editor.RowsOf(Days),
+              QStringList{u"T202611220012|2026-11-22|2026-11-22 07:45:00|2026-11-22 17:00:00|"
+                          "2026-11-22 17:00:00|2026-11-22 19:30:00|-|0"_s});
+}
+
 TEST(frmEditAbsensiOne, ReloadingShowsTheCardAsItStandsNow) {
     CardEditor editor(u"OUT"_s);
     const auto other = editor.OtherDesk();
@@ -201,6 +226,9 @@ TEST(frmEditAbsensiOne, AfterAComputationThatFailsTheSavedCardCanBeSavedAgain) {
         Press("cmdCalcHrs", window);
         EXPECT_EQ(editor.dialogs.texts.size(), 1);
         EXPECT_EQ(TextOf(window, "txtKeterangan"), u"satu"_s);
+        Press("cmdCalcHrs", window);
+        EXPECT_EQ(editor.dialogs.texts.size(), 2);
+        EXPECT_EQ(editor.dialogs.questions.size(), 1) << "it is saved already";
         Part<QLineEdit>(window, "txtKeterangan").setText(u"dua"_s);
         Press("cmdButtons_1", window);
     });

@@ -1,6 +1,7 @@
 #include "editing/frmEditAbsensi.h"
 
 #include "support/window_company.h"
+#include "ui/data_grid.h"
 
 #include <QTest>
 #include <QToolButton>
@@ -70,13 +71,44 @@ TEST(frmEditAbsensi, SearchesWithEnterFromEveryBox) {
     EXPECT_EQ(search.dialogs.texts.size(), 1) << "a text that cannot be searched for is told once";
     EXPECT_TRUE(search.Part<QLineEdit>("txtDivisi").hasFocus());
     EXPECT_TRUE(search.Said("lblRows").startsWith(u"0 baris"_s));
+    search.window->resize(900, 500);
+    KeyboardUser::Press(Qt::Key_Escape);
+    search.window->show();
+    KeyboardUser::Type(u"t2025"_s);
+    EXPECT_EQ(search.Said("txtTCID"), u"T2025"_s) << "in place of the text before";
+    KeyboardUser::Press(Qt::Key_Escape);
+    EXPECT_EQ(frmEditAbsensi(search.program, search.skin, nullptr).size(), QSize(900, 500));
+}
+
+TEST(frmEditAbsensi, TypedRowsAreSettledBeforeAnythingIsDoneWithTheResult) {
+    for (const Qt::Key work : {Qt::Key_R, Qt::Key_H, Qt::Key_G}) {
+        SearchWindow search;
+        KeyboardUser::Press(Qt::Key_Return);
+        search.Type(0, TimeIn, u"pagi"_s);
+        KeyboardUser::Press(Qt::Key_Down); // refused
+        const auto& grid = search.Part<DataGrid>("MSHFlexGrid1");
+        EXPECT_TRUE(grid.IsMarkedUnsaved(search.At(0, 0)));
+        search.dialogs.texts.clear();
+        search.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No};
+        for (qsizetype time = 1; time <= 2; ++time) {
+            EXPECT_EQ(search.Cell(0, TimeIn), u"pagi"_s) << work;
+            KeyboardUser::Press(work, Qt::AltModifier);
+            EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return search.dialogs.questions.size() >= time; }));
+            QCoreApplication::processEvents();
+        }
+        EXPECT_EQ(search.Cell(0, TimeIn), u"07:45:00"_s) << work;
+        EXPECT_FALSE(grid.IsMarkedUnsaved(search.At(0, 0))) << work;
+        EXPECT_EQ(search.shownReports.size(), work == Qt::Key_G ? 1 : 0);
+        KeyboardUser::Press(Qt::Key_Escape);
+        EXPECT_EQ(search.dialogs.questions.size(), 2) << "nothing is left to be asked for";
+    }
 }
 
 TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     SearchWindow search;
     KeyboardUser::Press(Qt::Key_Return);
     ASSERT_EQ(search.Grid().model()->rowCount(), 4);
-    for (const int column : {static_cast<int>(Nama), static_cast<int>(Tcid)}) {
+    for (const int column : {Nama, Tcid, Dept, Divisi}) {
         search.Go(0, column);
         KeyboardUser::Type(u"x"_s);
         EXPECT_TRUE(search.Part<QLineEdit>("Text1").isHidden());
@@ -213,6 +245,7 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     EXPECT_EQ(search.Cell(0, Keterangan), QString());
     search.Run(u"DELETE FROM TimeCardHeader WHERE TCID='T202611210013'"_s);
     search.Go(1, TimeIn);
+    EXPECT_EQ(search.Said("lblDone"), u"Baris 1 dimuat ulang."_s) << "there was nothing to save";
     EXPECT_EQ(search.Said("lblCard"), u"T202611210013 · 李小龍"_s);
     KeyboardUser::Press(Qt::Key_F5);
     EXPECT_EQ(search.dialogs.texts, QStringList{u"Please refresh."_s});
@@ -234,6 +267,10 @@ TEST(frmEditAbsensi, OnlyASupervisorDeletes) {
               (QStringList{u"T202611210012"_s, u"T202611210013"_s, u"T202611220013"_s}));
     EXPECT_EQ(search.Cell(2, TimeIn), QString());
     EXPECT_EQ(search.Cell(2, Status), u"OUT"_s);
+    search.login = u"<CANCEL>"_s;
+    KeyboardUser::Press(Qt::Key_Delete);
+    EXPECT_EQ(search.dialogs.texts.size(), 1) << "there is nothing to log in for";
+    search.login = u"pelon~pelon~1"_s;
     EXPECT_TRUE(search.Grid().hasFocus());
 
     search.Type(3, Keterangan, u"dari sini"_s);

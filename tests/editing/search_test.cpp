@@ -329,6 +329,9 @@ TEST_F(Search, ReloadsTheRowsOwnDayUnlessTheCardIsGone) {
     EXPECT_TRUE(model.LoadRow(0) && model.LoadRow(1));
     EXPECT_EQ(Shown(1),
               u"IN|0013|Budi|catatan|GA|T202611220012|B|23-Nov-2026|09:00:00|||||9.15||150000|2.5"_s);
+    model.setData(model.index(1, Tanggal), u"24-Nov-2026"_s);
+    model.SaveRow(1);
+    EXPECT_EQ(model.index(1, Tanggal).data(), u"24-Nov-2026"_s) << "the row's own day, not the card's first";
     Run(u"DELETE FROM TimeCardHeader"_s);
     const QString shown = Shown(0);
     EXPECT_FALSE(model.LoadRow(0));

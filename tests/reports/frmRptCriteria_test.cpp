@@ -3,6 +3,7 @@
 #include "reports/report_file.h"
 #include "support/window_company.h"
 
+#include <QApplication>
 #include <QComboBox>
 
 using namespace Qt::StringLiterals;
@@ -100,6 +101,10 @@ TEST(frmRptCriteria, SortsTheDailyReportByTheChosenOrder) {
     criteria.Open(u"AbsensiHarian"_s, [&](QWidget& window) {
         auto& sort = Part<QComboBox>(window, "txtSort");
         EXPECT_EQ(sort.currentText(), u"Nama"_s);
+        KeyboardUser::Press(Qt::Key_F9);
+        EXPECT_FALSE(QApplication::activePopupWidget()) << "no employee is asked for";
+        Keys(u"23↹"_s);
+        EXPECT_EQ(TextOf(window, "lblDateHint"), QString()) << "there is no second day";
         for (const auto& [key, first] : {std::pair{u"Na"_s, u"0013"_s}, std::pair{u"NI"_s, u"0012"_s},
                                          std::pair{u"De"_s, u"0013"_s}, std::pair{u"Di"_s, u"0012"_s}}) {
             sort.setFocus();
@@ -151,6 +156,10 @@ TEST(frmRptCriteria, TypedDatesAreTakenAndAReversedPeriodIsHintedAt) {
         criteria.PressOk(); // refused: no report with another date
         EXPECT_TRUE(criteria.dialogs.Last().contains(u"Tanggal awal: \"31/2/2026\""_s));
         EXPECT_EQ(criteria.shownReports.size(), 1);
+        KeyboardUser::Type(u"22"_s);
+        criteria.PressOk();
+        EXPECT_EQ(TextOf(window, "lblDateHint"), QString()) << "one day";
+        KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
         KeyboardUser::Type(u"2"_s);
         criteria.PressOk();
         EXPECT_EQ(TextOf(window, "lblDateHint"), QString());

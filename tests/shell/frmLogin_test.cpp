@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +55,11 @@ TEST(frmLogin, ThePasswordCannotBeCopiedAndCapsLockIsTold) {
         Keys(u"⏎r"_s);
         EXPECT_TRUE(hint.text().isEmpty());
         KeyboardUser::Type(u"R"_s); // a capital letter without the Shift key
+        EXPECT_EQ(hint.text(), u"Caps Lock menyala."_s);
+        KeyboardUser::Type(u"r"_s);
+        EXPECT_TRUE(hint.text().isEmpty());
+        QKeyEvent small(QEvent::KeyPress, Qt::Key_R, Qt::ShiftModifier, u"r"_s);
+        QApplication::sendEvent(window.focusWidget(), &small);
         EXPECT_EQ(hint.text(), u"Caps Lock menyala."_s);
         KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
         KeyboardUser::Press(Qt::Key_C, Qt::ControlModifier);

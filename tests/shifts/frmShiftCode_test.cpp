@@ -71,6 +71,7 @@ TEST(frmShiftCode, WritesARowWhenItIsLeftOrFinished) {
         {"left by Tab", u"→→05:30↹"_s, {u"MALAM|1899-12-30 22:00:00|1899-12-31 05:30:00"_s, Daily}},
         {"not yet left", u"MLM⏎"_s, {Night, Daily}},
         {"a cell taken back", u"MLM⎋↓"_s, {Night, Daily}},
+        {"a row in edit, deleted", u"MLM⏎⌦↓"_s, {Night, Daily}},
         {"a row taken back", u"MLM⏎21:00⏎⎋↓"_s, {Night, Daily}},
         {"a blank new row", u"⎀⎋↑"_s, {Night, Daily}},
         {"a new row taken back", u"⎀X⏎⎋↑"_s, {Night, Daily}},
@@ -82,6 +83,7 @@ TEST(frmShiftCode, WritesARowWhenItIsLeftOrFinished) {
                                                   QAbstractItemModelTester::FailureReportingMode::Fatal);
             Keys(c.keys);
             EXPECT_EQ(codes.Rows(), c.rows) << c.what;
+            EXPECT_FALSE(codes.Said("lblStatus").startsWith(u"Shift  "_s)) << c.what;
         });
         EXPECT_TRUE(codes.dialogs.texts.isEmpty()) << c.what;
     }
@@ -112,6 +114,9 @@ TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
             EXPECT_EQ(codes.Rows(), (QStringList{u"LAIN|-|-"_s, Night, Daily}));
             EXPECT_EQ(codes.Shown().value(2), c.row);
             EXPECT_EQ(codes.Grid().currentIndex().row(), 2);
+            Keys(u"⎀"_s); // not a further row beside it
+            EXPECT_EQ(codes.dialogs.texts.size(), 2) << c.row.toStdString();
+            EXPECT_EQ(codes.Shown().size(), 3);
             Keys(u"⎋"_s);
             EXPECT_EQ(codes.Shown().size(), 2);
         });
@@ -122,15 +127,18 @@ TEST(frmShiftCode, AnotherDesksChangeIsToldAndShown) {
     for (const QString& keys : {u"→21:00⏎⏎⏎"_s, u"⌦"_s}) {
         ShiftCodes codes;
         const auto other = codes.OtherDesk();
-        other->Execute(u"INSERT INTO Shift VALUES ('Z','1899-12-30 22:00:00','1899-12-30 06:00:30')"_s);
+        other->Execute(u"INSERT INTO Shift VALUES ('Z','1899-12-30 22:00:00','1900-01-01 06:00:30')"_s);
         codes.Open([&](QWidget&) {
             other->Execute(u"UPDATE Shift SET TimeIn='1899-12-30 23:00:00' WHERE Code='MALAM'"_s);
             codes.dialogs.answers = {Answer::Yes};
             Keys(keys);
             EXPECT_TRUE(codes.dialogs.Last().contains(u"komputer lain"_s));
-            EXPECT_EQ(codes.Shown(),
-                      (QStringList{u"MALAM|23:00|06:00 (+1)"_s, u"P|08:00|17:00"_s, u"Z|22:00|06:00:30"_s}));
+            EXPECT_EQ(codes.Shown(), (QStringList{u"MALAM|23:00|06:00 (+1)"_s, u"P|08:00|17:00"_s,
+                                                  u"Z|22:00|06:00:30 (+2)"_s}));
             EXPECT_EQ(codes.Rows().first(), u"MALAM|1899-12-30 23:00:00|1899-12-31 06:00:00"_s);
+            codes.Grid().setCurrentIndex(codes.Grid().model()->index(2, 0));
+            Keys(u"ZZ⏎↑"_s); // times that cannot be typed stay as they are
+            EXPECT_EQ(codes.Rows().last(), u"ZZ|1899-12-30 22:00:00|1900-01-01 06:00:30"_s);
         });
     }
 }
@@ -206,6 +214,11 @@ TEST(frmShiftCode, ClosingWithARowInEditAsks) {
             EXPECT_EQ(window.isVisible(), !c.closes);
         });
         EXPECT_EQ(codes.Rows().first(), c.row);
+    }
+    for (const QString& nothing : {u"⎀⎋"_s, u"MALAM⏎"_s}) {
+        ShiftCodes codes;
+        codes.Open([&](QWidget&) { Keys(nothing); });
+        EXPECT_TRUE(codes.dialogs.questions.isEmpty()) << nothing.toStdString();
     }
 }
 

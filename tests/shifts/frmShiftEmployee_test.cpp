@@ -147,7 +147,7 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
         int day;
         QString code;
         bool wiped; ///< else the month is read anew
-    } cases[] = {{"a day that the month lacks", 0, 31, u"P"_s, true},
+    } cases[] = {{"a day that the month lacks", 0, 31, u"cuti"_s, true},
                  {"a number that no statement can hold", 2, 5, u"P"_s, false},
                  {"the database refuses", 1, 30, u"GAGAL"_s, false}};
     for (const auto& c : cases) {
@@ -167,15 +167,25 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
             EXPECT_TRUE(roster.IsLogged("frmShiftEmployee.SaveCell"));
             Keys(u"⏎⏎"_s);
             EXPECT_EQ(roster.dialogs.texts.size(), 2) << c.what << ", entered again";
+            roster.SetPeriod(u"1"_s);
+            EXPECT_TRUE(grid.IsMarkedUnsaved(cell)) << c.what << ", after a month that is none";
+            EXPECT_EQ(roster.Look(0, 31), CellLook::Hatched) << c.what;
+            roster.SetPeriod(c.wiped ? u"2"_s : u"202611"_s);
+            grid.setFocus();
             if (c.wiped)
                 Keys(u"⌦"_s);
-            else
-                KeyboardUser::Press(Qt::Key_R, Qt::AltModifier);
-            EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !grid.IsMarkedUnsaved(cell); })) << c.what;
+            EXPECT_FALSE(grid.IsMarkedUnsaved(cell)) << c.what;
             EXPECT_NE(cell.data().toString(), c.code) << c.what;
-            EXPECT_EQ(roster.dialogs.texts.size(), 2) << c.what;
+            EXPECT_EQ(roster.dialogs.texts.size(), c.wiped ? 4 : 3) << c.what;
         });
     }
+    Roster roster;
+    roster.Run(
+        u"CREATE TRIGGER refuse BEFORE UPDATE ON ShiftEmployee BEGIN SELECT RAISE(ABORT,'full'); END"_s);
+    roster.Open([&](QWidget&) {
+        Keys(u"⌦⌦"_s);
+        EXPECT_EQ(roster.dialogs.texts.size(), 2) << "emptied again";
+    });
 }
 
 TEST(frmShiftEmployee, AQuoteIsRefusedInTheEditor) {
@@ -198,6 +208,8 @@ TEST(frmShiftEmployee, APeriodThatIsNoneKeepsTheMonthAndItsSaves) {
             EXPECT_EQ(roster.dialogs.texts.size(), 1) << period.toStdString();
             EXPECT_EQ(roster.Codes(0), u"1 P"_s);
             EXPECT_EQ(TextOf(window, "lblMonth"), u"November 2026"_s);
+            const auto& typed = Part<QLineEdit>(window, "txtPeriode");
+            EXPECT_EQ(typed.selectedText(), typed.text()) << "ready to be typed anew";
             Keys(u"↹↹MALAM⏎"_s);
             EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM"_s);
         });
@@ -216,8 +228,14 @@ TEST(frmShiftEmployee, AnotherMonthTakesThePlaceOfTheFirst) {
         EXPECT_EQ(roster.Codes(0), QString());
         KeyboardUser::Press(Qt::Key_PageUp, Qt::ControlModifier);
         EXPECT_EQ(roster.Codes(0), u"1 P"_s);
-        KeyboardUser::Press(Qt::Key_PageUp, Qt::ControlModifier);
-        EXPECT_EQ(TextOf(window, "txtPeriode"), u"202610"_s);
+        Part<QWidget>(window, "txtPeriode").setFocus();
+        for (const auto& [key, period] : {std::pair{Qt::Key_PageDown, u"202612"_s},
+                                          {Qt::Key_PageUp, u"202611"_s},
+                                          {Qt::Key_PageUp, u"202610"_s}}) {
+            KeyboardUser::Press(key);
+            EXPECT_EQ(TextOf(window, "txtPeriode"), period);
+        }
+        roster.Grid().setFocus();
         roster.Grid().setCurrentIndex(roster.Cell(0, 31));
         Keys(u"MALAM⏎"_s);
         EXPECT_EQ(roster.RowsOf(u"select ShiftCode from ShiftEmployee where Tgl=#2026-10-31#"_s),
@@ -225,6 +243,10 @@ TEST(frmShiftEmployee, AnotherMonthTakesThePlaceOfTheFirst) {
         other->Execute(u"DELETE FROM ShiftEmployee"_s);
         roster.SetPeriod(u"202611"_s);
         EXPECT_EQ(roster.Codes(0) + roster.Codes(1), QString());
+        roster.SetPeriod(u"202610"_s);
+        window.close();
+        window.show();
+        EXPECT_EQ(TextOf(window, {"txtPeriode", "lblMonth"}), u"202611|November 2026"_s) << "opened again";
     });
     EXPECT_TRUE(roster.dialogs.texts.isEmpty());
 }
@@ -249,8 +271,11 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
         Keys(u"cuti⏎"_s);
         EXPECT_EQ(roster.Look(0, 2), CellLook::Doubtful);
         EXPECT_TRUE(status.text().contains(u"tidak ada di Shift"_s));
-        roster.Run(u"INSERT INTO Shift (Code) VALUES ('cuti')"_s);
         roster.SetPeriod(u"202611"_s);
+        EXPECT_EQ(status.text(), u"3 karyawan · 1 hari dengan kode yang tidak ada di Shift"_s);
+        roster.Run(u"INSERT INTO Shift VALUES ('cuti','1899-12-30 00:00:00','1899-12-30 00:00:00')"_s);
+        roster.SetPeriod(u"202611"_s);
+        EXPECT_TRUE(roster.Cell(0, 2).data(Qt::ToolTipRole).toString().endsWith(u" · cuti"_s)) << "no hours";
         EXPECT_EQ(roster.Look(0, 2), CellLook::Plain);
     });
     EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM, 02 cuti"_s);

@@ -100,12 +100,12 @@ TEST_F(Recording, ADepartureNeedsTheCardAndMayBeRepeated) {
 
 TEST_F(Recording, ASheetClosedAfterTheEntryBeganTakesNothing) {
     const QString sheet = u"T20261122"_s;
-    CloseSheet(*company.OtherDesk(), sheet);
+    CloseSheet(*OtherDesk(), sheet);
     EXPECT_EQ(In(u"2026-11-22 07:58:12"), Refusal::SheetClosed);
     EXPECT_TRUE(Headers().isEmpty());
-    ReopenSheet(company.Db(), sheet);
+    ReopenSheet(Db(), sheet);
     EXPECT_EQ(In(u"2026-11-22 07:58:12"), std::nullopt);
-    CloseSheet(company.Db(), sheet);
+    CloseSheet(Db(), sheet);
     const QStringList days = Days();
     EXPECT_EQ(Out(u"2026-11-22 15:00:00"), Refusal::SheetClosed);
     EXPECT_EQ(Days(), days);

@@ -24,8 +24,10 @@ TEST(PhotoFile, IsFoundBesideTheProgramInAnyLetterCaseOrElseIsThePictureForNone)
                                       {u"Foto\\Karyawan\\Budi.gif"_s, none},
                                       {u"Foto\\Karyawan"_s, none},
                                       {u"Lain\\Karyawan\\Siti.gif"_s, none},
-                                      {u"/nowhere/at/all.gif"_s, none}})
+                                      {u"/nowhere/at/all.gif"_s, none}}) {
         EXPECT_EQ(PhotoFile(program, path), folder.filePath(shown)) << path.toStdString();
+        EXPECT_EQ(NamesNoFile(program, path), path == u"Foto\\Karyawan"_s) << path.toStdString();
+    }
 
     ASSERT_TRUE(QFile::remove(folder.filePath(none)));
     EXPECT_EQ(PhotoFile(program, u"missing.gif"_s), QString());

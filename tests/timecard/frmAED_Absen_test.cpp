@@ -3,7 +3,12 @@
 #include "support/window_company.h"
 #include "timecard/sheet_lifecycle.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QImageReader>
+#include <QTest>
+
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -47,6 +52,7 @@ TEST(frmAED_Absen, WhatIsTypedIsRecordedOrRefused) {
 
 TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
     WindowCompany desk;
+    desk.Run(u"UPDATE Employee SET PathImage='DATA.mdb'"_s);
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
         EXPECT_EQ(TextOf(entry, {"lblMode", "lblMoment"}), u"ABSEN MASUK|22-Nov-2026   07:58:12"_s);
         EXPECT_FALSE(Part<QWidget>(entry, "picDetail").isVisible());
@@ -56,8 +62,13 @@ TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
         EXPECT_EQ(TextOf(entry, {"txtNama", "txtDept", "txtDivisi", "txtPassword"}),
                   u"Siti Aminah|PROD|A|"_s);
         EXPECT_GT(entry.height(), smallHeight);
-        // Nothing is recorded a second time while the window waits to close itself.
+        EXPECT_EQ(TextOf(entry, "lblDone"), u"✓  Masuk tercatat pukul 07:58:12"_s);
+        EXPECT_FALSE(Part<QLabel>(entry, "imgEmp").pixmap().isNull()) << "in place of a damaged photo";
+        // Nothing is chosen or recorded a second time while the window waits to close itself.
+        KeyboardUser::Press(Qt::Key_F9);
+        EXPECT_FALSE(QApplication::activePopupWidget());
         Keys(u"⏎"_s);
+        EXPECT_FALSE(entry.isVisible());
     });
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(desk.RowsOf(u"select TimeIN from TimeCardDetail"_s), QStringList{u"2026-11-22 07:58:12"_s});
@@ -139,6 +150,37 @@ TEST(frmAED_Absen, TheListGivesTheNumberAndTheWindowClosesTwoSecondsAfterRecordi
     EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220012|0012|IN"_s});
 }
 
+TEST(frmAED_Absen, ALargePhotoIsShownScaledAndWhatIsNoFileIsToldAndNotOpened) {
+    WindowCompany desk;
+    constexpr int Megabytes = 4;
+    const int usual = QImageReader::allocationLimit();
+    QImage large(2400, 1800, QImage::Format_RGB32);
+    large.fill(Qt::black);
+    ASSERT_TRUE(large.save(desk.folder.filePath(u"large.jpg"_s)));
+    ASSERT_EQ(mkfifo(desk.folder.filePath(u"pipe.jpg"_s).toUtf8().constData(), 0600), 0);
+    QImageReader::setAllocationLimit(Megabytes);
+    const QString told = u"Foto tidak dapat ditampilkan, bukan file gambar: "_s;
+    for (const auto& [path, message] : {std::pair{u"large.jpg"_s, u""_s},
+                                        {u"pipe.jpg"_s, told + u"pipe.jpg"_s},
+                                        {u"images"_s, told + u"images"_s},
+                                        {u"gone.jpg"_s, u""_s}}) {
+        SCOPED_TRACE(path.toStdString());
+        desk.RemoveCards();
+        desk.Run(u"UPDATE Employee SET PathImage='%1' WHERE NIP='0012'"_s.arg(path));
+        desk.user.WhenIn(u"frmAED_Absen"_s, [&, &path = path, &message = message](QWidget& entry) {
+            Keys(u"0012⏎rahasia⏎"_s);
+            const auto& label = Part<QLabel>(entry, "lblPhoto");
+            EXPECT_EQ(label.isVisible() ? label.text() : QString(), message);
+            const QImage shown = Part<QLabel>(entry, "imgEmp").pixmap().toImage();
+            EXPECT_EQ(shown.pixelColor(shown.rect().center()) == Qt::black, path == u"large.jpg"_s);
+            EXPECT_EQ(shown.width(), 146);
+            Keys(u"⎋"_s);
+        });
+        KeyboardUser::Press(Qt::Key_F2);
+    }
+    QImageReader::setAllocationLimit(usual);
+}
+
 TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
     WindowCompany desk;
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
@@ -152,10 +194,20 @@ TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
         KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !desk.dialogs.texts.isEmpty(); }));
         EXPECT_EQ(desk.dialogs.texts, QStringList{u"Gagal Simpan Record ini."_s});
-        const auto& nik = Part<QLineEdit>(entry, "txtNIK");
-        KeyboardUser::Type(u"0012"_s);
+        KeyboardUser::Type(u"9999"_s);
+        KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.dialogs.texts.size() > 1; }));
+        EXPECT_EQ(desk.dialogs.Last(), u"NIK tidak ada !"_s);
+        EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
+        auto& clear = Part<QPushButton>(entry, "cmdButtons_2");
+        QTest::mousePress(&clear, Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QTest::mouseRelease(&clear, Qt::LeftButton);
+        EXPECT_EQ(desk.dialogs.texts.size(), 2) << "on the way out the number does not matter";
+        Keys(u"0012⏎rahasia"_s);
         KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
-        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return nik.text().isEmpty(); }));
+        EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return TextOf(entry, "txtNIK").isEmpty(); }));
+        EXPECT_EQ(TextOf(entry, "txtPassword"), QString());
         KeyboardUser::Type(u"0014"_s);
         for (int i = 0; i < 3; ++i)
             KeyboardUser::Press(Qt::Key_Tab);
@@ -166,6 +218,22 @@ TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
     });
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220014|0014|IN"_s});
+}
+
+TEST(frmAED_Absen, ThePasswordIsThatOfTheNumberInTheFieldAtThatMoment) {
+    WindowCompany desk;
+    desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget&) {
+        Keys(u"0012⏎"_s);
+        KeyboardUser::Press(Qt::Key_Backtab, Qt::ShiftModifier);
+        Keys(u"0013↹rahasia⏎"_s); // that of the number before
+        desk.Run(u"UPDATE [User] SET Password='baru' WHERE UserID='0013'"_s);
+        Keys(u"kunci1⏎"_s);
+        EXPECT_EQ(desk.dialogs.texts, QStringList(2, u"Password salah !"_s));
+        EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
+        Keys(u"baru⏎⎋"_s);
+    });
+    KeyboardUser::Press(Qt::Key_F2);
+    EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220013|0013|IN"_s});
 }
 
 TEST(frmAED_Absen, AFailureIsReportedLoggedAndLeavesNothing) {

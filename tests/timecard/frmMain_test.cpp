@@ -1,6 +1,7 @@
 #include "timecard/frmMain.h"
 
 #include "support/window_company.h"
+#include "timecard/sheet_lifecycle.h"
 #include "ui/guarded_application.h"
 #include "ui/message_dialogs.h"
 
@@ -26,6 +27,14 @@ void Unlock(WindowCompany& desk) {
     desk.Part<QPushButton>("cmdTCID").click();
 }
 
+/// Budi (0013) came at half past seven, as another desk recorded it.
+void RecordBudi(const TestCompany& company, const QString& tcid, const QString& day) {
+    const auto other = company.OtherDesk();
+    other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES (?,'0013','IN')"_s, {tcid});
+    other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES (?,?,?)"_s,
+                   {tcid, day, day + u" 07:30:00"_s});
+}
+
 void TypeOver(QLineEdit& box, const QString& text) {
     box.setFocus();
     box.selectAll();
@@ -41,6 +50,7 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
     EXPECT_EQ(desk.RowsOf(Sheets), QStringList{u"T20261122|1"_s});
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
+    EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), u"Lembar T20261122 ditutup."_s);
 
     KeyboardUser::Press(Qt::Key_F2);
     KeyboardUser::Press(Qt::Key_F8);
@@ -52,6 +62,10 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     EXPECT_FALSE(desk.Part<QWidget>("picCloseTcid").isVisible());
     desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
+    CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
+    KeyboardUser::Press(Qt::Key_F8);
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
 }
 
 TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
@@ -73,8 +87,10 @@ TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
     KeyboardUser::Press(Qt::Key_F3); // for admin mode only
     EXPECT_EQ(opened, 0);
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
     desk.Part<QPushButton>("cmdButtons_2").click();
     EXPECT_EQ(opened, 1);
+    EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s) << "what was done there is shown at once";
 }
 
 TEST(frmMain, AdminModeIsTurnedOnWithACheckAndOffWithoutAndOpensEditorAndAdministration) {
@@ -113,7 +129,17 @@ TEST(frmMain, TheUnlockedIdentifierIsComposedFromItsFields) {
     TypeOver(day, u"7"_s);
     KeyboardUser::Press(Qt::Key_Tab);
     EXPECT_EQ(sheet.text(), u"T20261107-A"_s);
+    TypeOver(day, u""_s);
+    KeyboardUser::Press(Qt::Key_Tab);
+    EXPECT_EQ(day.text() + sheet.text(), u"07T20261107-A"_s);
+    TypeOver(day, u"22"_s);
+    KeyboardUser::Press(Qt::Key_Tab);
+    EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible()) << "another sheet of today";
     TypeOver(extension, u""_s);
+    TypeOver(day, u"1"_s);
+    KeyboardUser::Press(Qt::Key_Tab);
+    desk.Part<QAbstractButton>("UpDown1_Down").click();
+    EXPECT_EQ(sheet.text(), u"T20261101"_s);
     TypeOver(day, u"30"_s);
     KeyboardUser::Press(Qt::Key_Tab);
     for (int i = 0; i < 2; ++i)
@@ -135,10 +161,17 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_EQ(tabs.currentIndex(), 21);
 
+    RecordBudi(desk, u"T202611050013"_s, u"2026-11-05"_s);
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     tabs.setCurrentIndex(4);
     EXPECT_EQ(sheet.text(), u"T20261105"_s);
     EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
+    tabs.setFocus();
+    KeyboardUser::Press(Qt::Key_Space); // the day that is open already: no login
+    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { Keys(u"0012⏎rahasia⏎⎋"_s); });
+    desk.Part<QPushButton>("cmdButtons_0").click(); // at once, before the clock's next tick
+    EXPECT_EQ(desk.RowsOf(Cards).value(0), u"T202611050012|0012|IN|2026-11-05|2026-11-05 07:58:12|-|1"_s);
     tabs.setCurrentIndex(21);
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
@@ -152,7 +185,10 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_EQ(tabs.count(), 31);
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
+    EXPECT_EQ(tabs.property("look"), u"unmarked"_s);
     // Today has the number of the sheet's day, and so the tab that is current already.
+    QTest::mouseClick(&tabs, Qt::RightButton, {}, tabs.tabRect(21).center());
+    EXPECT_EQ(sheet.text(), u"T20261122"_s);
     tabs.setFocus();
     tabs.setCurrentIndex(21);
     KeyboardUser::Press(Qt::Key_Space);
@@ -185,7 +221,6 @@ TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
         EXPECT_EQ(desk.dialogs.questions,
                   QStringList{u"Lembar ini tanggal 30-Nov-2026. Pindah ke lembar hari ini?"_s});
         EXPECT_EQ(desk.RowsOf(arrivals), cards);
-        EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     }
     WindowCompany desk;
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
@@ -198,10 +233,7 @@ TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
 
 TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     WindowCompany desk;
-    const auto other = desk.OtherDesk();
-    other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES ('T202611220013','0013','IN')"_s);
-    other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES "
-                   "('T202611220013','2026-11-22','2026-11-22 07:30:00')"_s);
+    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
     desk.clock.now = Moment(u"2026-11-22 07:58:13");
     desk.Tick();
     EXPECT_EQ(desk.Said("lblTimer"), u"07:58:13-3"_s);
@@ -211,14 +243,27 @@ TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     EXPECT_EQ(desk.Said("lblTimer"), u"07:58:15-0"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s);
+    desk.clock.now = Moment(u"2026-11-22 07:58:17");
+    desk.Tick();
+    EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s) << "not at every tick";
     // The tick of 20 seconds fell out: the next one makes up for it, and the running hours move.
     desk.clock.now = Moment(u"2026-11-22 07:58:21");
     desk.Tick();
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:21"_s);
     EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · 1 masuk · 0 keluar · 2 belum hadir"_s);
+    desk.Grid().selectRow(2);
+    EXPECT_EQ(desk.Said("lblRoster"), u"Siti Aminah: tidak ada di jadwal shift 22-Nov-2026"_s);
+    other->Execute(u"UPDATE TimeCardHeader SET Status='TL'"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · 0 masuk · 0 keluar · 2 belum hadir · 1 lainnya"_s);
+    CloseSheet(*other, u"T20261122"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · lembar ditutup"_s);
 }
 
-TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsUnlessItsColumnIsUnknown) {
+TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmployeeListKnows) {
     WindowCompany desk;
     for (int i = 100; i < 200; ++i)
         desk.AddEmployee(QString::number(i), u"Karyawan %1"_s.arg(i), u"x"_s, u"PROD"_s);
@@ -226,19 +271,30 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsUnlessItsCol
     Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Nip);
     grid.selectRow(60);
     grid.verticalScrollBar()->setValue(50);
-    desk.Db().Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal) VALUES ('T20261122150','2026-11-22')"_s);
+    EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
+    const QString selected = desk.Cell(60, SheetModel::Nip);
+    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
     desk.clock.now += Seconds{10};
     desk.Tick();
     EXPECT_EQ(grid.currentIndex().row(), 60);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
-
-    EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
+    desk.AddEmployee(u"0011"_s, u"Karyawan baru"_s, u"x"_s, u"PROD"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0011"_s);
+    EXPECT_EQ(desk.Cell(grid.currentIndex().row(), SheetModel::Nip), selected);
+    EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
     KeyboardUser::Press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(grid.currentIndex().siblingAtColumn(SheetModel::Nip).data(), selected);
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
+    EXPECT_TRUE(desk.Said("lblCounts").contains(u" 1 masuk "_s)) << "the rows are filled again";
     EXPECT_TRUE(desk.dialogs.texts.isEmpty());
-    Q_EMIT grid.horizontalHeader()->sectionPressed(SheetModel::Hours);
-    ASSERT_EQ(desk.dialogs.texts.size(), 1);
-    EXPECT_TRUE(desk.dialogs.Last().contains(u"no such column"_s)) << desk.dialogs.Last().toStdString();
+    for (const int column :
+         {SheetModel::Status, SheetModel::TimeIn, SheetModel::Hours, SheetModel::OvertimeHours})
+        Q_EMIT grid.horizontalHeader()->sectionPressed(column);
+    KeyboardUser::Press(Qt::Key_1, Qt::ControlModifier);
+    KeyboardUser::Press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_TRUE(desk.dialogs.texts.isEmpty()) << desk.dialogs.Last().toStdString();
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
 }
 
@@ -269,7 +325,24 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     nextRefresh();
     EXPECT_EQ(desk.dialogs.texts.size(), 3) << "the next outage is told again";
 
+    // One outage is told once, whoever meets it first: the clock, a moment before the key, or a sheet to be
+    // closed.
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
+    nextRefresh();
+    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
+    desk.clock.now += Seconds{5};
+    desk.Tick();
+    KeyboardUser::Press(Qt::Key_F2);
+    QApplication::processEvents();
+    EXPECT_EQ(desk.dialogs.texts.size(), 4);
+    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
+    nextRefresh();
+    other->ExecuteNative(u"ALTER TABLE timecardmaster RENAME TO Gone"_s);
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    nextRefresh();
+    EXPECT_EQ(desk.dialogs.texts.size(), 5);
+    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO timecardmaster"_s);
     nextRefresh();
     ASSERT_TRUE(QFile::remove(desk.DatabaseFile()));
     nextRefresh();
@@ -312,25 +385,32 @@ TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }
 
-TEST(frmMain, ASheetIdentifierThatIsEmptyOrQuotedOpensNoEntryAndOneThatIsTypedReadsNoMonth) {
+TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
     WindowCompany desk;
     desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
     Unlock(desk);
     auto& sheet = desk.Part<QLineEdit>("txtTCID");
-    TypeOver(sheet, u""_s);
-    KeyboardUser::Press(Qt::Key_F2);
-    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-    KeyboardUser::Type(u"t20261122-b"_s);
+    for (const auto& typed : {u""_s, u"TX"_s, u"T2026112"_s}) {
+        for (const auto key : {Qt::Key_F2, Qt::Key_F8}) {
+            desk.dialogs.texts.clear();
+            TypeOver(sheet, typed);
+            KeyboardUser::Press(key);
+            EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
+            EXPECT_TRUE(desk.dialogs.Last().startsWith(u"\"%1\" bukan kode lembar absen"_s.arg(typed)));
+        }
+    }
+    TypeOver(sheet, u"t20261122-b"_s);
     EXPECT_EQ(sheet.text(), u"T20261122-B"_s);
     EXPECT_TRUE(ReadSheetCards(desk.Db(), u"T202611"_s).empty());
     EXPECT_EQ(ReadSheetCards(desk.Db(), u"T20261122"_s).size(), 1U);
 
-    sheet.setText(u"' or '1'='1"_s);
+    sheet.setText(u"T20261122-'or'1'='1"_s);
     KeyboardUser::Press(Qt::Key_F2);
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     EXPECT_TRUE(desk.dialogs.Last().contains(u"Perintah database ditolak"_s));
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), QString());
     EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }

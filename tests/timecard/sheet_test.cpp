@@ -27,6 +27,19 @@ TEST(SheetIdentifier, IsComposedOfMonthDayAndExtension) {
     EXPECT_EQ(DayPartOf(u""_s), u""_s);
     EXPECT_EQ(CardIdentifier(u"t20040515-a"_s, u"ab12"_s), u"T20040515-AAB12"_s);
 
+    for (const auto& [text, names] : {std::pair{u"T20261122"_s, true},
+                                      {u"T20261131"_s, true},
+                                      {u"T20261122-A"_s, true},
+                                      {u"T2026112"_s, false},
+                                      {u"TX"_s, false},
+                                      {u""_s, false},
+                                      {u"T202611220"_s, false},
+                                      {u"T20261100"_s, false},
+                                      {u"T20261132"_s, false},
+                                      {u"T20261301"_s, false},
+                                      {u"T20261122-"_s, false}})
+        EXPECT_EQ(IsSheetIdentifier(text), names) << text.toStdString();
+
     for (const QString& named : {u"T20040515"_s, u"T20040515-A"_s, u"T200405151001"_s})
         EXPECT_EQ(DayOfIdentifier(named), DayOf(Moment(u"2004-05-15"))) << named.toStdString();
     for (const QString& none : {u""_s, u"T"_s, u"T2004051"_s, u"T20040431"_s, u"X20040515"_s, u"T2004-A"_s})

@@ -162,6 +162,11 @@ TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
              KeyboardUser::Press(Qt::Key_Tab);
              EXPECT_TRUE(host.grid->hasFocus());
          }},
+        {"Shift+Tab",
+         [](Host& host) {
+             KeyboardUser::Press(Qt::Key_Backtab, Qt::ShiftModifier);
+             EXPECT_TRUE(host.grid->hasFocus());
+         }},
         {"scrolled", [](Host& host) { host.grid->verticalScrollBar()->setValue(5); }},
         {"focus lost", [](Host& host) { host.elsewhere->setFocus(); }},
     };

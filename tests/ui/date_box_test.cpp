@@ -106,6 +106,17 @@ TEST(DateBox, KeepsWhatIsNoDateAndTheFocusUntilItIsCorrectedOrLeftFor) {
     host.date.setEnabled(false);
     EXPECT_TRUE(ReadTypedBoxes(host.window));
     EXPECT_EQ(host.date.text(), u"23-Nov-2026"_s) << "what cannot be used any more is forgotten";
+    host.date.setEnabled(true);
+    host.date.setFocus();
+    Keys(u"1"_s);
+    for (const QEvent::Type type : {QEvent::FocusOut, QEvent::FocusIn}) { // to another program and back
+        QFocusEvent moved(type, Qt::ActiveWindowFocusReason);
+        QCoreApplication::sendEvent(&host.date, &moved);
+    }
+    Keys(u"/"_s);
+    EXPECT_EQ(host.date.text(), u"1/"_s) << "half a date is gone on with";
+    host.window.hide();
+    EXPECT_EQ(host.date.text(), u"23-Nov-2026"_s) << "but not when the window opens again";
     EXPECT_EQ(host.company.dialogs.texts, QStringList());
 }
 

@@ -78,7 +78,9 @@ TEST(PickList, OpenedByItselfItSaysWhyAndTakesNothingUntilARowIsChosen) {
                                        {u" ⏎"_s, u""_s},
                                        {u"genap⏎"_s, u"102"_s},
                                        {u"↓⏎"_s, u"101"_s},
-                                       {u"↑⏎"_s, u"101"_s}}) {
+                                       {u"↑⏎"_s, u"101"_s},
+                                       {u"⇟⇟⇟⇟⏎"_s, u"130"_s},
+                                       {u"⇟⇟⇞⏎"_s, u"110"_s}}) {
         open.closed = 0;
         open.Show();
         const auto& reason = Part<QLabel>(*open.list, "lblReason");
