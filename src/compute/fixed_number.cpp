@@ -36,6 +36,14 @@ public:
         at_ += found ? 1 : 0;
         return found;
     }
+    /// True for a minus.
+    bool SkipSign() {
+        const bool minus = Skip(u'-');
+        if (!minus)
+            Skip(u'+');
+        return minus;
+    }
+    QStringView Rest() const { return text_.sliced(at_); }
 
 private:
     QStringView text_;
@@ -65,11 +73,21 @@ qint64 RoundedQuotient(qint64 dividend, qint64 divisor) {
     return dividend < 0 ? quotient - 1 : quotient + 1;
 }
 
+QStringView UnreadPart(QStringView text) {
+    DigitReader digits(text.trimmed());
+    digits.SkipSign();
+    while (digits.AtDigit())
+        digits.Next();
+    if (digits.Skip(u'.')) {
+        while (digits.AtDigit())
+            digits.Next();
+    }
+    return digits.Rest();
+}
+
 qint64 fixed_units::FromText(QStringView text, int places) {
     DigitReader digits(text.trimmed());
-    const bool negative = digits.Skip(u'-');
-    if (!negative)
-        digits.Skip(u'+');
+    const bool negative = digits.SkipSign();
     qint64 units = 0;
     const auto append = [&units, text](int digit) {
         // The last digit is left free for rounding up.

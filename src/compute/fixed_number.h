@@ -9,6 +9,9 @@
 /// Rounds to the nearest whole number, halves to the even one. The divisor is above 0.
 qint64 RoundedQuotient(qint64 dividend, qint64 divisor);
 
+/// What follows the number that a text begins with: FixedNumber::FromText reads nothing of it.
+QStringView UnreadPart(QStringView text);
+
 /// The arithmetic behind FixedNumber: numbers counted in units of 10 to the power of minus `places`.
 namespace fixed_units {
 qint64 FromText(QStringView text, int places);

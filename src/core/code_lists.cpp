@@ -43,6 +43,10 @@ std::vector<ShiftRow> Shifts(Connection& connection) {
     return shifts;
 }
 
+std::vector<CodeName> EmployeeStatuses(Connection& connection) {
+    return ReadList(connection, PickListQuery::SearchStatuses);
+}
+
 } // namespace CodeLists
 
 std::optional<QString> EmployeeName(Connection& connection, const QString& nip) {

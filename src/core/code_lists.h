@@ -33,6 +33,7 @@ enum class DepartmentColumns { Joined, Spaced };
 std::vector<CodeName> Departments(Connection& connection, DepartmentColumns columns);
 std::vector<CodeName> Divisions(Connection& connection);
 std::vector<CodeName> AbsenceTypes(Connection& connection);
+std::vector<CodeName> EmployeeStatuses(Connection& connection);
 /// In the order of the reports' columns.
 std::vector<CodeName> Statuses(Connection& connection);
 /// In the order in which a clock-in is compared with them.

@@ -51,16 +51,29 @@ std::optional<Day> ReadCalendarDay(const QString& text, year_month_day shown) {
     return std::nullopt;
 }
 
-std::optional<Seconds> ReadTypedTime(const QString& text) {
-    const Match match = MatchWhole("([0-9]{1,2})(?:[.:]?([0-9]{2}))?", text);
-    const int hour = match.captured(1).toInt();
-    const int minute = match.captured(2).toInt();
-    if (!match.hasMatch() || hour > 23 || minute > 59)
-        return std::nullopt;
-    return hours{hour} + minutes{minute};
+} // namespace
+
+WallTime TypedTime::On(Day day) const {
+    return TimeOnDay(nextDay ? day + days{1} : day, timeOfDay);
 }
 
-} // namespace
+WallTime TypedTime::On(Day day, const std::optional<WallTime>& arrival) const {
+    if (nextDay || !arrival || On(day) >= *arrival)
+        return On(day);
+    const WallTime sameDay = On(DayOf(*arrival));
+    return sameDay < *arrival ? sameDay + days{1} : sameDay;
+}
+
+std::optional<TypedTime> ReadTypedTime(QStringView text) {
+    const Match match = MatchWhole("([0-9]{1,2})(?:[.:]?([0-9]{2})|:([0-9]{2}):([0-9]{2}))?( ?\\(?\\+1\\)?)?",
+                                   text.toString().simplified());
+    const int hour = match.captured(1).toInt();
+    const int minute = (match.captured(2) + match.captured(3)).toInt();
+    const int second = match.captured(4).toInt();
+    if (!match.hasMatch() || hour > 23 || minute > 59 || second > 59)
+        return std::nullopt;
+    return TypedTime{hours{hour} + minutes{minute} + seconds{second}, !match.captured(5).isEmpty()};
+}
 
 std::optional<Day> ReadTypedDate(QStringView text, Day shown, Day today) {
     const QString typed = text.toString().simplified().toLower();
@@ -78,11 +91,10 @@ std::optional<Day> ReadTypedDate(QStringView text, Day shown, Day today) {
 std::optional<WallTime> ReadTypedMoment(QStringView text, WallTime shown, Day today) {
     const QString typed = text.toString().simplified();
     const Day shownDay = DayOf(shown);
+    const auto alone = ReadTypedTime(typed);
     // A time that the clock lacks is not taken for a date.
-    if (MatchWhole("[0-9]{1,4}|[0-9]{1,2}[.:][0-9]{1,2}", typed).hasMatch()) {
-        const auto time = ReadTypedTime(typed);
-        return time ? std::optional(TimeOnDay(shownDay, *time)) : std::nullopt;
-    }
+    if (alone || MatchWhole("[0-9]{1,4}|[0-9]{1,2}[.:][0-9]{1,2}", typed).hasMatch())
+        return alone ? std::optional(alone->On(shownDay)) : std::nullopt;
     const auto whole = ReadTypedDate(typed, shownDay, today);
     const qsizetype gap = typed.lastIndexOf(u' ');
     const auto day = gap < 0 ? std::nullopt : ReadTypedDate(typed.first(gap), shownDay, today);
@@ -90,5 +102,5 @@ std::optional<WallTime> ReadTypedMoment(QStringView text, WallTime shown, Day to
     const bool both = day && time;
     if (whole.has_value() == both)
         return std::nullopt;
-    return both ? TimeOnDay(*day, *time) : TimeOnDay(*whole, TimeOfDay(shown));
+    return both ? time->On(*day) : TimeOnDay(*whole, TimeOfDay(shown));
 }

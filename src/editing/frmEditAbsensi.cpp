@@ -1,10 +1,12 @@
 #include "editing/frmEditAbsensi.h"
 
 #include "core/code_lists.h"
+#include "core/status_codes.h"
 #include "core/supervisor_check.h"
 #include "editing/computation_words.h"
 #include "editing/employee_status.h"
 #include "editing/grid_row.h"
+#include "editing/save_questions.h"
 #include "editing/search_criteria.h"
 #include "editing/work_grid.h"
 #include "reports/report_file.h"
@@ -105,6 +107,9 @@ CellEditing frmEditAbsensi::GridEditing() {
     editing.checkedColumn = Status;
     editing.check = [this](const QModelIndex&, const QString& code) {
         return ListedStatus(program_.Db(), code);
+    };
+    editing.mayEnter = [this](const QModelIndex& cell, const QString& text) {
+        return cell.column() < NormalHours || MayCutNumber(program_.dialogs, text);
     };
     editing.mayEdit = [this](const QModelIndex& cell) { return MayTypeInto(cell); };
     editing.openPickList = [this](QLineEdit& anchor, const QString& reason) { cmdLov_Click(anchor, reason); };
@@ -241,8 +246,22 @@ bool frmEditAbsensi::MayTypeInto(const QModelIndex& cell) {
     return false;
 }
 
+bool frmEditAbsensi::MaySave(int row) {
+    if (!MayStoreReversed(program_.dialogs, model_.index(row, Tcid).data().toString(),
+                          model_.ReversedTimes(row)))
+        return false;
+    if (!model_.GetsForgottenDeparture(row))
+        return true;
+    const Dialogs::Answer answer = OfferOut(program_.dialogs);
+    if (answer == Dialogs::Answer::Yes)
+        model_.setData(model_.index(row, Status), CardStatus::Out.toString());
+    return answer != Dialogs::Answer::Cancel;
+}
+
 /// A row that another desk changed is read anew: nothing of it is left to save.
 bool frmEditAbsensi::SaveGridRow(int row) {
+    if (!MaySave(row))
+        return false;
     try {
         model_.SaveRow(row);
         ShowState(u"Baris %1 disimpan."_s.arg(row + 1));

@@ -65,6 +65,8 @@ private:
     void cmdLov_Click(QLineEdit& anchor, const QString& reason);
 
     bool MayTypeInto(const QModelIndex& cell);
+    /// Asks before a row is saved that says what can hardly be meant.
+    bool MaySave(int row);
     bool SaveGridRow(int row);
     void LoadRowFromDb(int row);
     /// Asks what becomes of unsaved rows; after that there are none. False: everything stays.

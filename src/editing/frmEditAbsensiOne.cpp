@@ -1,10 +1,13 @@
 #include "editing/frmEditAbsensiOne.h"
 
 #include "cards/card_computation.h"
+#include "compute/fixed_number.h"
 #include "core/code_lists.h"
 #include "core/query_values.h"
+#include "core/status_codes.h"
 #include "database/statement.h"
 #include "editing/computation_words.h"
+#include "editing/save_questions.h"
 #include "ui/busy_pointer.h"
 #include "ui/moment_box.h"
 #include "ui/typing.h"
@@ -39,11 +42,8 @@ QString TimesHint(bool given, const MomentBox& in, const MomentBox& out) {
 
 /// Says what part of a typed amount counts when it is not all of it.
 QString AmountHint(const QString& amount) {
-    static const QRegularExpression number(u"^\\s*[+-]?[0-9]*([.][0-9]*)?\\s*"_s);
-    const qsizetype end = number.match(amount).capturedLength();
-    if (end == amount.size())
-        return {};
-    return u"Jumlah dibaca hanya sampai \"%1\"."_s.arg(amount[end]);
+    const QStringView unread = UnreadPart(amount);
+    return unread.isEmpty() ? QString() : u"Jumlah dibaca hanya sampai \"%1\"."_s.arg(unread[0]);
 }
 
 } // namespace
@@ -66,6 +66,10 @@ frmEditAbsensiOne::frmEditAbsensiOne(Program& program, const QString& tcid, cons
     connect(ui_->chkOTIO, &QCheckBox::toggled, this, &frmEditAbsensiOne::chkOTIO_Click);
     connect(ui_->txtStatus, &QComboBox::currentTextChanged, this, &frmEditAbsensiOne::ShowStatusText);
     SetUpDateBoxes(*this, program_);
+    for (MomentBox* box : {ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
+        box->ReadAfter([this] {
+            return ui_->txtTIN->HoldsSuggestion() ? std::nullopt : std::optional(ui_->txtTIN->Value());
+        });
     for (const MomentBox* box : {ui_->txtTIN, ui_->txtTOUT, ui_->txtOTIN, ui_->txtOTOUT})
         connect(box, &DateBox::Changed, this, &frmEditAbsensiOne::ShowHints);
     for (const QLineEdit* amount : {ui_->txtNAmount, ui_->txtOTAmount})
@@ -88,8 +92,13 @@ void frmEditAbsensiOne::Form_Load() {
 
 void frmEditAbsensiOne::FillStatusList() {
     ui_->txtStatus->clear();
-    for (const CodeName& type : CodeLists::AbsenceTypes(program_.Db()))
-        ui_->txtStatus->addItem(type.code, type.name);
+    for (const auto& list :
+         {CodeLists::AbsenceTypes(program_.Db()), CodeLists::EmployeeStatuses(program_.Db())}) {
+        for (const CodeName& status : list) {
+            if (ui_->txtStatus->findText(status.code, Qt::MatchFixedString | Qt::MatchCaseSensitive) < 0)
+                ui_->txtStatus->addItem(status.code, status.name);
+        }
+    }
 }
 
 void frmEditAbsensiOne::Form_Activate() {
@@ -156,13 +165,43 @@ CardFields frmEditAbsensiOne::TypedFields() const {
     return fields;
 }
 
+/// Asks about what is typed and can hardly be meant, and what goes with it.
+bool frmEditAbsensiOne::MaySave(const CardFields& fields) {
+    Dialogs& dialogs = program_.dialogs;
+    if (!MayStoreReversed(dialogs, tcid_, ReversedTimes(fields))
+        || (fields.normalAmount != untouched_.normalAmount && !MayCutNumber(dialogs, fields.normalAmount))
+        || (fields.otAmount != untouched_.otAmount && !MayCutNumber(dialogs, fields.otAmount)))
+        return false;
+    if (!fields.normalGiven || fields.timeOut == untouched_.timeOut || fields.status != CardStatus::In)
+        return true;
+    const Dialogs::Answer answer = OfferOut(dialogs);
+    if (answer == Dialogs::Answer::Yes)
+        ShowStatus(CardStatus::Out.toString());
+    return answer != Dialogs::Answer::Cancel;
+}
+
+/// Sentences on typed times of which the departure lies before the arrival.
+QStringList frmEditAbsensiOne::ReversedTimes(const CardFields& fields) const {
+    QStringList reversed;
+    const auto compare = [&](bool given, const MomentBox& in, const MomentBox& out, bool typed) {
+        if (given && typed && out.Value() < in.Value())
+            reversed << u"%1 %2 mendahului %3 %4."_s.arg(out.accessibleName(), out.text(),
+                                                         in.accessibleName(), in.text());
+    };
+    compare(fields.normalGiven, *ui_->txtTIN, *ui_->txtTOUT,
+            fields.timeIn != untouched_.timeIn || fields.timeOut != untouched_.timeOut);
+    compare(fields.overtimeGiven, *ui_->txtOTIN, *ui_->txtOTOUT,
+            fields.overtimeIn != untouched_.overtimeIn || fields.overtimeOut != untouched_.overtimeOut);
+    return reversed;
+}
+
 bool frmEditAbsensiOne::SaveTimeCard() {
-    if (!ReadTypedBoxes(*this))
+    if (!ReadTypedBoxes(*this) || !card_ || !MaySave(TypedFields()))
         return false;
     bool saved = false;
     Trapped(program_, u"SaveTimeCard"_s, [&] {
         const BusyPointer busy;
-        saved = card_ && card_->Save(TypedFields());
+        saved = card_->Save(TypedFields());
     });
     if (saved) {
         untouched_ = TypedFields();

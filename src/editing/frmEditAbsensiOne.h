@@ -41,6 +41,8 @@ private:
     void cmdButtons_Click(int index);
 
     void LoadTimeCard();
+    bool MaySave(const CardFields& fields);
+    QStringList ReversedTimes(const CardFields& fields) const;
     /// True when the card was written.
     bool SaveTimeCard();
     void FillStatusList();

@@ -3,7 +3,6 @@
 #include "cards/card_conflict.h"
 #include "cards/card_store.h"
 #include "cards/listed_employees.h"
-#include "cards/sheet_identifier.h"
 #include "compute/money.h"
 
 using namespace Qt::StringLiterals;
@@ -70,14 +69,27 @@ public:
         return row;
     }
 
+    /// The departures that lie before their arrivals, as far as one of the two was typed.
+    QStringList Reversed() const {
+        CardDay day = shown_.day.value_or(CardDay());
+        WriteTo(day);
+        QStringList reversed;
+        for (const auto& [from, to, in, out] :
+             {std::tuple{TimeIn, TimeOut, TimeIfSet(day.timeIn), TimeIfSet(day.timeOut)},
+              {TimeInOt, TimeOutOt, TimeIfSet(day.timeInOt), TimeIfSet(day.timeOutOt)}}) {
+            if (in && out && *out < *in && (IsTyped(from) || IsTyped(to)))
+                reversed << u"%1 %2 mendahului %3 %4."_s.arg(SearchColumnName(to), Element(to),
+                                                             SearchColumnName(from), Element(from));
+        }
+        return reversed;
+    }
+
 private:
     const QString& Element(SearchRow::Column column) const { return elements_[column - 1]; }
     bool IsTyped(SearchRow::Column column) const { return Element(column) != SearchCellText(shown_, column); }
 
     Day TypedDay() const {
-        // A row whose day was deleted shows none: the card's identifier tells it.
-        const std::optional<Day> day =
-            Element(Tanggal).isEmpty() ? DayOfIdentifier(shown_.header.tcid) : ReadDayCell(Element(Tanggal));
+        const std::optional<Day> day = DayOfRow(elements_);
         if (!day)
             throw ProgramError(
                 NoTimeNumber,
@@ -119,6 +131,10 @@ bool SaveGridRow(Connection& connection, const FoundDay& shown, const QStringLis
         typed.WriteTo(day ? *day : card.days.emplace_back());
     });
     return true;
+}
+
+QStringList ReversedTimes(const FoundDay& shown, const QStringList& elements) {
+    return elements.size() <= TooFewElements ? QStringList() : TypedRow(shown, elements).Reversed();
 }
 
 void DeleteRowsDay(Connection& connection, const FoundDay& shown) {

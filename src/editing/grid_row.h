@@ -12,6 +12,10 @@
 /// then.
 bool SaveGridRow(Connection& connection, const FoundDay& shown, const QStringList& elements);
 
+/// Sentences on the typed times of a row in which a departure lies before its arrival. Throws ProgramError
+/// for a text that is no day or time.
+QStringList ReversedTimes(const FoundDay& shown, const QStringList& elements);
+
 /// Deletes the day of the row. Throws ConflictError when another desk has changed the row since it was read,
 /// DatabaseError otherwise; nothing is deleted then.
 void DeleteRowsDay(Connection& connection, const FoundDay& shown);

@@ -16,13 +16,6 @@ bool IsFigure(int column) {
     return column == SerialNo || (column >= TimeIn && column <= TimeOutOt) || column >= NormalHours;
 }
 
-/// The flag counts as given for the text "True" only: what else people write for it becomes one of the two at
-/// once, before their eyes.
-QString FlagText(const QString& typed) {
-    static const QStringList yes{u"true"_s, u"t"_s, u"ya"_s, u"y"_s, u"1"_s};
-    return yes.contains(typed.trimmed().toLower()) ? u"True"_s : u"False"_s;
-}
-
 std::vector<TableColumn> Columns() {
     std::vector<TableColumn> columns;
     for (int column = 0; column < ColumnCount; ++column)
@@ -93,6 +86,16 @@ void SearchModel::DropEdits() {
         ShowRowAnew(row);
 }
 
+QStringList SearchModel::ReversedTimes(int row) const {
+    return IsEdited(row) ? ::ReversedTimes(rows_.at(static_cast<size_t>(row)), Elements(row)) : QStringList();
+}
+
+bool SearchModel::GetsForgottenDeparture(int row) const {
+    const QString out = Text(row, TimeOut);
+    return IsEdited(row) && !out.isEmpty() && Text(row, Status) == CardStatus::In
+           && out != SearchCellText(rows_.at(static_cast<size_t>(row)), TimeOut);
+}
+
 void SearchModel::SaveRow(int row) {
     if (!IsEdited(row))
         return;
@@ -142,8 +145,7 @@ bool SearchModel::setData(const QModelIndex& index, const QVariant& value, int r
     if (!index.isValid() || role != Qt::EditRole || !IsWritten(index.column()))
         return false;
     QStringList elements = Elements(index.row());
-    elements[index.column() - 1] =
-        index.column() == BeriUangMakan ? FlagText(value.toString()) : value.toString();
+    elements[index.column() - 1] = EnteredText(elements, index.column(), value.toString());
     edited_.insert(index.row(), elements);
     Q_EMIT dataChanged(index, index);
     return true;

@@ -39,6 +39,10 @@ public:
 
     /// Reads a row anew in place of what it shows; false when its card is gone. Throws DatabaseError.
     bool LoadRow(int row);
+    /// What ReversedTimes says of a row.
+    QStringList ReversedTimes(int row) const;
+    /// True when a departure was typed into a row that says that its employee is still in.
+    bool GetsForgottenDeparture(int row) const;
     /// Saves what was typed into a row, if anything. A row that another desk changed is read anew before the
     /// ConflictError goes on. Throws like SaveGridRow, and the row stays as typed otherwise.
     void SaveRow(int row);

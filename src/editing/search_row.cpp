@@ -1,6 +1,9 @@
 #include "editing/search_row.h"
 
+#include "cards/sheet_identifier.h"
 #include "compute/money.h"
+#include "core/typed_date.h"
+#include "database/database_error.h"
 
 using namespace Qt::StringLiterals;
 using enum SearchRow::Column;
@@ -11,6 +14,8 @@ QString TimeCell(const std::optional<WallTime>& time, Day cardDay) {
     if (!TimeIfSet(time))
         return {};
     const QString clock = ShownTime(*time);
+    if (DayOf(*time) == cardDay + std::chrono::days{1})
+        return clock + NextDaySign.toString();
     return DayOf(*time) == cardDay ? clock : ShownDay(DayOf(*time)) + u' ' + clock;
 }
 
@@ -49,6 +54,29 @@ std::optional<Day> ReadShownDay(const QString& text) {
         return std::nullopt;
     const auto read = ReadDateText(u"%1-%2-%3"_s.arg(parts[2]).arg(month + 1).arg(parts[0]));
     return read ? std::optional(DayOf(read->time)) : std::nullopt;
+}
+
+/// The flag counts as given for the text "True" only: what else people write for it becomes one of the two at
+/// once, before their eyes.
+QString FlagText(const QString& typed) {
+    static const QStringList yes{u"true"_s, u"t"_s, u"ya"_s, u"y"_s, u"1"_s};
+    return yes.contains(typed.trimmed().toLower()) ? u"True"_s : u"False"_s;
+}
+
+/// A number that is too large stays, to be refused when it is saved.
+QString NumberText(const QString& typed) {
+    try {
+        return Money::FromText(typed).Text();
+    } catch (const ProgramError&) {
+        return typed;
+    }
+}
+
+QString TimeText(const QStringList& elements, Day day, int column, const QString& typed) {
+    const auto alone = ReadTypedTime(typed);
+    const auto arrival = column == TimeIn ? std::nullopt : ReadTimeCell(elements[TimeIn - 1], day);
+    const auto time = alone ? std::optional(alone->On(day, arrival)) : ReadTimeCell(typed, day);
+    return TimeIfSet(time) ? TimeCell(time, day) : typed;
 }
 
 } // namespace
@@ -107,11 +135,25 @@ std::optional<Day> ReadDayCell(const QString& text) {
 }
 
 std::optional<WallTime> ReadTimeCell(const QString& text, Day cardDay) {
+    if (const auto alone = ReadTypedTime(text))
+        return alone->On(cardDay);
     const QString typed = text.trimmed();
-    const qsizetype gap = typed.indexOf(u' ');
-    const std::optional<Day> day = gap < 0 ? cardDay : ReadDayCell(typed.first(gap));
-    if (!day)
-        return std::nullopt;
-    const auto read = ReadDateText(StoredDay(*day) + u' ' + typed.sliced(gap + 1).trimmed());
-    return read && read->hasTime ? std::optional(read->time) : std::nullopt;
+    const auto day = ReadDayCell(typed.section(u' ', 0, 0));
+    const auto time = ReadTypedTime(typed.section(u' ', 1));
+    return day && time ? std::optional(time->On(*day)) : std::nullopt;
+}
+
+QString EnteredText(const QStringList& elements, int column, const QString& typed) {
+    if (column == BeriUangMakan)
+        return FlagText(typed);
+    if (column >= NormalHours)
+        return NumberText(typed);
+    const bool isTime = column >= TimeIn && column <= TimeOutOt;
+    const auto day = isTime ? DayOfRow(elements) : std::nullopt;
+    return day ? TimeText(elements, *day, column, typed) : typed;
+}
+
+std::optional<Day> DayOfRow(const QStringList& elements) {
+    const QString& shown = elements[Tanggal - 1];
+    return shown.isEmpty() ? DayOfIdentifier(elements[Tcid - 1]) : ReadDayCell(shown);
 }

@@ -37,7 +37,8 @@ struct SearchRow {
 QString SearchColumnName(int column);
 
 /// The text of a cell; of all columns but the serial number. A time of the card's own day is shown without
-/// it, any other with its date: what is shown reads back as the same moment.
+/// it, one of the next day with its sign, any other with its date: what is shown reads back as the same
+/// moment.
 QString SearchCellText(const FoundDay& row, int column);
 
 /// The texts of a whole row: element k is column k + 1.
@@ -46,6 +47,13 @@ QStringList SearchRowElements(const FoundDay& row);
 /// A day as it is typed, "05-Mar-2004" or "2004-03-05"; nothing when the text is neither.
 std::optional<Day> ReadDayCell(const QString& text);
 
-/// A time as it is typed: "07:58" or "07:58:12" of the card's day, or a day and a time. Nothing when the text
-/// is neither.
+/// The day of a row, which the card's identifier tells of a row that shows none. Nothing when neither does.
+std::optional<Day> DayOfRow(const QStringList& elements);
+
+/// A time as it is typed, of the card's day or, with its sign, the next; or a day and a time. Nothing when
+/// the text is neither.
 std::optional<WallTime> ReadTimeCell(const QString& text, Day cardDay);
+
+/// What a typed text becomes in its cell when it is entered into a row: the flag, number or time that will
+/// be stored, a time that lies before the arrival being of the next day. A text that is none stays as it is.
+QString EnteredText(const QStringList& elements, int column, const QString& typed);

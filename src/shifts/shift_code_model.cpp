@@ -3,11 +3,10 @@
 #include "cards/card_store.h"
 #include "core/cell_look.h"
 #include "core/query_values.h"
+#include "core/typed_date.h"
 #include "database/database_error.h"
 #include "database/statement.h"
 #include "shifts/shift_time.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -21,21 +20,6 @@ constexpr std::chrono::days OneDay{1};
 
 /// The columns are headed as the fields that they show.
 constexpr QStringView Titles[] = {u"Code", u"TimeIn", u"TimeOut"};
-
-/// A time of day as it is typed.
-struct TypedTime {
-    Seconds timeOfDay;
-    bool nextDay;
-};
-
-std::optional<TypedTime> ReadTyped(const QString& text) {
-    static const QRegularExpression form(u"^\\s*([0-9:]+)\\s*(\\(?\\+1\\)?)?\\s*$"_s);
-    const QRegularExpressionMatch match = form.match(text);
-    const auto time = ReadDateText(StoredDay(DayZero) + u' ' + match.captured(1));
-    if (!match.hasMatch() || !time || !time->hasTime)
-        return std::nullopt;
-    return TypedTime{TimeOfDay(time->time), match.hasCaptured(2)};
-}
 
 /// Where a shift that starts and ends at these times of day ends. An end at the very start is no night: that
 /// is how a day off is written, which has no hours.
@@ -161,7 +145,7 @@ void ShiftCodeModel::CheckTyped() const {
     }
     for (const Column column : {TimeIn, TimeOut}) {
         const QString& text = typed_[column];
-        const auto time = ReadTyped(text);
+        const auto time = ReadTypedTime(text);
         if (touched_[column] && !text.trimmed().isEmpty() && (!time || (column == TimeIn && time->nextDay)))
             RefuseTime(column, text);
     }
@@ -174,8 +158,8 @@ void ShiftCodeModel::SetTyped() {
         rstShift_->Set(u"Code"_s, typed_[Code].trimmed());
     if (!touched_[TimeIn] && !touched_[TimeOut])
         return;
-    const auto start = ReadTyped(typed_[TimeIn]);
-    const auto end = ReadTyped(typed_[TimeOut]);
+    const auto start = ReadTypedTime(typed_[TimeIn]);
+    const auto end = ReadTypedTime(typed_[TimeOut]);
     rstShift_->Set(u"TimeIn"_s, start ? FieldValue(TimeOnDay(DayZero, start->timeOfDay)) : FieldValue());
     rstShift_->Set(u"TimeOut"_s, end ? FieldValue(EndOfShift(start, *end)) : FieldValue());
 }
@@ -197,8 +181,8 @@ void ShiftCodeModel::EndEdit() {
 
 /// Both times as they will be read again once they are written.
 void ShiftCodeModel::ShowNextDay() {
-    const auto start = ReadTyped(typed_[TimeIn]);
-    const auto end = ReadTyped(typed_[TimeOut]);
+    const auto start = ReadTypedTime(typed_[TimeIn]);
+    const auto end = ReadTypedTime(typed_[TimeOut]);
     if (start && !start->nextDay)
         typed_[TimeIn] = ShownShiftTime(TimeOnDay(DayZero, start->timeOfDay), DayZero);
     if (end)

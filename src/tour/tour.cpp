@@ -10,6 +10,8 @@
 #include "ui/text_viewer.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
 #include <QTableView>
@@ -22,6 +24,8 @@ using namespace std::chrono_literals;
 namespace {
 
 const QString Employee = u"0007"_s;
+/// Comes in the morning and forgets to clock out.
+const QString Forgetful = u"0001"_s;
 
 void Print(const QString& line) {
     QTextStream(stdout) << line << Qt::endl;
@@ -70,6 +74,7 @@ bool Tour::Run() {
     ReopenSheetAsSupervisor();
     TurnAdminModeOn();
     CorrectACard();
+    FillForgottenDeparture();
     VisitOffice();
     PrintRows();
 
@@ -202,11 +207,42 @@ void Tour::CorrectACard() {
         Picture(editor, u"card-computed"_s);
         KeyboardUser::Press(Qt::Key_Escape);
     });
+    OpenCardOf(Employee);
+}
+
+void Tour::FillForgottenDeparture() {
+    user_.WhenIn(u"frmEditAbsensiOne"_s, [this](QWidget& editor) {
+        const auto* given = editor.findChild<QCheckBox*>(u"chkTimeIO"_s);
+        KeyboardUser::Press(Qt::Key_I, Qt::AltModifier);
+        KeyboardUser::WaitUntil([given] { return given->isChecked(); });
+        KeyboardUser::Press(Qt::Key_Tab);
+        KeyboardUser::Press(Qt::Key_Tab);
+        KeyboardUser::Type(u"1705"_s);
+        Picture(editor, u"forgotten-departure"_s);
+        KeyboardUser::Press(Qt::Key_H, Qt::AltModifier);
+        const auto* hours = editor.findChild<QLineEdit*>(u"txtNHrs"_s);
+        KeyboardUser::WaitUntil([hours] { return !hours->text().isEmpty(); });
+        Picture(editor, u"forgotten-departure-computed"_s);
+        KeyboardUser::Press(Qt::Key_Escape);
+    });
+    user_.WhenIn(u"MessageBox"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_Return); });
+    user_.WhenIn(u"MessageBox"_s, [this](QWidget& box) {
+        Picture(box, u"status-out-offered"_s);
+        KeyboardUser::Press(Qt::Key_Return);
+    });
+    OpenCardOf(Forgetful);
+    const QString tcid = CardIdentifier(SheetIdentifierOf(DayOf(clock_.now)), Forgetful);
+    const TimeCard card = CardStore(program_.Db()).Read(tcid);
+    Expect(card.header && card.header->status == CardStatus::Out && TimeIfSet(card.days.front().timeOut),
+           u"the forgotten departure was not filled in"_s);
+}
+
+void Tour::OpenCardOf(const QString& nip) {
     auto* grid = desk_->findChild<QTableView*>(u"MSHFlexGrid1"_s);
     grid->setFocus();
     KeyboardUser::Press(Qt::Key_Home, Qt::ControlModifier);
-    const auto isEmployee = [grid] {
-        return grid->currentIndex().siblingAtColumn(SheetModel::Nip).data() == Employee;
+    const auto isEmployee = [&] {
+        return grid->currentIndex().siblingAtColumn(SheetModel::Nip).data() == nip;
     };
     for (int row = 0; row < grid->model()->rowCount() && !isEmployee(); ++row)
         KeyboardUser::Press(Qt::Key_Down);

@@ -39,6 +39,9 @@ private:
     void ReopenSheetAsSupervisor();
     void TurnAdminModeOn();
     void CorrectACard();
+    void FillForgottenDeparture();
+    /// From the desk, in admin mode.
+    void OpenCardOf(const QString& nip);
 
     // the windows that ADMIN leads to, in tour_office.cpp
     void VisitOffice();

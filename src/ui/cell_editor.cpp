@@ -226,6 +226,9 @@ void CellEditor::CommitCellEdit() {
     const QString text = text1_->text();
     // A text that could not be saved can be entered again as it is.
     const bool changes = cell.isValid() && (text != TextOf(cell) || grid_.IsMarkedUnsaved(cell));
+    bool may = true;
+    if (changes && editing_.mayEnter && (!Attempt([&] { may = editing_.mayEnter(cell, text); }) || !may))
+        return;
     bool saved = false;
     if (changes && editing_.saveCell && !Attempt([&] { saved = editing_.saveCell(cell, text); }))
         return;

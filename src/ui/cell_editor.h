@@ -28,6 +28,8 @@ struct CellEditing {
     int checkedColumn = -1;
     /// The code as its table writes it; nothing when it is not listed, and the pick list opens.
     std::function<std::optional<QString>(const QModelIndex& cell, const QString& code)> check;
+    /// Asked before a changed text goes into its cell; the editor stays open for false.
+    std::function<bool(const QModelIndex&, const QString& text)> mayEnter;
     /// Opens the pick list under the anchor; its choice comes back through TakePicked. The reason is that of
     /// a list that opens by itself, empty where the user asked for it.
     std::function<void(QLineEdit& anchor, const QString& reason)> openPickList;

@@ -19,6 +19,13 @@ MomentBox::MomentBox(QWidget* parent) : DateBox(u"00-MMM-0000 00:00"_s, parent) 
 }
 
 std::optional<WallTime> MomentBox::Read(const QString& typed) const {
+    const auto read = ReadAsShown(typed);
+    if (!read || !arrival_ || DayOf(*read) != DayOf(Value()))
+        return read;
+    return TypedTime{TimeOfDay(*read)}.On(DayOf(*read), arrival_());
+}
+
+std::optional<WallTime> MomentBox::ReadAsShown(const QString& typed) const {
     const auto read = ReadTypedMoment(typed, Value(), Today());
     if (!read)
         return read;
@@ -37,5 +44,5 @@ void MomentBox::SelectPart() {
 
 std::optional<WallTime> MomentBox::Stepped(int by) const {
     return cursorPosition() < TimeStart ? DateBox::Stepped(by)
-                                        : Read(Shown(Value() + std::chrono::hours{by}));
+                                        : ReadAsShown(Shown(Value() + std::chrono::hours{by}));
 }

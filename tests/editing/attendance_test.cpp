@@ -227,7 +227,8 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
          true, false},
         {"a day added to the card", u"0012"_s, own, secondDay, true, false},
         {"given to another employee", u"0012"_s, own, u"UPDATE TimeCardHeader SET NIP='0013'"_s, false, false,
-         u"Kartu T202611200012 (0012, 20-Nov-2026): NIP sudah diganti komputer lain menjadi 0013.\nTidak ada "
+         u"Kartu T202611200012 (0012, 20-Nov-2026):\nNIP sudah diganti komputer lain menjadi 0013.\nTidak "
+         u"ada "
          "yang disimpan."_s},
         {"the same status", u"0012"_s, own, u"UPDATE TimeCardHeader SET Status='S'"_s, true, false},
         {"nothing", u"0012"_s, own, {}, true, true},

@@ -84,7 +84,8 @@ TEST(frmEditAbsensiOne, ShowsTheCardAndSavesNothingUnasked) {
 TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
     for (const auto& [typed, hours, out] : {std::tuple{u"22Nov2026 1630"_s, u"8"_s, u"2026-11-22 16:30:00"_s},
                                             {u"22/11/2026 17:30"_s, u"10"_s, u"2026-11-22 17:30:00"_s},
-                                            {u"+1 8.00"_s, u"24"_s, u"2026-11-23 08:00:00"_s}}) {
+                                            {u"+1 8.00"_s, u"24"_s, u"2026-11-23 08:00:00"_s},
+                                            {u"0605"_s, u"22"_s, u"2026-11-23 06:05:00"_s}}) {
         CardEditor editor(u"OUT"_s, u"2026-11-22 08:00:00"_s, u"2026-11-22 12:00:00"_s);
         editor.Run(u"UPDATE TimeCardHeader SET OTHours=1.15"_s);
         editor.Run(u"UPDATE TimeCardDetail SET TimeINOT='2026-11-22 17:00:00', ShiftCode='P'"_s);
@@ -166,6 +167,7 @@ TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
         for (const char* name : {"chkOTIO", "chkTimeIO", "chkTimeIO"})
             Press(name, window);
         EXPECT_EQ(out.text(), u"22-Nov-2026 16:30"_s) << "what was typed stays";
+        editor.dialogs.answers = {Dialogs::Answer::No};
         Press("cmdButtons_1", window);
     });
     EXPECT_EQ(editor.RowsOf(Days),
@@ -271,6 +273,10 @@ TEST(frmEditAbsensiOne, AmountsSayWhatOfThemCountsAndSecondsAreThoseOfTheCardOrN
         EXPECT_EQ(TextOf(window, "lblOvertimeHint"), QString());
         TypeInto(window, "txtTIN", u"21Nov2026"_s);
         TypeInto(window, "txtTOUT", u"1704"_s);
+        editor.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
+        Press("cmdButtons_1", window);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(editor.dialogs.questions[0].startsWith(u"1,250,000 akan disimpan sebagai 1. Simpan?"_s));
         Press("cmdButtons_1", window);
     });
     EXPECT_EQ(editor.RowsOf(u"select NormalAmount, OTAmount from TimeCardHeader"_s),
@@ -313,6 +319,69 @@ TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
         EXPECT_EQ(editor.RowsOf(u"select Keterangan, NormalHours from TimeCardHeader"_s),
                   QStringList{u"-|-"_s});
         EXPECT_EQ(editor.RowsOf(u"select TimeOUT from TimeCardDetail"_s), left);
+    }
+}
+
+TEST(frmEditAbsensiOne, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
+    using Answer = Dialogs::Answer;
+    for (const auto& [box, typed, answer, stored] :
+         {std::tuple{"txtTOUT", u"21Nov2026 0500"_s, Answer::No, u"17:00:00|16:30:00"_s},
+          {"txtTOUT", u"21Nov2026 0500"_s, Answer::Yes, u"05:00:00|16:30:00"_s},
+          {"txtOTOUT", u"1600"_s, Answer::No, u"17:00:00|16:30:00"_s},
+          {"txtKeterangan", u"x"_s, Answer::No, u"17:00:00|16:30:00"_s}}) {
+        CardEditor editor(u"OUT"_s);
+        // The computation itself puts the end of overtime before its start when someone leaves early.
+        editor.Run(
+            u"UPDATE TimeCardDetail SET TimeINOT='2026-11-22 17:00:00', TimeOutOT='2026-11-22 16:30:00'"_s);
+        editor.dialogs.answers = {answer};
+        editor.Open([&, box = box, typed = typed](QWidget& window) {
+            TypeInto(window, box, typed);
+            Press("cmdButtons_1", window);
+        });
+        EXPECT_EQ(editor.dialogs.questions.size(), box == std::string("txtKeterangan") ? 0 : 1) << box;
+        EXPECT_EQ(editor.RowsOf(u"select Mid(TimeOUT,12), Mid(TimeOutOT,12) from TimeCardDetail"_s),
+                  QStringList{stored});
+    }
+}
+
+TEST(frmEditAbsensiOne, ADepartureOffersOut) {
+    using Answer = Dialogs::Answer;
+    for (const auto& [answer, status, out] : {std::tuple{Answer::Yes, u"OUT"_s, u"2026-11-22 17:05:00"_s},
+                                              {Answer::No, u"IN"_s, u"2026-11-22 17:05:00"_s},
+                                              {Answer::Cancel, u"IN"_s, u"-"_s}}) {
+        CardEditor editor(u"IN"_s, u"2026-11-22 07:45:12"_s, {});
+        editor.Run(
+            u"INSERT INTO [Employee Status] VALUES (1,'IN','Masuk'),(2,'OUT','Keluar'),(3,'S','Sakit')"_s);
+        editor.dialogs.answers = {answer};
+        editor.Open([&](QWidget& window) {
+            const auto& list = Part<QComboBox>(window, "txtStatus");
+            QStringList offered;
+            for (int i = 0; i < list.count(); ++i)
+                offered << list.itemText(i);
+            EXPECT_EQ(offered.join(u' '), u"I S IN OUT"_s);
+            Part<QWidget>(window, "chkTimeIO").setFocus();
+            Keys(u" ↹↹1705"_s);
+            Press("cmdButtons_1", window);
+        });
+        EXPECT_EQ(editor.dialogs.questions.size(), 1);
+        EXPECT_EQ(editor.RowsOf(u"select Status, TimeOUT from TimeCardHeader, TimeCardDetail"_s),
+                  QStringList{status + u'|' + out});
+    }
+}
+
+TEST(frmEditAbsensiOne, AnAmountTooLargeForMoneyCanBeLookedAtAndLeft) {
+    for (const bool compute : {false, true}) {
+        CardEditor editor(u"OUT"_s);
+        editor.Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15"_s);
+        editor.Open([&](QWidget& window) {
+            EXPECT_EQ(TextOf(window, "txtNAmount"), u"1000000000000000"_s);
+            if (compute)
+                Press("cmdCalcHrs", window);
+            EXPECT_EQ(TextOf(window, "txtNAmount") == u"150000"_s, compute);
+            KeyboardUser::Press(Qt::Key_Escape);
+            EXPECT_FALSE(window.isVisible());
+        });
+        EXPECT_TRUE(editor.dialogs.texts.isEmpty() && editor.dialogs.questions.isEmpty());
     }
 }
 

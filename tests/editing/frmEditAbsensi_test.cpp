@@ -167,6 +167,57 @@ TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
     EXPECT_TRUE(search.dialogs.questions.isEmpty());
 }
 
+TEST(frmEditAbsensi, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
+    SearchWindow search;
+    KeyboardUser::Press(Qt::Key_Return);
+    for (const auto& [answer, stored] :
+         {std::pair{Dialogs::Answer::No, u"16:30:00"_s}, std::pair{Dialogs::Answer::Yes, u"05:00:00"_s}}) {
+        search.dialogs.answers = {answer};
+        search.Type(0, TimeOut, u"21-Nov-2026 0500"_s);
+        KeyboardUser::Press(Qt::Key_Down);
+        EXPECT_TRUE(search.RowsOf(Cards)[0].endsWith(stored));
+        EXPECT_TRUE(search.dialogs.questions.last().startsWith(u"Kartu T202611210012:\nTimeOUT"_s));
+    }
+    EXPECT_EQ(search.dialogs.questions.size(), 2);
+}
+
+TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
+    SearchWindow search;
+    search.Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    EXPECT_EQ(search.Cell(0, NormalAmount), u"1000000000000000"_s);
+    using Answer = Dialogs::Answer;
+    const std::tuple<QString, Answer, qsizetype, QString> cases[] = {
+        {u"150,000"_s, Answer::No, 1, u"1000000000000000"_s},
+        {u"150,000"_s, Answer::Yes, 1, u"150"_s},
+        {u"-1,5"_s, Answer::Yes, 1, u"-1"_s},
+        {u"1.2.3"_s, Answer::Cancel, 1, u"-1"_s},
+        {u"150.50"_s, Answer::No, 0, u"150.5"_s},
+        {u"9000 rupiah"_s, Answer::No, 0, u"9000"_s}};
+    for (const auto& [typed, answer, asked, shown] : cases) {
+        search.dialogs.questions.clear();
+        search.dialogs.answers = {answer};
+        search.Type(0, NormalAmount, typed);
+        EXPECT_EQ(search.dialogs.questions.size(), asked) << typed.toStdString();
+        EXPECT_EQ(search.Part<QLineEdit>("Text1").isVisible(), asked > 0 && answer != Answer::Yes);
+        KeyboardUser::Press(Qt::Key_Escape);
+        EXPECT_EQ(search.Cell(0, NormalAmount), shown) << typed.toStdString();
+    }
+}
+
+TEST(frmEditAbsensi, ADepartureOffersOut) {
+    SearchWindow search;
+    search.Run(u"UPDATE TimeCardHeader SET Status='IN'"_s);
+    KeyboardUser::Press(Qt::Key_Return);
+    search.Type(0, Keterangan, u"x"_s);
+    search.dialogs.answers = {Dialogs::Answer::Yes};
+    Keys(u"↓"_s);
+    EXPECT_TRUE(search.dialogs.questions.isEmpty()) << "no departure was typed";
+    search.Type(1, TimeOut, u"1700"_s);
+    Keys(u"↓"_s);
+    EXPECT_TRUE(search.RowsOf(Cards)[1].startsWith(u"T202611210013|OUT|"_s));
+}
+
 TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     SearchWindow search;
     KeyboardUser::Press(Qt::Key_Return);
@@ -190,7 +241,7 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     search.Run(u"UPDATE TimeCardDetail SET TimeOUT=datetime(TimeOUT,'1 days')"_s);
     search.Type(0, Keterangan, u"dibuang"_s);
     doubleClick(SerialNo);
-    EXPECT_EQ(search.Cell(0, TimeOut), u"22-Nov-2026 16:30:00"_s);
+    EXPECT_EQ(search.Cell(0, TimeOut), u"16:30:00 (+1)"_s);
     EXPECT_EQ(search.Cell(0, Keterangan), QString());
     search.Run(u"DELETE FROM TimeCardHeader WHERE TCID='T202611210013'"_s);
     search.Go(1, TimeIn);

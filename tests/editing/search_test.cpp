@@ -91,9 +91,8 @@ TEST_F(Search, ShowsEveryColumnAndFiltersByEach) {
             shown << row.header.nip;
         EXPECT_EQ(shown, found) << clause.toStdString();
     }
-    EXPECT_EQ(Shown(0),
-              u"IN|0012|Siti|catatan|PROD|T202611220012|A|22-Nov-2026|22:00:05|23-Nov-2026 06:30:12|||"
-              "True|9.15||150000|0.0001"_s);
+    EXPECT_EQ(Shown(0), u"IN|0012|Siti|catatan|PROD|T202611220012|A|22-Nov-2026|22:00:05|06:30:12 (+1)|||"
+                        "True|9.15||150000|0.0001"_s);
     EXPECT_EQ(WhereClause(EqualFragment(u"Divisi"_s, u"and"_s)), u" Where Divisi='and'"_s);
     EXPECT_NE(FailureOf([] { EqualFragment(u"NIP"_s, u"x' or '1'='1"_s); }), QString());
     Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15, OTAmount=-2.5e14"_s);
@@ -221,7 +220,9 @@ TEST_F(Search, WhatIsShownReadsBackAsTheSameMoment) {
                                                  {u" 23-nov-2026 6:30"_s, u"2026-11-23 06:30:00"_s},
                                                  {u"2026-11-23 06:30:12"_s, u"2026-11-23 06:30:12"_s},
                                                  {u"24:00"_s, u""_s},
-                                                 {u"0758"_s, u""_s},
+                                                 {u"0758"_s, u"2026-11-22 07:58:00"_s},
+                                                 {u"06.05 (+1)"_s, u"2026-11-23 06:05:00"_s},
+                                                 {u"23-Nov-2026  06.05"_s, u"2026-11-23 06:05:00"_s},
                                                  {u"11/12/2026 07:00"_s, u""_s},
                                                  {u"29-Feb-2026 07:00"_s, u""_s},
                                                  {u"23-Nov-2026"_s, u""_s},
@@ -250,8 +251,8 @@ TEST_F(Search, SavesWhatWasTypedAndNothingElse) {
          "1899-12-30 00:00:00|-|1"_s},
         {"times of the card's day and of another, and the flag",
          {{TimeIn, u"21:45"_s},
-          {TimeOut, u"23-Nov-2026 07:00"_s},
-          {TimeInOt, u"6:00:30"_s},
+          {TimeOut, u"0700"_s},
+          {TimeInOt, u"22-Nov-2026 6:00:30"_s},
           {BeriUangMakan, u"tidak"_s}},
          u"0012|IN|catatan|9.15|0|150000|1e-04|2026-11-22|2026-11-22 21:45:00|2026-11-23 07:00:00|"
          "2026-11-22 06:00:30|-|0"_s},
@@ -279,6 +280,31 @@ TEST_F(Search, SavesWhatWasTypedAndNothingElse) {
         const QString shown = Shown(0);
         model.Search(Db(), u""_s);
         EXPECT_EQ(Shown(0), shown) << c.what;
+    }
+}
+
+TEST_F(Search, ACellShowsWhatWillBeStoredAndADepartureBeforeItsArrivalIsPointedOut) {
+    const std::tuple<SearchRow::Column, QString, QString, QString> cases[] = {
+        {TimeOut, u"6.05"_s, u"06:05:00 (+1)"_s, u""_s},
+        {TimeOut, u"2330"_s, u"23:30:00"_s, u""_s},
+        {TimeOut, u"22-Nov-2026 6:05"_s, u"06:05:00"_s, u"TimeOUT 06:05:00 mendahului TimeIN 22:00:05."_s},
+        {TimeIn, u"7:00 +1"_s, u"07:00:00 (+1)"_s,
+         u"TimeOUT 06:30:12 (+1) mendahului TimeIN 07:00:00 (+1)."_s},
+        {TimeIn, u"24-Nov-2026 0:00"_s, u"24-Nov-2026 00:00:00"_s,
+         u"TimeOUT 06:30:12 (+1) mendahului TimeIN 24-Nov-2026 00:00:00."_s},
+        {TimeOutOt, u"0600"_s, u"06:00:00 (+1)"_s,
+         u"TimeOutOT 06:00:00 (+1) mendahului TimeINOT 24-Nov-2026 01:00:00."_s},
+        {Keterangan, u"0600"_s, u"0600"_s, u""_s},
+        {NormalHours, u"8.30 jam"_s, u"8.3"_s, u""_s},
+        {NormalAmount, u"150,000"_s, u"150"_s, u""_s},
+        {OtAmount, u"1000000000000000"_s, u"1000000000000000"_s, u""_s},
+    };
+    Run(u"UPDATE TimeCardDetail SET TimeINOT='2026-11-24 01:00:00'"_s);
+    for (const auto& [column, typed, shown, reversed] : cases) {
+        model.Search(Db(), u""_s);
+        Type({{column, typed}});
+        EXPECT_EQ(model.index(0, column).data().toString(), shown);
+        EXPECT_EQ(model.ReversedTimes(0).join(u'/'), reversed);
     }
 }
 

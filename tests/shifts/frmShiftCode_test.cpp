@@ -55,7 +55,7 @@ TEST(frmShiftCode, WritesARowWhenItIsLeftOrFinished) {
          u"⎀SORE⏎14:00⏎22:00⏎"_s,
          {Night, Daily, u"SORE"_s + onDayZero.arg(u"14:00"_s, u"22:00"_s)}},
         {"an end before the start is of the next day",
-         u"⎀X⏎23:30⏎7:15⏎"_s,
+         u"⎀X⏎2330⏎7.15⏎"_s,
          {Night, Daily, u"X|1899-12-30 23:30:00|1899-12-31 07:15:00"_s}},
         {"a day off has no hours",
          u"⎀X⏎00:00⏎0:00⏎"_s,
@@ -102,7 +102,7 @@ TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
         {u"⎀LAIN⏎08:00⏎09:00⏎"_s, u"LAIN|08:00|09:00"_s}, // another desk's, not read yet
         {u"⎀⎋→08:00⏎09:00⏎"_s, u"|08:00|09:00"_s},
         {u"⎀A'B⏎08:00⏎09:00⏎"_s, u"A'B|08:00|09:00"_s},
-        {u"⎀X⏎08.00⏎↑"_s, u"X|08.00|"_s},
+        {u"⎀X⏎08.60⏎↑"_s, u"X|08.60|"_s},
     };
     for (const auto& c : cases) {
         ShiftCodes codes;
