@@ -4,12 +4,16 @@
 #include "cards/card_store.h"
 #include "cards/listed_employees.h"
 
+#include <algorithm>
+#include <iterator>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int Growth = 4;
 constexpr int LargestPage = 20'000;
+constexpr int CardsOfPage = 5'000;
 
 /// Reads rows of one statement: where each column stands is looked up once.
 class FoundDays {
@@ -19,13 +23,9 @@ public:
           nama_(rows.ColumnOf(u"Nama"_s)), dept_(rows.ColumnOf(u"Dept"_s)),
           divisi_(rows.ColumnOf(u"Divisi"_s)) {}
 
-    FoundDay Current(SharedTexts& texts) const {
-        FoundDay found{RowAt<CardHeader>(HeaderColumns, header_), RowAt<CardDay>(DayColumns, day_),
-                       texts.Of(rows_.Text(nama_)), texts.Of(rows_.Text(dept_)),
-                       texts.Of(rows_.Text(divisi_))};
-        found.header.status = texts.Of(found.header.status);
-        found.header.nip = texts.Of(found.header.nip);
-        return found;
+    FoundDay Current() const {
+        return {RowAt<CardHeader>(HeaderColumns, header_), RowAt<CardDay>(DayColumns, day_),
+                rows_.Text(nama_), rows_.Text(dept_), rows_.Text(divisi_)};
     }
 
 private:
@@ -57,20 +57,22 @@ private:
 
 /// The order of the cards costs nothing, since it is that of their key; asking for the days' order as well
 /// would make the engine read and sort the whole result for every page.
-QString CardSearch::Statement(int limit) const {
-    QString statement = u"Select * from qry_TimeCardAll  "_s + clause_;
-    if (!lastCard_.isNull())
+Cursor CardSearch::Query(Connection& connection, const QString& columns, int limit) const {
+    QString statement = u"Select %1 from qry_TimeCardAll  "_s.arg(columns) + clause_;
+    QVariantList values;
+    if (!lastCard_.isNull()) {
         statement += (clause_.isEmpty() ? u" Where "_s : u" and "_s) + u"TCID>?"_s;
-    return statement + u" ORDER BY TCID LIMIT %1"_s.arg(limit);
+        values << lastCard_;
+    }
+    return connection.Query(statement + u" ORDER BY TCID LIMIT %1"_s.arg(limit), values);
 }
 
 std::vector<FoundDay> CardSearch::Read(Connection& connection, int limit) {
-    Cursor rows =
-        connection.Query(Statement(limit), lastCard_.isNull() ? QVariantList{} : QVariantList{lastCard_});
+    Cursor rows = Query(connection, u"*"_s, limit);
     const FoundDays found(rows);
     std::vector<FoundDay> page;
     while (rows.Next())
-        page.push_back(found.Current(texts_));
+        page.push_back(found.Current());
     return page;
 }
 
@@ -94,12 +96,56 @@ std::vector<FoundDay> CardSearch::Next(Connection& connection) {
     return page;
 }
 
-QStringList CardSearch::Tcids(Connection& connection) const {
-    Cursor rows = connection.Query(u"Select TCID from qry_TimeCardAll  "_s + clause_);
-    QStringList tcids;
+QStringList CardSearch::NextCards(Connection& connection) {
+    Cursor rows = Query(connection, u"Distinct TCID"_s, CardsOfPage);
+    QStringList cards;
     while (rows.Next())
-        tcids << rows.Text(0);
-    return tcids;
+        cards << rows.Text(0);
+    atEnd_ = cards.size() < CardsOfPage;
+    if (!cards.isEmpty())
+        lastCard_ = cards.back();
+    return cards;
+}
+
+bool WholeResult::operator()(const std::function<void(const FoundDay&)>& take) {
+    CardSearch pages(clause_);
+    qsizetype done = 0;
+    while (!pages.AtEnd()) {
+        for (const FoundDay& row : pages.Next(connection_)) {
+            if (!ShouldContinue(progress_, done, total_))
+                return false;
+            take(row);
+            ++done;
+        }
+    }
+    total_ = done;
+    return true;
+}
+
+qsizetype CountCards(Connection& connection, const QString& whereClause) {
+    Cursor rows = connection.Query(u"Select Count(*) from (Select Distinct TCID from qry_TimeCardAll  "_s
+                                   + whereClause + u") AS Cards"_s);
+    return rows.Next() ? static_cast<qsizetype>(rows.Value(0).Number()) : 0;
+}
+
+modAbsen::ComputationReport CalculateFoundCards(Connection& connection, const QString& whereClause,
+                                                qsizetype cards, const Progress& progress) {
+    CardSearch pages(whereClause);
+    modAbsen::ComputationReport all;
+    qsizetype before = 0;
+    while (!all.cancelled && !pages.AtEnd()) {
+        const QStringList page = pages.NextCards(connection);
+        bool goOn = true;
+        auto report = modAbsen::CalculateTimeCards(connection, page, [&](qsizetype done, qsizetype) {
+            goOn = progress(before + done, qMax(cards, before + done));
+            return goOn;
+        });
+        before += page.size();
+        all.computed += report.computed;
+        std::ranges::move(report.notComputed, std::back_inserter(all.notComputed));
+        all.cancelled = report.cancelled || (!goOn && !pages.AtEnd());
+    }
+    return all;
 }
 
 FoundDay AsFound(const TimeCard& card, const std::optional<CardDay>& day) {

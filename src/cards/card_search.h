@@ -1,8 +1,7 @@
 #pragma once
 
+#include "cards/card_computation.h"
 #include "cards/time_card.h"
-#include "core/shared_texts.h"
-#include "database/connection.h"
 
 #include <QStringList>
 
@@ -32,19 +31,45 @@ public:
     /// then.
     std::vector<FoundDay> Next(Connection& connection);
 
-    /// The identifiers of all cards of the result, read in one statement.
-    QStringList Tcids(Connection& connection) const;
+    /// The same, but only the identifiers of the next cards, each once.
+    QStringList NextCards(Connection& connection);
 
 private:
-    QString Statement(int limit) const;
+    Cursor Query(Connection& connection, const QString& columns, int limit) const;
     std::vector<FoundDay> Read(Connection& connection, int limit);
 
     QString clause_;
     QString lastCard_;
     int pageSize_ = 200;
     bool atEnd_ = true;
-    SharedTexts texts_;
 };
+
+/// Hands each row of a search's result to the function, in the order of the cards; false when it was stopped.
+using FoundRows = std::function<bool(const std::function<void(const FoundDay&)>& take)>;
+
+/// Reads the whole result of a search, anew each time it is asked for, and holds one page of it. How much
+/// there is to read it can tell from the second time on. Throws DatabaseError.
+class WholeResult {
+public:
+    WholeResult(Connection& connection, const QString& whereClause, Progress progress)
+        : connection_(connection), clause_(whereClause), progress_(std::move(progress)) {}
+
+    bool operator()(const std::function<void(const FoundDay&)>& take);
+
+private:
+    Connection& connection_;
+    QString clause_;
+    Progress progress_;
+    qsizetype total_ = 0;
+};
+
+/// How many cards a search finds. Throws DatabaseError.
+qsizetype CountCards(Connection& connection, const QString& whereClause);
+
+/// Computes the cards that a search finds, page by page (CalculateTimeCards). How many there are is told for
+/// the progress.
+modAbsen::ComputationReport CalculateFoundCards(Connection& connection, const QString& whereClause,
+                                                qsizetype cards, const Progress& progress);
 
 /// The row's card as it stands, with the day that the row shows or else the card's first; nothing when the
 /// card is gone. Throws DatabaseError.

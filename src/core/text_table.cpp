@@ -42,15 +42,38 @@ bool BreaksTheLine(QChar c) {
            || c == QChar::ParagraphSeparator;
 }
 
-QString CellText(const QAbstractItemModel& grid, int row, int column) {
-    return modGeneral::OneLine(grid.index(row, column).data().toString());
+/// What becomes of a cell that is longer than its column.
+enum class LongCells { Cut, Whole };
+
+void WriteRow(QString& line, const QStringList& cells, const modGeneral::ColumnWidths& widths,
+              LongCells longCells) {
+    line.truncate(0);
+    for (size_t column = 0; column < widths.size(); ++column) {
+        const QString cell = modGeneral::OneLine(cells[static_cast<qsizetype>(column)]);
+        int width = widths[column];
+        if (longCells == LongCells::Whole)
+            width = std::max(width, modGeneral::CharactersIn(cell));
+        modGeneral::AppendPadded(line, cell, width);
+        line += u'|';
+    }
 }
 
-QString Line(const QStringList& cells, const modGeneral::ColumnWidths& widths) {
+bool WriteTable(const QStringList& titles, const modGeneral::EachRow& rows,
+                const modGeneral::ColumnWidths& widths, LongCells longCells, const LineSink& sink) {
     QString line;
-    for (qsizetype column = 0; column < cells.size(); ++column)
-        line += modGeneral::PadText(cells[column], widths[static_cast<size_t>(column)]) + u'|';
-    return line;
+    WriteRow(line, titles, widths, LongCells::Cut);
+    const QString rule(modGeneral::CharactersIn(line), u'-');
+    sink(rule);
+    sink(line);
+    sink(rule);
+    const auto write = [&](const QStringList& cells) {
+        WriteRow(line, cells, widths, longCells);
+        sink(line);
+    };
+    if (!rows(write))
+        return false;
+    sink(rule);
+    return true;
 }
 
 } // namespace
@@ -103,16 +126,6 @@ void TextGrid::SetHeaders(const QStringList& headers) {
     endResetModel();
 }
 
-int TextGrid::AddRow(const QStringList& cells) {
-    const int row = rowCount();
-    beginInsertRows({}, row, row);
-    QStringList padded = cells;
-    padded.resize(columnCount());
-    rows_.push_back(std::move(padded));
-    endInsertRows();
-    return row;
-}
-
 void TextGrid::SetText(int row, int column, const QString& text) {
     rows_.at(static_cast<size_t>(row))[column] = text;
     Q_EMIT dataChanged(index(row, column), index(row, column));
@@ -128,45 +141,25 @@ void TextGrid::SetRows(std::vector<QStringList> rows) {
     endResetModel();
 }
 
-void SetupGrid(TextGrid& grid, const QStringList& headers) {
-    grid.SetHeaders(QStringList{u"Sr.No"_s} + headers);
+QStringList SetupGrid(const QStringList& headers) {
+    return QStringList{u"Sr.No"_s} + headers;
 }
 
-QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& widths,
-                            const QStringList& pageHeading, const Progress& progress) {
-    const int columns = std::min(grid.columnCount(), static_cast<int>(widths.size()));
-    QStringList titles;
-    for (int column = 0; column < columns; ++column)
-        titles << grid.headerData(column, Qt::Horizontal).toString();
-    const QString titleLine = Line(titles, widths);
-    const QString rule(CharactersIn(titleLine), u'-');
-
-    QStringList lines = pageHeading;
-    lines << rule << titleLine << rule;
-    for (int row = 0; row < grid.rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < columns; ++column)
-            cells << CellText(grid, row, column);
-        lines << Line(cells, widths);
-        if (!ShouldContinue(progress, row, grid.rowCount()))
-            return {};
-    }
-    return lines << rule;
+bool GridToTextTable(const QStringList& titles, const EachRow& rows, const ColumnWidths& widths,
+                     const QStringList& pageHeading, const LineSink& sink) {
+    std::ranges::for_each(pageHeading, sink);
+    return WriteTable(titles, rows, widths, LongCells::Cut, sink);
 }
 
-QStringList GridToTextTableAll(const QAbstractItemModel& grid, const Progress& progress) {
-    ColumnWidths widths;
-    for (int column = 0; column < grid.columnCount(); ++column)
-        widths.push_back(CharactersIn(grid.headerData(column, Qt::Horizontal).toString()));
-    for (int row = 0; row < grid.rowCount(); ++row) {
-        for (int column = 0; column < grid.columnCount(); ++column) {
-            int& width = widths[static_cast<size_t>(column)];
-            width = std::max(width, CharactersIn(CellText(grid, row, column)));
-        }
-        if (!ShouldContinue(progress, row, grid.rowCount()))
-            return {};
-    }
-    return GridToTextTable(grid, widths, {}, progress);
+bool GridToTextTableAll(const QStringList& titles, const EachRow& rows, const LineSink& sink) {
+    ColumnWidths widths(static_cast<size_t>(titles.size()));
+    const auto measure = [&widths](const QStringList& cells) {
+        for (size_t column = 0; column < widths.size(); ++column)
+            widths[column] =
+                std::max(widths[column], CharactersIn(OneLine(cells[static_cast<qsizetype>(column)])));
+    };
+    measure(titles);
+    return rows(measure) && WriteTable(titles, rows, widths, LongCells::Whole, sink);
 }
 
 } // namespace modGeneral

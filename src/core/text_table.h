@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/progress.h"
+#include "core/line_sink.h"
 #include "core/table_model.h"
 
 #include <QStringList>
@@ -22,7 +22,7 @@ void AppendPadded(QString& line, const QString& text, int width);
 /// The same of a text that is put on one line first (OneLine).
 void AppendCellText(QString& line, const QString& text, int width);
 
-/// A small table of texts: work grids of prints, the rows of a pick list.
+/// A small table of texts, such as the rows of a pick list.
 class TextGrid : public TableModel {
     Q_OBJECT
 public:
@@ -31,8 +31,6 @@ public:
     void SetHeaders(const QStringList& headers);
     /// Takes all rows at once, in place of the present ones. Each has a cell for every header.
     void SetRows(std::vector<QStringList> rows);
-    /// Adds a row and returns its number, counted from 0. Missing cells are empty.
-    int AddRow(const QStringList& cells);
     void SetText(int row, int column, const QString& text);
     QString Text(int row, int column) const override;
 
@@ -42,21 +40,25 @@ private:
     std::vector<QStringList> rows_;
 };
 
-/// Prepares a grid whose first column, headed "Sr.No", holds the serial number, followed by the given
-/// headers.
-void SetupGrid(TextGrid& grid, const QStringList& headers);
+/// The headers of a grid whose first column, "Sr.No", holds the serial number, followed by the given ones.
+QStringList SetupGrid(const QStringList& headers);
 
 /// The width of each printed column, in characters.
 using ColumnWidths = std::vector<int>;
 
-/// A grid as fixed-width lines: the page heading, a rule, the column titles, a rule, the rows, a rule. Each
-/// cell is put on one line, cut or padded to its width and followed by "|"; a rule is as long as a row. No
-/// lines at all when it was stopped.
-QStringList GridToTextTable(const QAbstractItemModel& grid, const ColumnWidths& widths,
-                            const QStringList& pageHeading, const Progress& progress = {});
+/// Takes the texts of a row's cells.
+using RowSink = std::function<void(const QStringList& cells)>;
+/// Hands the rows of a grid to the sink, from the first to the last; false when it was stopped.
+using EachRow = std::function<bool(const RowSink& sink)>;
 
-/// The whole grid without a page heading, each column as wide as its longest text. No lines at all when it
-/// was stopped.
-QStringList GridToTextTableAll(const QAbstractItemModel& grid, const Progress& progress = {});
+/// Hands a grid to the sink as fixed-width lines: the page heading, a rule, the column titles, a rule, the
+/// rows, a rule. Each cell is put on one line, cut or padded to its width and followed by "|"; a rule is as
+/// long as a row. Columns without a width are left out. False when it was stopped.
+bool GridToTextTable(const QStringList& titles, const EachRow& rows, const ColumnWidths& widths,
+                     const QStringList& pageHeading, const LineSink& sink);
+
+/// The whole grid without a page heading, each column as wide as its longest text: the rows are asked for
+/// twice. A cell that has become longer meanwhile is written in full and moves what follows on its line.
+bool GridToTextTableAll(const QStringList& titles, const EachRow& rows, const LineSink& sink);
 
 } // namespace modGeneral

@@ -1,10 +1,8 @@
 #include "editing/frmEditAbsensi.h"
 
-#include "cards/card_computation.h"
 #include "core/code_lists.h"
 #include "core/status_codes.h"
 #include "core/supervisor_check.h"
-#include "core/text_table.h"
 #include "editing/computation_words.h"
 #include "editing/employee_status.h"
 #include "editing/grid_row.h"
@@ -30,6 +28,8 @@ using enum SearchRow::Column;
 namespace {
 
 constexpr QSize FirstSize(1280, 680);
+/// More are computed only when the user says so.
+constexpr qsizetype MostCardsUnasked = 10'000;
 
 /// The widths of the columns, as texts that they hold in full.
 const QStringList Samples{u"000000"_s,
@@ -158,13 +158,29 @@ bool frmEditAbsensi::Search(const QString& clause, const QString& filter) {
     return read;
 }
 
+bool frmEditAbsensi::MayCalculate(qsizetype cards) {
+    if (!model_.Clause().isEmpty() && cards <= MostCardsUnasked)
+        return true;
+    const QString question = u"Hitung %L1 kartu?\nHasil pencarian: %2."_s.arg(cards).arg(shownFilter_);
+    return program_.dialogs.Ask(question, Dialogs::Answer::No) == Dialogs::Answer::Yes;
+}
+
 void frmEditAbsensi::cmdCalcHrs_Click() {
     if (!SettleRows())
         return;
+    qsizetype cards = 0;
+    const bool counted = Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
+        const BusyPointer busy;
+        cards = CountCards(program_.Db(), model_.Clause());
+    });
+    if (!counted)
+        return ShowState();
+    if (!MayCalculate(cards))
+        return ShowState(u"Tidak ada kartu yang dihitung."_s);
     modAbsen::ComputationReport report;
     const bool computed = Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
         WorkProgress progress(this, u"Menghitung jam dan jumlah ..."_s);
-        report = modAbsen::CalculateTimeCards(program_.Db(), model_.AllTcids(), std::ref(progress));
+        report = CalculateFoundCards(program_.Db(), model_.Clause(), cards, std::ref(progress));
     });
     // Also after a failure: what was computed before it stays.
     Trapped(program_, u"cmdCalcHrs_Click"_s, [&] {
@@ -277,19 +293,21 @@ bool frmEditAbsensi::SettleRows() {
 
 void frmEditAbsensi::cmdPrintGrid_Click() {
     Print(u"cmdPrintGrid_Click"_s,
-          [this](const Progress& progress) { return modGeneral::GridToTextTableAll(model_, progress); });
+          [](const FoundRows& rows, const LineSink& sink, const Progress&) { return GridPrint(rows, sink); });
 }
 
 void frmEditAbsensi::cmdPrintTCID_Click() {
-    Print(u"cmdPrintTCID_Click"_s, [this](const Progress& progress) {
-        return SheetPrint(model_.FetchedRows(), PrintedAt(), progress);
-    });
+    Print(u"cmdPrintTCID_Click"_s,
+          [at = PrintedAt()](const FoundRows& rows, const LineSink& sink, const Progress& progress) {
+              return SheetPrint(rows, at, sink, progress);
+          });
 }
 
 void frmEditAbsensi::cmdPrintNIK_Click() {
-    Print(u"cmdPrintNIK_Click"_s, [this](const Progress& progress) {
-        return EmployeePrint(model_.FetchedRows(), PrintedAt(), progress);
-    });
+    Print(u"cmdPrintNIK_Click"_s,
+          [at = PrintedAt()](const FoundRows& rows, const LineSink& sink, const Progress& progress) {
+              return EmployeePrint(rows, at, sink, progress);
+          });
 }
 
 QString frmEditAbsensi::PrintedAt() const {
@@ -297,23 +315,21 @@ QString frmEditAbsensi::PrintedAt() const {
     return u"Dicetak: %1 %2"_s.arg(ShownDay(DayOf(now)), ShownMinute(now));
 }
 
-/// The report file is replaced only when all lines are there.
-void frmEditAbsensi::Print(const QString& procedure, const LinesOfResult& linesOf) {
+/// What is printed is what the search finds now, whether or not it was fetched for the grid.
+void frmEditAbsensi::Print(const QString& procedure, const ResultPrint& print) {
     if (!SettleRows())
         return;
     Trapped(program_, procedure, [&] {
-        QStringList lines;
+        bool printed = false;
         {
-            WorkProgress progress(this, u"Menyiapkan cetakan ..."_s);
-            if (model_.FetchAll(std::ref(progress)))
-                lines = linesOf(std::ref(progress));
+            WorkProgress progress(this, u"Menulis cetakan ..."_s);
+            WholeResult rows(program_.Db(), model_.Clause(), std::ref(progress));
+            printed = WriteReportFile(program_.folder, [&](const LineSink& sink) {
+                return print(std::ref(rows), sink, std::ref(progress));
+            });
         }
-        if (lines.isEmpty())
+        if (!printed)
             return ShowState(u"Cetakan dibatalkan."_s);
-        WriteReportFile(program_.folder, [&lines](const LineSink& sink) {
-            std::ranges::for_each(lines, sink);
-            return true;
-        });
         program_.dialogs.Warn(
             u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s);
         program_.showReport(ReportFilePath(program_.folder));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/line_sink.h"
 #include "core/program.h"
 #include "editing/search_model.h"
 #include "ui/form_skin.h"
@@ -41,7 +42,7 @@ private:
         QString fragment = {};
         bool valid = true;
     };
-    using LinesOfResult = std::function<QStringList(const Progress& progress)>;
+    using ResultPrint = std::function<bool(const FoundRows&, const LineSink&, const Progress&)>;
 
     void ConnectControls();
     void SetUpGrid();
@@ -53,6 +54,8 @@ private:
     bool Search(const QString& clause, const QString& filter);
     void cmdRefresh_Click();
     void cmdCalcHrs_Click();
+    /// Asks before what would be a long computation.
+    bool MayCalculate(qsizetype cards);
     void cmdPrintGrid_Click();
     void cmdPrintTCID_Click();
     void cmdPrintNIK_Click();
@@ -68,7 +71,7 @@ private:
     void LoadRowFromDb(int row);
     /// Asks what becomes of unsaved rows; after that there are none. False: everything stays.
     bool SettleRows();
-    void Print(const QString& procedure, const LinesOfResult& lines);
+    void Print(const QString& procedure, const ResultPrint& print);
     QString PrintedAt() const;
     void TellLater(const std::exception_ptr& failure);
     QString Filter() const;

@@ -40,16 +40,6 @@ void SearchModel::Search(Connection& connection, const QString& whereClause) {
     endResetModel();
 }
 
-bool SearchModel::FetchAll(const Progress& progress) {
-    fetchFailed_ = false;
-    while (!pages_.AtEnd()) {
-        Append(pages_.Next(*connection_));
-        if (!pages_.AtEnd() && progress && !progress(rowCount(), 0))
-            return false;
-    }
-    return true;
-}
-
 void SearchModel::Reread(const Progress& progress) {
     CardSearch pages(clause_);
     std::vector<FoundDay> rows;
@@ -70,10 +60,6 @@ void SearchModel::Reread(const Progress& progress) {
         endResetModel();
     }
     pages_ = std::move(pages);
-}
-
-QStringList SearchModel::AllTcids() const {
-    return CardSearch(clause_).Tcids(*connection_);
 }
 
 bool SearchModel::IsWritten(int column) {

@@ -18,8 +18,6 @@ public:
 
     /// Runs the search and shows its first rows. Throws DatabaseError, and shows what it showed before then.
     void Search(Connection& connection, const QString& whereClause);
-    /// Fetches the rows that are not there yet; false when it was stopped. Throws DatabaseError.
-    bool FetchAll(const Progress& progress);
     /// Reads the rows that are shown once more; when it is stopped, the rest is fetched again as it comes
     /// into sight. Unsaved texts are dropped. Throws DatabaseError.
     void Reread(const Progress& progress);
@@ -30,8 +28,6 @@ public:
     /// False while there are rows that were not fetched.
     bool IsWhole() const { return pages_.AtEnd(); }
     const std::vector<FoundDay>& FetchedRows() const { return rows_; }
-    /// The identifiers of all cards of the result, also of rows that were not fetched.
-    QStringList AllTcids() const;
 
     /// True when the save would write what is typed into this column.
     static bool IsWritten(int column);

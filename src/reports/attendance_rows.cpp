@@ -12,18 +12,6 @@ qint16 MinuteOf(const std::optional<WallTime>& time) {
 
 } // namespace
 
-quint32 AttendanceRows::Texts::NumberOf(const QString& text) {
-    if (!texts_.empty() && texts_[last_] == text)
-        return last_;
-    const auto known = numbers_.constFind(text);
-    last_ = known != numbers_.cend() ? *known : static_cast<quint32>(texts_.size());
-    if (known == numbers_.cend()) {
-        numbers_.insert(text, last_);
-        texts_.push_back(text);
-    }
-    return last_;
-}
-
 bool AttendanceRows::Read(Connection& connection, const CardFilter& filter,
                           const std::vector<ListedEmployee>& employees, const Progress& progress) {
     QHash<QString, size_t> places;

@@ -3,8 +3,7 @@
 #include "cards/card_lines.h"
 #include "cards/listed_employees.h"
 #include "core/progress.h"
-
-#include <QHash>
+#include "core/shared_texts.h"
 
 #include <vector>
 
@@ -33,20 +32,8 @@ public:
     void AppendCells(QString& line, const Row& row) const;
 
 private:
-    /// Numbers texts in the order in which they come.
-    class Texts {
-    public:
-        quint32 NumberOf(const QString& text);
-        const QString& Text(quint32 number) const { return texts_[number]; }
-
-    private:
-        QHash<QString, quint32> numbers_;
-        std::vector<QString> texts_;
-        quint32 last_ = 0;
-    };
-
     int remarkWidth_;
     std::vector<std::vector<Row>> rows_;
-    Texts statuses_;
-    Texts remarks_;
+    NumberedTexts statuses_;
+    NumberedTexts remarks_;
 };

@@ -282,6 +282,8 @@ void frmMain::OpenClockEntry(const QString& mode) {
     frmAED_Absen(
         program_, *entry, [this](const QString& next) { return BeginEntry(next); }, skin_, this)
         .exec();
+    // Where a message closed together with the entry, the window manager may give the focus to none.
+    activateWindow();
     RefreshSheet(Cause::User);
 }
 

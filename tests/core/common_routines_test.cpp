@@ -5,8 +5,6 @@
 #include "support/failures.h"
 #include "support/test_company.h"
 
-#include <QAbstractItemModelTester>
-
 using namespace Qt::StringLiterals;
 using namespace modGeneral;
 
@@ -40,21 +38,36 @@ TEST(PadText, GivesExactlyTheWidthInCharactersAsAReaderSeesThem) {
 }
 
 TEST(TextTable, LinesAreAsLongAsTheRule) {
-    TextGrid grid;
-    const QAbstractItemModelTester tester(&grid, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    SetupGrid(grid, {u"Nama"_s, u"Dept"_s});
-    EXPECT_EQ(grid.AddRow({u"1"_s, u"Budi Santoso"_s}), 0);
-    EXPECT_EQ(grid.AddRow({u"2"_s, u"e\u0301"_s, u"PROD"_s, u"cut off"_s}), 1);
-    grid.SetText(0, 2, u"GA"_s);
-    EXPECT_EQ(GridToTextTable(grid, {5, 6}, {u"Judul"_s}),
-              (QStringList{u"Judul"_s, u"-------------"_s, u"Sr.No|Nama  |"_s, u"-------------"_s,
-                           u"1    |Budi S|"_s, u"2    |e\u0301     |"_s, u"-------------"_s}));
-    EXPECT_EQ(GridToTextTableAll(grid),
-              (QStringList{u"------------------------"_s, u"Sr.No|Nama        |Dept|"_s,
-                           u"------------------------"_s, u"1    |Budi Santoso|GA  |"_s,
-                           u"2    |e\u0301           |PROD|"_s, u"------------------------"_s}));
-    grid.SetRows({});
-    EXPECT_EQ(GridToTextTableAll(grid).size(), 4);
+    QStringList names{u"Budi Santoso"_s, u"e\u0301"_s};
+    const auto rows = [&names](const RowSink& take) {
+        take({u"1"_s, names[0], u"GA"_s});
+        take({u"2"_s, names[1], u"PROD"_s});
+        return true;
+    };
+    const QStringList titles = SetupGrid({u"Nama"_s, u"Dept"_s});
+    QStringList lines;
+    EXPECT_TRUE(GridToTextTable(titles, rows, {5, 6}, {u"Judul"_s}, Into(lines)));
+    EXPECT_EQ(lines, (QStringList{u"Judul"_s, u"-------------"_s, u"Sr.No|Nama  |"_s, u"-------------"_s,
+                                  u"1    |Budi S|"_s, u"2    |e\u0301     |"_s, u"-------------"_s}));
+    lines.clear();
+    EXPECT_TRUE(GridToTextTableAll(titles, rows, Into(lines)));
+    const QStringList whole{u"------------------------"_s,       u"Sr.No|Nama        |Dept|"_s,
+                            u"------------------------"_s,       u"1    |Budi Santoso|GA  |"_s,
+                            u"2    |e\u0301           |PROD|"_s, u"------------------------"_s};
+    EXPECT_EQ(lines, whole);
+    lines.clear();
+    const auto growing = [&](const RowSink& take) {
+        const bool goOn = rows(take);
+        names[1] = u"Siti Rahmawati"_s;
+        return goOn;
+    };
+    EXPECT_TRUE(GridToTextTableAll(titles, growing, Into(lines)));
+    EXPECT_EQ(lines, QStringList(whole).replaceInStrings(u"e\u0301           "_s, names[1]))
+        << "nothing is cut";
+    lines.clear();
+    EXPECT_TRUE(GridToTextTableAll(
+        titles, [](const RowSink&) { return true; }, Into(lines)));
+    EXPECT_EQ(lines.size(), 4);
 }
 
 TEST(QueryValues, CopiesTheFirstRowByTheVariablesTypes) {

@@ -298,6 +298,14 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
     KeyboardUser::Press(Qt::Key_Return);
     EXPECT_EQ(search.dialogs.Last().section(u'\n', 1),
               u"T202611220012: shift XX tidak ada di Master Shift Code"_s);
+    search.Part<QLineEdit>("txtNIK").setText({});
+    KeyboardUser::Press(Qt::Key_R, Qt::AltModifier);
+    search.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
+    for (const QString& done : {u"Tidak ada kartu yang dihitung."_s, u"4 kartu dihitung."_s}) {
+        search.Do(Qt::Key_H);
+        EXPECT_EQ(search.Said("lblDone"), done);
+    }
+    EXPECT_EQ(search.dialogs.questions, QStringList(2, u"Hitung 4 kartu?\nHasil pencarian: semua data."_s));
 }
 
 TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {

@@ -1,4 +1,3 @@
-#include "core/text_table.h"
 #include "editing/grid_row.h"
 #include "editing/search_criteria.h"
 #include "editing/search_model.h"
@@ -55,11 +54,23 @@ protected:
         for (const auto& [column, text] : texts)
             EXPECT_TRUE(model.setData(model.index(0, column), text));
     }
+    void FetchAll() {
+        while (model.canFetchMore({}))
+            model.fetchMore({});
+    }
     QString Shown(int row) const { return model.Elements(row).join(u'|'); }
 
     SearchModel model;
     QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
+
+/// The rows as the result of a search.
+FoundRows Result(const std::vector<FoundDay>& rows) {
+    return [&rows](const auto& take) {
+        std::ranges::for_each(rows, take);
+        return true;
+    };
+}
 
 } // namespace
 
@@ -100,16 +111,27 @@ TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
     model.Search(desk, u""_s);
     EXPECT_EQ(model.rowCount(), 198) << "the last card of the page would be cut";
     EXPECT_FALSE(model.IsWhole());
-    EXPECT_EQ(model.AllTcids().size(), 301 * 3 + 1);
+    EXPECT_EQ(CountCards(desk, {}), 302);
     ASSERT_TRUE(model.canFetchMore({}));
-    model.fetchMore({});
-    EXPECT_TRUE(model.FetchAll({}));
+    FetchAll();
     ASSERT_EQ(model.rowCount(), 301 * 3 + 1);
     EXPECT_FALSE(model.canFetchMore({}));
     std::set<std::pair<QString, Day>> days;
     for (const FoundDay& row : model.FetchedRows())
         days.emplace(row.header.tcid, row.day->tanggal);
     EXPECT_EQ(days.size(), model.FetchedRows().size());
+    qsizetype total = -1;
+    WholeResult whole(desk, {}, [&total](qsizetype, qsizetype of) {
+        total = of;
+        return true;
+    });
+    for (const qsizetype known : {0, 301 * 3 + 1}) {
+        size_t row = 0;
+        EXPECT_TRUE(whole([&](const FoundDay& found) { EXPECT_EQ(found, model.FetchedRows()[row++]); }));
+        EXPECT_EQ(row, model.FetchedRows().size());
+        EXPECT_EQ(total, known);
+    }
+    EXPECT_FALSE(WholeResult(desk, {}, [](auto, auto) { return false; })([](const FoundDay&) {}));
     for (const QString& clause : {u""_s, u" Where Dept='GA'"_s, u" Where TCID like 'T2020%'"_s}) {
         statements.clear();
         CardSearch pages(clause);
@@ -125,11 +147,33 @@ TEST_F(Search, PagesHoldEveryDayOnceAndReadNoMoreThanTheyShow) {
     }
 }
 
+TEST_F(Search, ComputesEveryCardOncePageByPageUntilStopped) {
+    AddCards(2, 3);
+    EXPECT_EQ(CalculateFoundCards(Db(), {}, 3, [](auto, auto) { return true; }).computed, 3);
+    Run(u"DELETE FROM TimeCardHeader"_s);
+    Run(u"DELETE FROM TimeCardDetail"_s);
+    AddCards(7'000, 1);
+    const QString clause = u" Where TCID like 'T2020%'"_s;
+    for (const int stopAt : {500, 5'000, 7'000}) {
+        qsizetype last = 0;
+        const auto report = CalculateFoundCards(Db(), clause, 7'000, [&](auto done, auto total) {
+            EXPECT_EQ(total, 7'000);
+            EXPECT_EQ(done, last + 500);
+            last = done;
+            return done < stopAt;
+        });
+        EXPECT_EQ(report.computed, stopAt);
+        EXPECT_EQ(report.cancelled, stopAt < 7'000);
+    }
+    EXPECT_EQ(RowsOf(u"select count(*) from TimeCardHeader where NormalHours is null"_s),
+              QStringList{u"0"_s});
+}
+
 TEST_F(Search, ACardWithMoreDaysThanAPageEndsNothing) {
     AddCards(2, 450);
     model.Search(Db(), u""_s);
     EXPECT_EQ(model.rowCount(), 450);
-    EXPECT_TRUE(model.FetchAll({}));
+    FetchAll();
     EXPECT_EQ(model.rowCount(), 901);
 }
 
@@ -153,6 +197,8 @@ TEST_F(Search, StoppedFetchingKeepsWhatIsThere) {
     AddCards(2000, 1);
     model.Search(Db(), u""_s);
     EXPECT_FALSE(model.FetchAll([](qsizetype, qsizetype) { return false; }));
+    model.Search(Db(), u""_s);
+    model.fetchMore({});
     EXPECT_EQ(model.rowCount(), 199 + 799);
     Run(u"UPDATE TimeCardHeader SET NormalHours=1.3 WHERE NIP='0013'"_s);
     Type({{Keterangan, u"dibuang"_s}});
@@ -163,7 +209,7 @@ TEST_F(Search, StoppedFetchingKeepsWhatIsThere) {
     Run(u"DELETE FROM TimeCardDetail WHERE TCID<'T20201500'"_s);
     model.Reread([](qsizetype, qsizetype) { return false; });
     EXPECT_EQ(model.rowCount(), 199);
-    EXPECT_TRUE(model.FetchAll({}));
+    FetchAll();
     EXPECT_EQ(model.rowCount(), 502);
 }
 
@@ -358,7 +404,8 @@ TEST(WorkGrid, PrintsMonthsOfSheetsAndOfEmployees) {
                                      row(u"T200602280012"_s, u"0012"_s, wide, u"TL"_s),
                                      row(u"T20060228-20012"_s, u"0012"_s, wide, u"KI"_s)};
     const QString blank = u"   |"_s;
-    const QStringList sheets = SheetPrint(rows, u"Dicetak: x"_s);
+    QStringList sheets;
+    EXPECT_TRUE(SheetPrint(Result(rows), u"Dicetak: x"_s, Into(sheets)));
     const QString rule(5 + 1 + 8 + 1 + 20 + 1 + 31 * 4, u'-');
     ASSERT_EQ(sheets.size(), 8 + 1 + 9);
     EXPECT_EQ(
@@ -372,7 +419,8 @@ TEST(WorkGrid, PrintsMonthsOfSheetsAndOfEmployees) {
                      u"2    |0013    |Siti Aminah binti Ab|"_s + blank.repeated(30) + u"OUT|"_s, rule}));
     EXPECT_TRUE(sheets[6].contains(u"|TL/KI|"_s)) << "two sheets on one day";
 
-    const QStringList employees = EmployeePrint(rows, u"Dicetak: x"_s);
+    QStringList employees;
+    EXPECT_TRUE(EmployeePrint(Result(rows), u"Dicetak: x"_s, Into(employees)));
     EXPECT_EQ(employees[1], u"NIK: 0012  "_s + wide);
     EXPECT_TRUE(employees[6].startsWith(u"1    |T200603 |Mar-2006            |IN   |"_s));
     EXPECT_TRUE(employees[7].startsWith(u"2    |T200602 |Feb-2006            |"_s));
@@ -386,27 +434,27 @@ TEST(WorkGrid, CutsNoKeyCountsCharactersAndStopsWhenToldTo) {
     row.nama = u"Siti\nAminah"_s;
     row.header.status = u"e\u0301\u0302"_s;     // one character
     const std::vector<FoundDay> days{row, row}; // two days of one card
-    const QStringList lines = SheetPrint(days, {}, [](qsizetype, qsizetype) { return true; });
+    QStringList lines;
+    EXPECT_TRUE(SheetPrint(Result(days), {}, Into(lines), [](qsizetype, qsizetype) { return true; }));
     EXPECT_TRUE(lines[4].startsWith(u"Sr.No|NIK       |Nama                |1  |"_s));
     EXPECT_TRUE(lines[6].startsWith(u"1    |0123456789|Siti Aminah         |e\u0301\u0302  |   |"_s));
-    int asked = 0;
+    const FoundRows stopped = [](const auto&) { return false; };
     for (const auto& print : {SheetPrint, EmployeePrint}) {
-        EXPECT_TRUE(print(days, {}, [](qsizetype, qsizetype) { return false; }).isEmpty());
-        EXPECT_TRUE(print(days, {}, [&](qsizetype, qsizetype) { return ++asked % 2 != 0; }).isEmpty());
+        EXPECT_FALSE(print(stopped, {}, Into(lines), {}));
+        EXPECT_FALSE(print(Result(days), {}, Into(lines), [](qsizetype, qsizetype) { return false; }));
     }
-    modGeneral::TextGrid grid;
-    grid.SetHeaders({u"a"_s});
-    grid.AddRow({u"x"_s});
-    EXPECT_TRUE(modGeneral::GridToTextTableAll(grid, [](qsizetype, qsizetype) { return false; }).isEmpty());
+    EXPECT_FALSE(GridPrint(stopped, Into(lines)));
 }
 
 TEST(WorkGrid, FindsItsRowsByKeyAndKeepsTheColumnsOfTenThousand) {
-    WorkGrid grid(u"NIK"_s, u"Nama"_s);
+    NumberedTexts texts;
+    WorkGrid grid(u"NIK"_s, u"Nama"_s, texts);
     for (int time = 1; time <= 2; ++time) {
         for (int i = 1; i <= 10'000; ++i)
             grid.PlaceInWorkGrid(QString::number(i), u"x"_s, time, u"A"_s);
     }
-    const QStringList lines = grid.Lines({});
+    QStringList lines;
+    grid.Print({}, Into(lines));
     ASSERT_EQ(lines.size(), 10'004);
     EXPECT_TRUE(lines[10'002].startsWith(u"10000|10000   |x                   |A  |A  |   |"_s));
     EXPECT_EQ(lines[3].size(), lines[10'002].size());

@@ -253,11 +253,11 @@ TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · 1 masuk · 0 keluar · 2 belum hadir"_s);
     desk.Grid().selectRow(2);
     EXPECT_EQ(desk.Said("lblRoster"), u"Siti Aminah: tidak ada di jadwal shift 22-Nov-2026"_s);
-    other->Execute(u"UPDATE TimeCardHeader SET Status='TL'"_s);
+    desk.Run(u"UPDATE TimeCardHeader SET Status='TL'"_s);
     desk.clock.now += Seconds{5};
     desk.Tick();
     EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · 0 masuk · 0 keluar · 2 belum hadir · 1 lainnya"_s);
-    CloseSheet(*other, u"T20261122"_s);
+    CloseSheet(desk.Db(), u"T20261122"_s);
     desk.clock.now += Seconds{5};
     desk.Tick();
     EXPECT_EQ(desk.Said("lblCounts"), u"3 karyawan · lembar ditutup"_s);

@@ -3,7 +3,7 @@
 #include "database/sqlite_dialect.h"
 #include "support/failures.h"
 #include "support/recording_engine.h"
-#include "support/test_h"
+#include "support/test_company.h"
 #include "timecard/clock_recording.h"
 #include "timecard/employee_details.h"
 #include "timecard/sheet_lifecycle.h"

@@ -32,9 +32,11 @@ public:
     enum Column { Code = 1, Plain, Picked, Locked };
 
     Host() {
-        modGeneral::SetupGrid(sheet, {u"Code"_s, u"Plain"_s, u"Picked"_s, u"Locked"_s});
+        sheet.SetHeaders(modGeneral::SetupGrid({u"Code"_s, u"Plain"_s, u"Picked"_s, u"Locked"_s}));
+        std::vector<QStringList> rows;
         for (int i = 1; i <= 40; ++i)
-            sheet.AddRow({QString::number(i), u"A"_s, u"old"_s, u""_s, u"x"_s});
+            rows.push_back({QString::number(i), u"A"_s, u"old"_s, u""_s, u"x"_s});
+        sheet.SetRows(std::move(rows));
         window.setObjectName(u"host"_s);
         window.resize(600, 300);
         grid = new DataGrid(&window);
