@@ -149,6 +149,7 @@ TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
 TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
     CardEditor editor(u"IN"_s, u"2026-11-22 07:45:12"_s, {});
     editor.clock.now = Moment(u"2026-11-25 09:00:00");
+    editor.dialogs.answers = {Dialogs::Answer::No}; // the status stays IN
     editor.Open([](QWidget& window) {
         EXPECT_FALSE(Part<QCheckBox>(window, "chkTimeIO").isChecked());
         EXPECT_EQ(TextOf(window, "txtTOUT"), u"25-Nov-2026 00:00"_s);
@@ -167,7 +168,6 @@ TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
         for (const char* name : {"chkOTIO", "chkTimeIO", "chkTimeIO"})
             Press(name, window);
         EXPECT_EQ(out.text(), u"22-Nov-2026 16:30"_s) << "what was typed stays";
-        editor.dialogs.answers = {Dialogs::Answer::No};
         Press("cmdButtons_1", window);
     });
     EXPECT_EQ(editor.RowsOf(Days),
