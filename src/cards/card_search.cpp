@@ -143,6 +143,7 @@ modAbsen::ComputationReport CalculateFoundCards(Connection& connection, const QS
         before += page.size();
         all.computed += report.computed;
         std::ranges::move(report.notComputed, std::back_inserter(all.notComputed));
+        std::ranges::move(report.unknownShifts, std::back_inserter(all.unknownShifts));
         all.cancelled = report.cancelled || (!goOn && !pages.AtEnd());
     }
     return all;

@@ -339,7 +339,7 @@ TEST(frmEditAbsensiOne, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
             Press("cmdButtons_1", window);
         });
         EXPECT_EQ(editor.dialogs.questions.size(), box == std::string("txtKeterangan") ? 0 : 1) << box;
-        EXPECT_EQ(editor.RowsOf(u"select Mid(TimeOUT,12), Mid(TimeOutOT,12) from TimeCardDetail"_s),
+        EXPECT_EQ(editor.RowsOf(u"select Mid(TimeOUT,12,8), Mid(TimeOutOT,12,8) from TimeCardDetail"_s),
                   QStringList{stored});
     }
 }

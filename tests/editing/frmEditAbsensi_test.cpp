@@ -100,7 +100,9 @@ TEST(frmEditAbsensi, TypedRowsAreSettledBeforeAnythingIsDoneWithTheResult) {
         EXPECT_FALSE(grid.IsMarkedUnsaved(search.At(0, 0))) << work;
         EXPECT_EQ(search.shownReports.size(), work == Qt::Key_G ? 1 : 0);
         KeyboardUser::Press(Qt::Key_Escape);
-        EXPECT_EQ(search.dialogs.questions.size(), 2) << "nothing is left to be asked for";
+        // The computation itself asks, once the rows are settled.
+        EXPECT_EQ(search.dialogs.questions.size(), work == Qt::Key_H ? 3 : 2)
+            << "nothing is left to be asked for";
     }
 }
 
@@ -200,6 +202,7 @@ TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
         search.Type(0, NormalAmount, typed);
         EXPECT_EQ(search.dialogs.questions.size(), asked) << typed.toStdString();
         EXPECT_EQ(search.Part<QLineEdit>("Text1").isVisible(), asked > 0 && answer != Answer::Yes);
+        search.dialogs.answers.clear();
         KeyboardUser::Press(Qt::Key_Escape);
         EXPECT_EQ(search.Cell(0, NormalAmount), shown) << typed.toStdString();
     }
