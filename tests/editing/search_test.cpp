@@ -196,8 +196,6 @@ TEST_F(Search, AFailedFetchIsToldOnceAndAStoppedOneKeepsItsRows) {
 TEST_F(Search, StoppedFetchingKeepsWhatIsThere) {
     AddCards(2000, 1);
     model.Search(Db(), u""_s);
-    EXPECT_FALSE(model.FetchAll([](qsizetype, qsizetype) { return false; }));
-    model.Search(Db(), u""_s);
     model.fetchMore({});
     EXPECT_EQ(model.rowCount(), 199 + 799);
     Run(u"UPDATE TimeCardHeader SET NormalHours=1.3 WHERE NIP='0013'"_s);
