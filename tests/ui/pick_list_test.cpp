@@ -79,7 +79,7 @@ TEST(PickList, OpenedByItselfItSaysWhyAndTakesNothingUntilARowIsChosen) {
                                        {u"genap⏎"_s, u"102"_s},
                                        {u"↓⏎"_s, u"101"_s},
                                        {u"↑⏎"_s, u"101"_s},
-                                       {u"⇟⇟⇟⇟⏎"_s, u"130"_s},
+                                       {u"↓⇟⇟⇟⏎"_s, u"130"_s},
                                        {u"⇟⇟⇞⏎"_s, u"110"_s}}) {
         open.closed = 0;
         open.Show();
