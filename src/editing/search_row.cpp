@@ -10,11 +10,11 @@ using enum SearchRow::Column;
 
 namespace {
 
-QString TimeCell(const std::optional<WallTime>& time, Day cardDay) {
+QString TimeCell(const std::optional<WallTime>& time, Day cardDay, NextDay nextDay = NextDay::Signed) {
     if (!TimeIfSet(time))
         return {};
     const QString clock = ShownTime(*time);
-    if (DayOf(*time) == cardDay + std::chrono::days{1})
+    if (nextDay == NextDay::Signed && DayOf(*time) == cardDay + std::chrono::days{1})
         return clock + NextDaySign.toString();
     return DayOf(*time) == cardDay ? clock : ShownDay(DayOf(*time)) + u' ' + clock;
 }
@@ -25,18 +25,18 @@ QString FlagCell(const std::optional<bool>& flag) {
     return *flag ? u"True"_s : u"False"_s;
 }
 
-QString DayCellText(const CardDay& day, int column) {
+QString DayCellText(const CardDay& day, int column, NextDay nextDay) {
     switch (column) {
     case Tanggal:
         return ShownDay(day.tanggal);
     case TimeIn:
-        return TimeCell(day.timeIn, day.tanggal);
+        return TimeCell(day.timeIn, day.tanggal, nextDay);
     case TimeOut:
-        return TimeCell(day.timeOut, day.tanggal);
+        return TimeCell(day.timeOut, day.tanggal, nextDay);
     case TimeInOt:
-        return TimeCell(day.timeInOt, day.tanggal);
+        return TimeCell(day.timeInOt, day.tanggal, nextDay);
     case TimeOutOt:
-        return TimeCell(day.timeOutOt, day.tanggal);
+        return TimeCell(day.timeOutOt, day.tanggal, nextDay);
     case BeriUangMakan:
         return FlagCell(day.beriUangMakan);
     default:
@@ -89,7 +89,7 @@ QString SearchColumnName(int column) {
     return names.value(column);
 }
 
-QString SearchCellText(const FoundDay& row, int column) {
+QString SearchCellText(const FoundDay& row, int column, NextDay nextDay) {
     switch (column) {
     case Status:
         return row.header.status;
@@ -114,14 +114,14 @@ QString SearchCellText(const FoundDay& row, int column) {
     case OtAmount:
         return DigitsOf(row.header.otAmount);
     default:
-        return row.day ? DayCellText(*row.day, column) : QString();
+        return row.day ? DayCellText(*row.day, column, nextDay) : QString();
     }
 }
 
-QStringList SearchRowElements(const FoundDay& row) {
+QStringList SearchRowElements(const FoundDay& row, NextDay nextDay) {
     QStringList elements;
     for (int column = SerialNo + 1; column < SearchRow::ColumnCount; ++column)
-        elements << SearchCellText(row, column);
+        elements << SearchCellText(row, column, nextDay);
     return elements;
 }
 

@@ -36,13 +36,16 @@ struct SearchRow {
 /// The column's heading, which is its field's name in the database, too.
 QString SearchColumnName(int column);
 
+/// How a time of the day after the card's is written: with its sign, or with its date as on paper.
+enum class NextDay { Signed, Dated };
+
 /// The text of a cell; of all columns but the serial number. A time of the card's own day is shown without
 /// it, one of the next day with its sign, any other with its date: what is shown reads back as the same
 /// moment.
-QString SearchCellText(const FoundDay& row, int column);
+QString SearchCellText(const FoundDay& row, int column, NextDay nextDay = NextDay::Signed);
 
 /// The texts of a whole row: element k is column k + 1.
-QStringList SearchRowElements(const FoundDay& row);
+QStringList SearchRowElements(const FoundDay& row, NextDay nextDay = NextDay::Signed);
 
 /// A day as it is typed, "05-Mar-2004" or "2004-03-05"; nothing when the text is neither.
 std::optional<Day> ReadDayCell(const QString& text);

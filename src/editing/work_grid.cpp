@@ -113,7 +113,7 @@ bool GridPrint(const FoundRows& rows, const LineSink& sink) {
     const auto numbered = [&rows](const modGeneral::RowSink& take) {
         qsizetype number = 0;
         return rows([&](const FoundDay& row) {
-            take(QStringList{QString::number(++number)} + SearchRowElements(row));
+            take(QStringList{QString::number(++number)} + SearchRowElements(row, NextDay::Dated));
         });
     };
     return modGeneral::GridToTextTableAll(titles, numbered, sink);

@@ -131,10 +131,10 @@ TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
         printed,
         (QStringList{
             u"1    |OUT   |0012|Siti Aminah |          |PROD|T202611220012|A     |22-Nov-2026|21:50:00|"
-            "06:05:00 (+1)|06:00:00 (+1)|06:05:00 (+1)|"
+            "23-Nov-2026 06:05:00|23-Nov-2026 06:00:00|23-Nov-2026 06:05:00|"
             "True         |8.1        |0      |150000      |0       |"_s,
             u"2    |OUT   |0013|Budi Santoso|          |PROD|T202611220013|B     |22-Nov-2026|21:50:00|"
-            "06:05:00 (+1)|             |             |"
+            "23-Nov-2026 06:05:00|                    |                    |"
             "True         |0          |0      |150000      |0       |"_s,
             u"|2   |0013    |Budi Santoso        | 21:50 | 06:05 |OUT    |                              |"_s,
             u"|10  |0012    |Siti Aminah         | 21:50 | 06:05 |OUT    |                              |"_s}));

@@ -201,9 +201,10 @@ TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
         search.dialogs.answers = {answer};
         search.Type(0, NormalAmount, typed);
         EXPECT_EQ(search.dialogs.questions.size(), asked) << typed.toStdString();
-        EXPECT_EQ(search.Part<QLineEdit>("Text1").isVisible(), asked > 0 && answer != Answer::Yes);
-        search.dialogs.answers.clear();
-        KeyboardUser::Press(Qt::Key_Escape);
+        const bool refused = asked > 0 && answer != Answer::Yes;
+        EXPECT_EQ(search.Part<QLineEdit>("Text1").isVisible(), refused);
+        if (refused)
+            KeyboardUser::Press(Qt::Key_Escape);
         EXPECT_EQ(search.Cell(0, NormalAmount), shown) << typed.toStdString();
     }
 }
