@@ -83,7 +83,11 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     ConnectControls();
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // The field that has the focus loses it while the window goes, when there is nothing left to answer with.
+    for (QObject* control : findChildren<QObject*>())
+        control->disconnect(this);
+}
 
 void frmMain::ConnectControls() {
     auto* cmdButtons = new QButtonGroup(this);

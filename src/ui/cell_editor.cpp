@@ -224,8 +224,10 @@ bool CellEditor::Attempt(const std::function<void()>& action) {
 void CellEditor::CommitCellEdit() {
     const QPersistentModelIndex cell = grid_.currentIndex();
     const QString text = text1_->text();
-    // A text that could not be saved can be entered again as it is.
-    const bool changes = cell.isValid() && (text != TextOf(cell) || grid_.IsMarkedUnsaved(cell));
+    // A text that could not be saved can be entered again as it is; so can a checked code that is saved at
+    // once, since another desk may have stored a different one under what the cell shows.
+    const bool confirms = editing_.saveCell && cell.column() == editing_.checkedColumn;
+    const bool changes = cell.isValid() && (text != TextOf(cell) || grid_.IsMarkedUnsaved(cell) || confirms);
     bool may = true;
     if (changes && editing_.mayEnter && (!Attempt([&] { may = editing_.mayEnter(cell, text); }) || !may))
         return;
