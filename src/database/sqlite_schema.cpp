@@ -78,6 +78,25 @@ QStringList FirstStep() {
     };
 }
 
+/// What a company keeps beside: its settings, when its people came and went and what they were paid from
+/// which day on, the rhythms of its shifts and how many people a shift needs on a weekday (1 Monday to 7
+/// Sunday).
+QStringList SecondStep() {
+    return {
+        u"ALTER TABLE Employee ADD COLUMN %1"_s.arg(DayColumn(u"Masuk")),
+        u"ALTER TABLE Employee ADD COLUMN %1"_s.arg(DayColumn(u"Keluar")),
+        u"ALTER TABLE Employee ADD COLUMN IdMesin TEXT"_s,
+        u"CREATE TABLE Setting (Name TEXT NOT NULL PRIMARY KEY, Value TEXT) WITHOUT ROWID"_s,
+        u"CREATE TABLE EmployeePay (NIP TEXT NOT NULL, %1 NOT NULL, EmpType TEXT, GP CURRENCY, RateOT "
+        u"DOUBLE, "
+        "TMakan DOUBLE, PRIMARY KEY (NIP, Berlaku)) WITHOUT ROWID"_s.arg(DayColumn(u"Berlaku")),
+        u"CREATE TABLE ShiftPattern (Name TEXT NOT NULL PRIMARY KEY, Cycle TEXT NOT NULL) WITHOUT ROWID"_s,
+        u"CREATE TABLE ShiftNeed (ShiftCode TEXT NOT NULL, Weekday INTEGER NOT NULL CHECK (Weekday BETWEEN 1 "
+        u"AND "
+        "7), Needed INTEGER NOT NULL, PRIMARY KEY (ShiftCode, Weekday)) WITHOUT ROWID"_s,
+    };
+}
+
 /// The names of the tables, or of the views, and "table.column" for each of their columns.
 QString NamesQuery(QStringView kind) {
     return u"SELECT lower(m.name), lower(m.name)||'.'||lower(c.name) FROM sqlite_master m "
@@ -120,7 +139,7 @@ SchemaNames NamesInMemoryAfter(std::span<const SchemaStep> steps, const QString&
 } // namespace
 
 std::span<const SchemaStep> SqliteSchema::Steps() const {
-    static const SchemaStep steps[] = {{1, FirstStep()}};
+    static const SchemaStep steps[] = {{1, FirstStep()}, {2, SecondStep()}};
     return steps;
 }
 

@@ -13,6 +13,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+int Newest() {
+    return SqliteSchema().Steps().back().version;
+}
+
+/// Of the copy that an upgrade keeps of a database that is so many steps after today's.
+QString CopyName(int later = 0) {
+    return u"DATA.mdb.v%1"_s.arg(Newest() + later);
+}
+
 /// The steps of today and two that might follow them.
 std::vector<SchemaStep> LaterSteps(const QString& third = u"CREATE TABLE Libur (Tgl TEXT)"_s) {
     const std::span<const SchemaStep> today = SqliteSchema().Steps();
@@ -52,6 +61,8 @@ TEST(Schema, StoredFormsAreEnforced) {
     const std::tuple<QString, const QStringList&, const QStringList&> columns[] = {
         {u"TimeCardDetail (TCID,Tanggal) VALUES ('T',?)"_s, badDays, goodDays},
         {u"ShiftEmployee (NIP,Tgl) VALUES ('0012',?)"_s, badDays, goodDays},
+        {u"Employee (NIP,Keluar) VALUES ('0012',?)"_s, badDays, goodDays},
+        {u"EmployeePay (NIP,Berlaku) VALUES ('0012',?)"_s, badDays, goodDays},
         {u"TimeCardDetail (TCID,Tanggal,TimeIN) VALUES ('T','2026-11-22',?)"_s, badTimes, goodTimes},
         {u"TimeCardDetail (TCID,Tanggal,TimeOUT) VALUES ('T','2026-11-22',?)"_s, badTimes, goodTimes},
         {u"TimeCardDetail (TCID,Tanggal,TimeINOT) VALUES ('T','2026-11-22',?)"_s, badTimes, goodTimes},
@@ -95,16 +106,34 @@ TEST(SchemaUpgrade, TakesAllFurtherStepsAndCopiesTheFileAside) {
         for (int start = 0; start < 2; ++start) {
             const auto connection = ConnectToFile(path);
             PrepareSchema(*connection, LaterSteps());
-            EXPECT_EQ(VersionOf(*connection), 3);
+            EXPECT_EQ(VersionOf(*connection), Newest() + 2);
             Cursor rows = connection->QueryNative(u"SELECT Nama||Telepon FROM Employee"_s);
             ASSERT_TRUE(rows.Next());
             EXPECT_EQ(rows.Text(0), u"Budi-"_s);
         }
-        EXPECT_EQ(inside.entryList(QDir::Files, QDir::Name), (QStringList{u"DATA.mdb"_s, u"DATA.mdb.v1"_s}));
-        Cursor copied =
-            OpenDatabaseFile(inside.filePath(u"DATA.mdb.v1"_s))->Query(u"select Nama from Employee"_s);
+        EXPECT_EQ(inside.entryList(QDir::Files, QDir::Name), (QStringList{u"DATA.mdb"_s, CopyName()}));
+        Cursor copied = OpenDatabaseFile(inside.filePath(CopyName()))->Query(u"select Nama from Employee"_s);
         EXPECT_TRUE(copied.Next());
     }
+}
+
+TEST(SchemaUpgrade, ADatabaseOfTheFirstVersionKeepsItsRows) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"DATA.mdb"_s);
+    QFile(path).open(QIODevice::WriteOnly);
+    {
+        const auto connection = ConnectToFile(path);
+        RunSchemaSteps(*connection, SqliteSchema().Steps().first(1));
+        connection->ExecuteNative(u"INSERT INTO Employee (NIP,Nama,GP) VALUES ('0012','Budi',150000)"_s);
+    }
+    const auto connection = OpenDatabaseFile(path);
+    Cursor rows = connection->Query(u"select Nama,GP,Masuk,Keluar,IdMesin from Employee"_s);
+    ASSERT_TRUE(rows.Next());
+    EXPECT_EQ(rows.Text(0), u"Budi"_s);
+    EXPECT_EQ(rows.Value(1).Number(), 150000);
+    for (int column = 2; column < 5; ++column)
+        EXPECT_TRUE(rows.Value(column).IsNull());
+    EXPECT_TRUE(QFile::exists(path + u".v1"_s));
 }
 
 TEST(SchemaUpgrade, AFailingStepIsTakenBackWhole) {
@@ -112,10 +141,10 @@ TEST(SchemaUpgrade, AFailingStepIsTakenBackWhole) {
     company.AddEmployee(u"0012"_s, u"Budi"_s, u"x"_s);
     EXPECT_NE(FailureOf([&] { PrepareSchema(company.Db(), LaterSteps(u"CREATE TABLE Employee (NIP)"_s)); }),
               QString());
-    EXPECT_EQ(VersionOf(company.Db()), 2);
+    EXPECT_EQ(VersionOf(company.Db()), Newest() + 1);
     EXPECT_EQ(company.RowsOf(u"select Nama,Telepon from Employee"_s), QStringList{u"Budi|-"_s});
     PrepareSchema(company.Db(), LaterSteps());
-    EXPECT_EQ(VersionOf(company.Db()), 3);
+    EXPECT_EQ(VersionOf(company.Db()), Newest() + 2);
 }
 
 TEST(SchemaUpgrade, TwoProgramsUpgradeOneDatabase) {
@@ -127,7 +156,7 @@ TEST(SchemaUpgrade, TwoProgramsUpgradeOneDatabase) {
             const auto connection = ConnectToFile(company.DatabaseFile());
             ready.arrive_and_wait();
             failure = FailureOf([&] { PrepareSchema(*connection, LaterSteps()); });
-            EXPECT_EQ(VersionOf(*connection), 3);
+            EXPECT_EQ(VersionOf(*connection), Newest() + 2);
         };
         std::thread other(upgrade, std::ref(failures[0]));
         upgrade(failures[1]);
@@ -136,8 +165,8 @@ TEST(SchemaUpgrade, TwoProgramsUpgradeOneDatabase) {
         EXPECT_EQ(failures[1], QString());
         // The one that comes between two steps of the other copies what it finds, too.
         QStringList files = QDir(company.folder.path()).entryList(QDir::Files, QDir::Name);
-        files.removeAll(u"DATA.mdb.v2"_s);
-        EXPECT_EQ(files, (QStringList{u"DATA.mdb"_s, u"DATA.mdb.v1"_s}));
+        files.removeAll(CopyName(1));
+        EXPECT_EQ(files, (QStringList{u"DATA.mdb"_s, CopyName()}));
     }
 }
 
@@ -149,8 +178,8 @@ TEST(SchemaUpgrade, WhatIsMissingIsNamedAndANewerDatabaseRefused) {
         {u"ALTER TABLE Employee DROP COLUMN sc"_s, u"tidak ditemukan: employee.sc.\n"_s},
         {u"ALTER TABLE TimeCardDetail RENAME COLUMN ShiftCode TO Kode"_s,
          u"tidak ditemukan: timecarddetail.shiftcode.\n"_s},
-        {u"PRAGMA user_version=2"_s,
-         u"program yang lebih baru (versi 2; program ini mengenal sampai versi 1)"_s},
+        {u"PRAGMA user_version=99"_s,
+         u"program yang lebih baru (versi 99; program ini mengenal sampai versi %1)"_s.arg(Newest())},
     };
     for (const auto& [statement, named] : cases) {
         const TestCompany company(TestCompany::Database::Closed);
