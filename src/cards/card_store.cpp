@@ -1,6 +1,7 @@
 #include "cards/card_store.h"
 
 #include "cards/card_fields.h"
+#include "cards/employee_pay.h"
 #include "database/recordset.h"
 #include "database/statement.h"
 
@@ -99,20 +100,21 @@ enum ComputableColumn {
     TimeOut,
     MealGranted,
     RosterCode,
+    EmployeeType,
     BasicPay,
     OvertimeRate,
-    MealAllowance,
-    EmployeeType
+    MealAllowance
 };
 
 /// An employee without a record or a roster entry leaves their columns null.
 QString ComputableCardsStatement(qsizetype count) {
     return u"select h.TCID, d.Tanggal, h.NIP, h.Status, d.TimeIN, d.TimeOUT, d.BeriUangMakan, r.ShiftCode, "
-           "e.GP, e.RateOT, e.TMakan, e.EmpType "
+           u"%1 "
            "from TimeCardHeader h inner join TimeCardDetail d on d.TCID=h.TCID "
-           "left join Employee e on e.NIP=h.NIP "
-           "left join ShiftEmployee r on r.NIP=h.NIP and r.Tgl=d.Tanggal where h.TCID in (%1) "
-           "order by h.TCID, d.Tanggal"_s.arg(QStringList(count, u"?"_s).join(u','));
+           "left join Employee e on e.NIP=h.NIP %2 "
+           "left join ShiftEmployee r on r.NIP=h.NIP and r.Tgl=d.Tanggal where h.TCID in (%3) "
+           "order by h.TCID, d.Tanggal"_s.arg(PayInForce::Columns(), PayInForce::Join(u"d.Tanggal"_s),
+                                              QStringList(count, u"?"_s).join(u','));
 }
 
 } // namespace

@@ -8,8 +8,8 @@
 
 #include <functional>
 
-/// What the computation reads of a card, its first day, its employee and the roster. What the employee is
-/// paid by is null where there is no employee.
+/// What the computation reads of a card, its first day, its employee and the roster. The pay is the one in
+/// force on that day (cards/employee_pay); null where there is no employee.
 struct ComputableCard {
     QString tcid;
     QString nip;

@@ -91,6 +91,7 @@ public:
     void Run() {
         ReadCodes();
         CheckEmployees();
+        CheckPay();
         CheckUserJobs();
         CheckRoster();
         CheckSheets();
@@ -161,13 +162,22 @@ private:
         enum Column { Nip, Dept, Divisi };
         Scan({u"Employee"_s,
               1,
-              u"select NIP, Dept, Divisi, GP, RateOT, TMakan, sc from Employee order by NIP"_s,
-              {Text, Text, Text, Number, Number, Number, Number}},
+              u"select NIP, Dept, Divisi, GP, RateOT, TMakan, sc, Masuk, Keluar from Employee order by NIP"_s,
+              {Text, Text, Text, Number, Number, Number, Number, Date, Date}},
              [&](const Cursor& rows, const Tell& tell) {
                  employees_ << rows.Text(Nip);
                  ExpectKnown(rows.Text(Dept), departments_, u"department"_s, tell);
                  ExpectKnown(rows.Text(Divisi), divisions_, u"division"_s, tell);
              });
+    }
+
+    void CheckPay() {
+        using enum Content;
+        Scan({u"EmployeePay"_s,
+              2,
+              u"select NIP, Berlaku, GP, RateOT, TMakan from EmployeePay order by NIP, Berlaku"_s,
+              {Text, Date, Number, Number, Number}},
+             [&](const Cursor& rows, const Tell& tell) { ExpectEmployee(rows.Text(0), tell); });
     }
 
     void CheckUserJobs() {

@@ -119,6 +119,27 @@ TEST_F(TimeCard, HoursAmountsAndDayRowFollowTheRules) {
     }
 }
 
+TEST_F(TimeCard, APayFromADateLeavesTheDaysBeforeItAsTheyAre) {
+    const auto amountsOn = [this](const QString& day) {
+        RemoveCards();
+        AddCard(Tcid, u"1002"_s, u"OUT"_s, day, day + u" 08:00:00"_s, day + u" 16:00:00"_s);
+        Run(u"UPDATE TimeCardDetail SET BeriUangMakan=1"_s);
+        CalculateTimeCard(Db(), Tcid);
+        return RowsOf(u"select NormalAmount, OTAmount, TotalUangMakan from TimeCardHeader"_s).join(u'/');
+    };
+    Run(u"INSERT INTO EmployeePay (NIP,Berlaku,EmpType,GP,RateOT,TMakan) VALUES "
+        "('1002','2026-12-01','HRN',165000,11000.5,14000),('1002','2027-01-15','BLN',4000000,20000,NULL),"
+        "('1003','2020-01-01','HRN',1,1,1)"_s);
+    const std::pair<QString, QString> cases[] = {
+        {u"2026-11-30"_s, u"150000.25|10000|12500"_s},
+        {u"2026-12-01"_s, u"165000|11000.5|14000"_s},
+        {u"2027-01-14"_s, u"165000|11000.5|14000"_s},
+        {u"2027-01-15"_s, u"0|20000|0"_s}, // monthly, and no meal allowance any more
+    };
+    for (const auto& [day, amounts] : cases)
+        EXPECT_EQ(amountsOn(day), amounts) << day.toStdString();
+}
+
 TEST_F(TimeCard, EmptyTimesAndAnUnsetMealFlagCountNothing) {
     PutCard(u"1001"_s, u"OUT"_s, u"2026-11-20 08:00:00"_s, u"1899-12-30 00:00:00"_s);
     CalculateTimeCard(Db(), Tcid);

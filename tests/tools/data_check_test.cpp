@@ -168,6 +168,9 @@ TEST_F(DataCheck, TellsValuesThatCannotBeRead) {
     for (const QString& column : {u"GP"_s, u"RateOT"_s, u"TMakan"_s, u"sc"_s})
         cases.push_back({{u"UPDATE Employee SET %1='Rp 5' WHERE NIP='0003'"_s.arg(column)},
                          {u"Employee 0003: %1 \"Rp 5\" is no number"_s.arg(column)}});
+    cases.push_back({{u"INSERT INTO EmployeePay (NIP,Berlaku,GP) VALUES ('9999','2026-12-01','Rp 5')"_s},
+                     {u"EmployeePay 9999 2026-12-01: GP \"Rp 5\" is no number"_s,
+                      u"EmployeePay 9999 2026-12-01: no employee \"9999\""_s}});
     Run(cases);
 }
 
