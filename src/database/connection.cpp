@@ -29,13 +29,20 @@ int Connection::Execute(const QString& statement, const QVariantList& values) {
     return query.numRowsAffected();
 }
 
-void Connection::ExecuteMany(const QString& statement, const QList<QVariantList>& rows) {
+void Connection::ExecuteMany(const QString& statement, const QList<QVariantList>& rows,
+                             const RowRefused& refused) {
     QSqlQuery query = Prepared(engine_->Translate(statement));
-    for (const QVariantList& row : rows) {
-        for (qsizetype i = 0; i < row.size(); ++i)
-            query.bindValue(static_cast<int>(i), row[i]);
-        Run(query);
-        ++ownChanges_; // the rows before one that fails are written
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+        for (qsizetype i = 0; i < rows[row].size(); ++i)
+            query.bindValue(static_cast<int>(i), rows[row][i]);
+        try {
+            Run(query);
+            ++ownChanges_; // the rows before one that fails are written
+        } catch (const DatabaseError& why) {
+            if (!refused || why.Kind() != ErrorKind::Constraint)
+                throw;
+            refused(row, why);
+        }
     }
 }
 

@@ -38,8 +38,12 @@ public:
     /// number of rows that it changed.
     int Execute(const QString& statement, const QVariantList& values = {});
 
-    /// Runs one statement once for each row of bound values, all of one length: for work on many rows.
-    void ExecuteMany(const QString& statement, const QList<QVariantList>& rows);
+    /// Told which row, by its place, breaks a rule of the schema.
+    using RowRefused = std::function<void(qsizetype row, const DatabaseError& why)>;
+    /// Runs one statement once for each row of bound values, all of one length: for work on many rows. A row
+    /// that breaks a rule of the schema is told and left out where there is somebody to tell.
+    void ExecuteMany(const QString& statement, const QList<QVariantList>& rows,
+                     const RowRefused& refused = {});
 
     /// Runs a statement of the engine's own language: for the schema.
     void ExecuteNative(const QString& statement);
