@@ -25,6 +25,17 @@ void RefuseMissing(const QSet<QString>& expected, const QSet<QString>& found) {
 
 } // namespace
 
+QString TableDescription::ColumnList() const {
+    QStringList names;
+    for (const ColumnDescription& column : columns)
+        names << u'[' + column.name + u']';
+    return names.join(u',');
+}
+
+std::vector<TableDescription> TablesOf(Connection& connection) {
+    return SchemaOf(connection).Describe(connection);
+}
+
 int SchemaVersion(Connection& connection) {
     const std::optional<int> version = SchemaOf(connection).VersionOf(connection);
     if (!version) {

@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <span>
+#include <vector>
 
 /// One numbered step of the schema: what brings a database from the version before it to this one. Steps that
 /// have been in use are never edited; a change of the schema is a further step.
@@ -20,6 +21,23 @@ struct SchemaStep {
 struct SchemaNames {
     QSet<QString> tables;
     QSet<QString> views;
+};
+
+/// What a column of a table is to hold; null is allowed everywhere but in keys.
+enum class ColumnKind { Text, Number, Flag, Date, Moment };
+
+struct ColumnDescription {
+    QString name;
+    ColumnKind kind = ColumnKind::Text;
+    bool isKey = false;
+};
+
+struct TableDescription {
+    QString name;
+    std::vector<ColumnDescription> columns; ///< second spellings of a column left out
+
+    /// As they are written in a statement, with a comma between.
+    QString ColumnList() const;
 };
 
 /// What the upkeep of the schema asks of an engine. All functions throw DatabaseError.
@@ -39,6 +57,8 @@ public:
 
     virtual QSet<QString> TablesIn(Connection& connection) const = 0;
     virtual QSet<QString> ViewsIn(Connection& connection) const = 0;
+    /// The tables and their columns, in the order in which the schema names them.
+    virtual std::vector<TableDescription> Describe(Connection& connection) const = 0;
     /// What a database holds after these steps.
     virtual SchemaNames NamesAfter(std::span<const SchemaStep> steps) const = 0;
 };
@@ -48,6 +68,9 @@ int SchemaVersion(Connection& connection);
 
 /// The newest version that the program knows.
 int NewestSchemaVersion(const Connection& connection);
+
+/// The tables of an opened database.
+std::vector<TableDescription> TablesOf(Connection& connection);
 
 /// Takes the steps that are newer than the database, each as a whole or not at all.
 void RunSchemaSteps(Connection& connection, std::span<const SchemaStep> steps);

@@ -97,6 +97,17 @@ QStringList SecondStep() {
     };
 }
 
+/// The check of a day or of a moment is what tells such a column from other texts.
+ColumnKind KindOf(const QString& column, const QString& type, const QString& table) {
+    if (type == u"BOOLEAN"_s)
+        return ColumnKind::Flag;
+    if (type != u"TEXT"_s)
+        return ColumnKind::Number;
+    if (table.contains(DayColumn(column)))
+        return ColumnKind::Date;
+    return table.contains(TimeColumn(column)) ? ColumnKind::Moment : ColumnKind::Text;
+}
+
 /// The names of the tables, or of the views, and "table.column" for each of their columns.
 QString NamesQuery(QStringView kind) {
     return u"SELECT lower(m.name), lower(m.name)||'.'||lower(c.name) FROM sqlite_master m "
@@ -178,6 +189,20 @@ QSet<QString> SqliteSchema::TablesIn(Connection& connection) const {
 
 QSet<QString> SqliteSchema::ViewsIn(Connection& connection) const {
     return NamesIn(connection, u"view");
+}
+
+std::vector<TableDescription> SqliteSchema::Describe(Connection& connection) const {
+    Cursor rows = connection.QueryNative(
+        u"SELECT m.name, c.name, c.type, c.pk, m.sql FROM sqlite_master m JOIN pragma_table_xinfo(m.name) c "
+        "WHERE m.type='table' AND m.name NOT LIKE 'sqlite_%' AND c.hidden=0 ORDER BY m.rowid, c.cid"_s);
+    std::vector<TableDescription> tables;
+    while (rows.Next()) {
+        if (tables.empty() || tables.back().name != rows.Text(0))
+            tables.push_back({rows.Text(0), {}});
+        tables.back().columns.push_back(
+            {rows.Text(1), KindOf(rows.Text(1), rows.Text(2), rows.Text(4)), rows.Value(3).Number() > 0});
+    }
+    return tables;
 }
 
 /// Read off a fresh database in memory: the steps are the only description of what a version holds.

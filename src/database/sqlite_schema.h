@@ -11,5 +11,6 @@ public:
     void CopyAside(Connection& connection, int version) const override;
     QSet<QString> TablesIn(Connection& connection) const override;
     QSet<QString> ViewsIn(Connection& connection) const override;
+    std::vector<TableDescription> Describe(Connection& connection) const override;
     SchemaNames NamesAfter(std::span<const SchemaStep> steps) const override;
 };

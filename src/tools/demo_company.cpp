@@ -7,7 +7,7 @@
 #include "tools/demo_attendance.h"
 #include "tools/demo_photos.h"
 #include "tools/demo_staff.h"
-#include "tools/new_database_file.h"
+#include "database/new_database_file.h"
 
 #include <span>
 

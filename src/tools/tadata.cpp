@@ -4,7 +4,7 @@
 #include "database/database_error.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"
-#include "tools/new_database_file.h"
+#include "database/new_database_file.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

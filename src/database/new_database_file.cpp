@@ -1,4 +1,4 @@
-#include "tools/new_database_file.h"
+#include "database/new_database_file.h"
 
 #include "database/database_file.h"
 
@@ -12,7 +12,7 @@ void MakeDatabaseFile(const QString& path, const std::function<void(Connection&)
     const QFileInfo wanted(path);
     if (wanted.exists() || wanted.isSymLink())
         RefuseExisting(path);
-    const QTemporaryDir workshop(wanted.absolutePath() + u"/.tadata-XXXXXX"_s);
+    const QTemporaryDir workshop(wanted.absolutePath() + u"/.database-XXXXXX"_s);
     if (!workshop.isValid())
         RefuseUnmade(path, workshop.errorString());
 
