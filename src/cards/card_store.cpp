@@ -78,9 +78,12 @@ QStringList NamesOf(Each each) {
     return names;
 }
 
+QString Marks(qsizetype count) {
+    return QStringList(count, u"?"_s).join(u',');
+}
+
 QString InsertStatement(const QString& table, const QStringList& columns) {
-    return u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table, columns.join(u','),
-                                                    QStringList(columns.size(), u"?"_s).join(u','));
+    return u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table, columns.join(u','), Marks(columns.size()));
 }
 
 template<class Row, class Each>
@@ -88,6 +91,14 @@ QVariantList ValuesOf(const Row& row, Each each) {
     QVariantList values;
     each([&](QStringView, auto member) { values << Stored(row.*member).Stored(); });
     return values;
+}
+
+/// How many rows there are whose column holds one of the texts.
+int CountIn(Connection& connection, const QString& tableAndColumn, const QStringList& texts) {
+    Cursor rows =
+        connection.Query(u"select count(1) from %1 in (%2)"_s.arg(tableAndColumn, Marks(texts.size())),
+                         QVariantList(texts.cbegin(), texts.cend()));
+    return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : 0;
 }
 
 /// In the order of the columns of the statement below.
@@ -114,7 +125,7 @@ QString ComputableCardsStatement(qsizetype count) {
            "left join Employee e on e.NIP=h.NIP %2 "
            "left join ShiftEmployee r on r.NIP=h.NIP and r.Tgl=d.Tanggal where h.TCID in (%3) "
            "order by h.TCID, d.Tanggal"_s.arg(PayInForce::Columns(), PayInForce::Join(u"d.Tanggal"_s),
-                                              QStringList(count, u"?"_s).join(u','));
+                                              Marks(count));
 }
 
 } // namespace
@@ -211,9 +222,23 @@ void CardStore::WriteResults(const std::vector<ComputedCard>& cards) const {
 }
 
 int CardStore::CountDaysOfShift(const QStringList& codes) const {
-    const QString marks = QStringList(codes.size(), u"?"_s).join(u',');
-    Cursor rows =
-        connection_.Query(u"select count(1) from TimeCardDetail where ShiftCode in (%1)"_s.arg(marks),
-                          QVariantList(codes.cbegin(), codes.cend()));
-    return rows.Next() ? static_cast<int>(rows.Value(0).Number()) : 0;
+    return CountIn(connection_, u"TimeCardDetail where ShiftCode"_s, codes);
+}
+
+int CardStore::CountCardsOfStatus(const QString& status) const {
+    return CountIn(connection_, u"TimeCardHeader where Status"_s, {status});
+}
+
+QSet<QString> CardStore::WithCards(const QStringList& nips) const {
+    Cursor rows = connection_.Query(
+        u"select distinct NIP from TimeCardHeader where NIP in (%1)"_s.arg(Marks(nips.size())),
+        QVariantList(nips.cbegin(), nips.cend()));
+    QSet<QString> found;
+    while (rows.Next())
+        found << rows.Text(0);
+    return found;
+}
+
+void CardStore::RenameStatus(const QString& from, const QString& to) const {
+    connection_.Execute(u"update TimeCardHeader set Status=? where Status=?"_s, {to, from});
 }

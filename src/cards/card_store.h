@@ -4,6 +4,7 @@
 #include "compute/time_card_rules.h"
 #include "database/connection.h"
 
+#include <QSet>
 #include <QStringList>
 
 #include <functional>
@@ -61,6 +62,12 @@ public:
 
     /// How many days of cards name one of these shift codes.
     int CountDaysOfShift(const QStringList& codes) const;
+
+    /// Those of the employees' numbers on which a card stands.
+    QSet<QString> WithCards(const QStringList& nips) const;
+    int CountCardsOfStatus(const QString& status) const;
+    /// Gives all cards of one status another.
+    void RenameStatus(const QString& from, const QString& to) const;
 
 private:
     Connection& connection_;

@@ -3,6 +3,7 @@
 #include "core/clock.h"
 #include "core/dialogs.h"
 #include "core/error_log.h"
+#include "core/password_attempts.h"
 #include "core/program_folder.h"
 #include "core/shared_connection.h"
 
@@ -34,6 +35,7 @@ struct Program {
     /// Shows the written report file to the user and does not wait until it is closed. Throws ProgramError
     /// when nothing can show it.
     std::function<void(const QString& path)> showReport;
+    PasswordAttempts passwordAttempts = {};
 
     Connection& Db() const { return database.Get(); }
 };

@@ -1,5 +1,6 @@
 #include "core/supervisor_check.h"
 
+#include "core/passwords.h"
 #include "core/query_values.h"
 #include "database/statement.h"
 
@@ -21,10 +22,17 @@ bool CheckLogin(Program& program, const QString& handedOver) {
         program.dialogs.Warn(u"Login tidak diisi.."_s);
         return false;
     }
+    const WallTime now = program.clock.Now();
+    if (const QString wait = program.passwordAttempts.WaitText(parts[0], now); !wait.isNull()) {
+        program.dialogs.Warn(wait);
+        return false;
+    }
     if (!modGeneral::CheckUserPassword(program.Db(), parts[0], parts[1])) {
+        program.passwordAttempts.NoteWrong(parts[0], now);
         program.dialogs.Warn(u"Password/Username salah."_s);
         return false;
     }
+    program.passwordAttempts.NoteRight(parts[0]);
     if (!IsSupervisor(program.Db(), parts[0])) {
         program.dialogs.Inform(u"Hanya level supervisor / SPV.\nLihat [User Job]..."_s);
         return false;
@@ -49,5 +57,5 @@ bool modGeneral::CheckUserPassword(Connection& connection, const QString& userId
     if (user.AtEnd())
         return false;
     const FieldValue stored = user.Field(u"Password"_s);
-    return !stored.IsNull() && stored.Text() == password;
+    return !stored.IsNull() && Passwords::MatchesExactly(password, stored.Text());
 }

@@ -58,10 +58,6 @@ std::optional<QString> LoadStoredPassword(Connection& connection, const QString&
     return user.Field(u"Password"_s).Text();
 }
 
-bool PasswordMatches(const QString& typed, const QString& stored) {
-    return !typed.isEmpty() && typed.toUpper() == stored.toUpper();
-}
-
 std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip) {
     const QString tcid = CardIdentifier(entry.sheet, nip);
     std::optional<Refusal> refusal;

@@ -27,9 +27,6 @@ QString RefusalText(Refusal refusal);
 /// The password kept for a user; nothing when the user is unknown. Throws DatabaseError.
 std::optional<QString> LoadStoredPassword(Connection& connection, const QString& nip);
 
-/// Letter case does not matter; an empty password never passes.
-bool PasswordMatches(const QString& typed, const QString& stored);
-
 /// Checks and records in one transaction: header and day row are written together or not at all, and two
 /// desks that record one employee at the same instant leave one arrival. A sheet that was closed after the
 /// entry began takes nothing. Throws DatabaseError; nothing is written then, nor when the recording is

@@ -1,6 +1,7 @@
 #include "timecard/frmAED_Absen.h"
 
 #include "core/code_lists.h"
+#include "core/passwords.h"
 #include "ui/pick_list.h"
 #include "ui/typing.h"
 #include "ui_frmAED_Absen.h"
@@ -97,11 +98,19 @@ void frmAED_Absen::txtPassword_Enter() {
     const QString typed = ui_->txtPassword->text();
     if (typed.isEmpty() || recorded_ || !txtNIK_Validate())
         return;
-    if (!PasswordMatches(typed, storedPassword_)) {
-        program_.dialogs.Warn(u"Password salah !"_s);
+    const QString nip = ui_->txtNIK->text();
+    const WallTime now = program_.clock.Now();
+    QString refused = program_.passwordAttempts.WaitText(nip, now);
+    if (refused.isNull() && !Passwords::MatchesAnyCase(typed, storedPassword_)) {
+        program_.passwordAttempts.NoteWrong(nip, now);
+        refused = u"Password salah !"_s;
+    }
+    if (!refused.isNull()) {
+        program_.dialogs.Warn(refused);
         ui_->txtPassword->selectAll();
         return;
     }
+    program_.passwordAttempts.NoteRight(nip);
     Record();
 }
 

@@ -1,4 +1,6 @@
 #include "timecard/clock_recording.h"
+
+#include "core/passwords.h"
 #include "timecard/employee_details.h"
 #include "timecard/sheet_lifecycle.h"
 
@@ -173,7 +175,7 @@ TEST(Password, MatchesInAnyLetterCaseButNeverEmpty) {
                                                         {u"x"_s, u""_s, false},
                                                         {u"ü"_s, u"Ü"_s, true}};
     for (const auto& [typed, stored, matches] : cases)
-        EXPECT_EQ(PasswordMatches(typed, stored), matches) << typed.toStdString();
+        EXPECT_EQ(Passwords::MatchesAnyCase(typed, stored), matches) << typed.toStdString();
     EXPECT_EQ(LoadStoredPassword(company.Db(), u"0012"_s), u"Rahasia"_s);
     EXPECT_EQ(LoadStoredPassword(company.Db(), u"0013"_s), QString());
     EXPECT_EQ(LoadStoredPassword(company.Db(), u"0099"_s), std::nullopt);
