@@ -37,36 +37,49 @@ bool Users::Exists(const QString& id) const {
     return AnyRow(connection_, u"select UserID from [User] where UserID=?"_s, {id});
 }
 
-bool Users::AnySupervisor() const {
-    return AnyRow(connection_, u"select u.UserID from [User] u inner join User_Job j on j.UserID=u.UserID "
-                               "where j.GroupID='SPV'"_s);
-}
-
 bool Users::HasPassword(const QString& id, const QString& password) const {
     Cursor rows = connection_.Query(u"select [Password] from [User] where UserID=?"_s, {id});
     return rows.Next() && Passwords::MatchesAnyCase(password, rows.Text(0));
 }
 
-bool Users::SetPasswords(const std::vector<std::pair<QString, QString>>& idsAndPasswords,
-                         const Progress& progress) const {
-    QList<QVariantList> ids;
-    QList<QVariantList> passwords;
+void Users::Add(const QString& id) const {
+    CheckUserId(id);
+    connection_.InTransaction([&] {
+        Cursor known =
+            connection_.Query(u"select UserID from [User] where upper(UserID)=?"_s, {id.toUpper()});
+        if (known.Next())
+            throw ProgramError(RefusedNumber, u"User ID %1 sudah ada."_s.arg(known.Text(0)));
+        connection_.Execute(u"insert into [User] (UserID) values (?)"_s, {id});
+    });
+}
+
+std::optional<HashedPasswords> Users::Hash(const std::vector<std::pair<QString, QString>>& idsAndPasswords,
+                                           const Progress& progress) const {
+    HashedPasswords hashed;
     for (const auto& [id, password] : idsAndPasswords) {
-        if (progress && !progress(ids.size(), std::ssize(idsAndPasswords)))
-            return false;
+        if (progress && !progress(std::ssize(hashed), std::ssize(idsAndPasswords)))
+            return std::nullopt;
         CheckUserId(id);
         if (password.isEmpty())
             throw ProgramError(RefusedNumber, u"Password %1 tidak boleh kosong."_s.arg(id));
+        hashed.emplace_back(id, Passwords::Hashed(password));
+    }
+    return hashed;
+}
+
+void Users::Write(const HashedPasswords& passwords) const {
+    QList<QVariantList> ids;
+    QList<QVariantList> values;
+    for (const auto& [id, hash] : passwords) {
         ids << QVariantList{id, id};
-        passwords << QVariantList{Passwords::Hashed(password), id};
+        values << QVariantList{hash, id};
     }
     connection_.InTransaction([&] {
         connection_.ExecuteMany(u"insert into [User] (UserID) select ? where not exists (select UserID from "
                                 "[User] where UserID=?)"_s,
                                 ids);
-        connection_.ExecuteMany(u"update [User] set [Password]=? where UserID=?"_s, passwords);
+        connection_.ExecuteMany(u"update [User] set [Password]=? where UserID=?"_s, values);
     });
-    return true;
 }
 
 void Users::SetSupervisor(const QString& id, bool isSupervisor) const {

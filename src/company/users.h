@@ -19,6 +19,9 @@ struct UserRow {
     Password password = Password::None;
 };
 
+/// User IDs, each with what is stored of its password.
+using HashedPasswords = std::vector<std::pair<QString, QString>>;
+
 /// Those who may log in or clock in. All functions throw DatabaseError, and ProgramError with a text for the
 /// user where something is not allowed; nothing is written then.
 class Users {
@@ -27,14 +30,17 @@ public:
 
     std::vector<UserRow> ReadAll() const;
     bool Exists(const QString& id) const;
-    bool AnySupervisor() const;
     /// Whether the user has this password, by the clock's comparison.
     bool HasPassword(const QString& id, const QString& password) const;
 
-    /// Gives users their passwords, hashed, and makes those who do not exist yet. Hashing takes about 50 ms a
-    /// password and is done before anything is written. False when the progress stopped it.
-    bool SetPasswords(const std::vector<std::pair<QString, QString>>& idsAndPasswords,
-                      const Progress& progress = {}) const;
+    /// Makes a user without a password yet.
+    void Add(const QString& id) const;
+    /// Hashes passwords, about 50 ms for each, before a transaction begins. Nothing when the progress stopped
+    /// it.
+    std::optional<HashedPasswords> Hash(const std::vector<std::pair<QString, QString>>& idsAndPasswords,
+                                        const Progress& progress = {}) const;
+    /// Gives users their passwords, and makes those who do not exist yet.
+    void Write(const HashedPasswords& passwords) const;
     /// The last supervisor stays one.
     void SetSupervisor(const QString& id, bool isSupervisor) const;
     /// The last supervisor stays.

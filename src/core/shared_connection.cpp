@@ -31,10 +31,14 @@ QString ConnectionText(const QString& dataSource) {
 
 /// DATA.mdb in the program folder when it is there in any letter case, else in the folder UI beside the
 /// program folder.
+QStringView DataSource(const ProgramFolder& folder) {
+    const bool beside = !folder.Existing(u"\\data.mdb").isEmpty();
+    return beside ? u"\\DATA.mdb" : u"\\..\\UI\\DATA.mdb";
+}
+
 std::unique_ptr<Connection> Opened(const ProgramFolder& folder) {
     QString text = ServerConnectionText(b_global::ReadSetting(folder, u"server"_s));
-    const bool beside = !folder.Existing(u"\\data.mdb").isEmpty();
-    const QString path = folder.Joined(beside ? u"\\DATA.mdb" : u"\\..\\UI\\DATA.mdb");
+    const QString path = folder.Joined(DataSource(folder));
     text = ConnectionText(path);
     return OpenDatabaseFile(path, text);
 }
@@ -47,6 +51,10 @@ Connection& SharedConnection::Get() const {
     if (!connection_)
         throw ProgramError(NotConnectedNumber, u"Koneksi database belum dibuka."_s);
     return *connection_;
+}
+
+QString DatabaseFile(const ProgramFolder& folder) {
+    return folder.Existing(DataSource(folder));
 }
 
 bool OpenConnection(SharedConnection& shared, const ProgramFolder& folder, Dialogs& dialogs) {

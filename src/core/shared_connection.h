@@ -21,6 +21,9 @@ private:
     std::unique_ptr<Connection> connection_;
 };
 
+/// The file that OpenConnection opens; empty when there is none.
+QString DatabaseFile(const ProgramFolder& folder);
+
 /// Opens the shared connection unless it is open already: DATA.mdb in the program folder when it is there in
 /// any letter case, else in the folder UI beside the program folder. A failure is shown and gives false.
 bool OpenConnection(SharedConnection& shared, const ProgramFolder& folder, Dialogs& dialogs);

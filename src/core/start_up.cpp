@@ -1,6 +1,7 @@
 #include "core/start_up.h"
 
 #include "core/settings.h"
+#include "core/supervisor_check.h"
 #include "database/file_lookup.h"
 
 using namespace Qt::StringLiterals;
@@ -36,7 +37,7 @@ void LoadPictures(const ProgramFolder& folder, modAbsen::StartScreen& screen) {
 } // namespace
 
 bool modAbsen::InitApplication(Program& program, StartScreen& screen,
-                               const std::function<QString()>& userCountry) {
+                               const std::function<QString()>& userCountry, const SetUpCompany& setUp) {
     bool ready = false;
     Trapped(program, u"InitApplication"_s, [&] {
         const Hourglass hourglass(screen);
@@ -48,7 +49,17 @@ bool modAbsen::InitApplication(Program& program, StartScreen& screen,
                                  "Tolong buka Control Panel window."_s);
             return;
         }
+        const auto found = [&] {
+            screen.SetHourglass(false);
+            const bool goOn = setUp();
+            screen.SetHourglass(true);
+            return goOn;
+        };
+        if (setUp && b_global::DatabaseFile(program.folder).isEmpty() && !found())
+            return;
         ready = b_global::OpenConnection(program.database, program.folder, program.dialogs);
+        if (ready && setUp && !modGeneral::AnySupervisor(program.Db()))
+            ready = found();
     });
     return ready;
 }

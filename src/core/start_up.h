@@ -19,9 +19,14 @@ public:
     virtual void LoadPicture(Background which, const QString& path) = 0;
 };
 
+/// Sets a company up where the program finds none, and answers whether to go on with it.
+using SetUpCompany = std::function<bool()>;
+
 /// Loads the pictures, checks the regional settings (unless setting.ini says "regional=any") and opens the
-/// shared connection, in this order. False when the program must not go on; the user has been told why.
+/// shared connection, in this order. False when the program must not go on; the user has been told why. Where
+/// the database is missing, or has no supervisor, `setUp` is asked, if it is given, and nothing else told.
 bool InitApplication(Program& program, StartScreen& screen,
-                     const std::function<QString()>& userCountry = b_WinControlPanel::UserCountry);
+                     const std::function<QString()>& userCountry = b_WinControlPanel::UserCountry,
+                     const SetUpCompany& setUp = {});
 
 } // namespace modAbsen

@@ -52,6 +52,18 @@ bool modGeneral::AskAdminPass(Program& program) {
     return passed;
 }
 
+bool modGeneral::AnySupervisor(Connection& connection) {
+    return connection
+        .Query(u"select u.UserID from [User] u inner join User_Job j on j.UserID=u.UserID and "
+               "j.GroupID='SPV' where u.[Password] is not null"_s)
+        .Next();
+}
+
+bool modGeneral::HasDemoUser(Connection& connection) {
+    const QString demo = u"pelon"_s;
+    return CheckUserPassword(connection, demo, demo);
+}
+
 bool modGeneral::CheckUserPassword(Connection& connection, const QString& userId, const QString& password) {
     const Recordset user(connection, u"Select * from [User] Where `UserID`="_s + Quoted(userId));
     if (user.AtEnd())

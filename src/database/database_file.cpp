@@ -30,6 +30,9 @@ void CreateDatabase(const QString& path) {
             RefuseExisting(path);
         RefuseUnmade(path, file.errorString());
     }
+    // Wages and passwords are nobody's business but the owner's and the group's.
+    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup
+                        | QFileDevice::WriteGroup);
     file.close();
     const std::unique_ptr<Connection> connection = ConnectToFile(path);
     RunSchemaSteps(*connection, connection->UsedEngine().Schema().Steps());

@@ -176,6 +176,7 @@ void SqliteSchema::CopyAside(Connection& connection, int version) const {
     const QString unfinished = copy + u'.' + QUuid::createUuid().toString(QUuid::WithoutBraces);
     const auto removeUnfinished = qScopeGuard([&] { QFile::remove(unfinished); });
     connection.ExecuteNative(u"VACUUM INTO '"_s + QString(unfinished).replace(u'\'', u"''"_s) + u'\'');
+    QFile::setPermissions(unfinished, QFile::permissions(connection.FileName()));
     if (!QFile::rename(unfinished, copy) && !QFile::exists(copy)) {
         const QString file = QDir::toNativeSeparators(copy);
         throw DatabaseError(ErrorKind::CopyNotMade, CopyNumber, u"the copy %1 cannot be made"_s.arg(file),

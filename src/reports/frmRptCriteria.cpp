@@ -1,5 +1,6 @@
 #include "reports/frmRptCriteria.h"
 
+#include "core/company_settings.h"
 #include "reports/report_file.h"
 #include "ui/code_combo.h"
 #include "ui/date_box.h"
@@ -146,6 +147,8 @@ void frmRptCriteria::PrintReport() {
     {
         WorkProgress progress(this, report_->title.toString());
         listed = WriteReportFile(program_.folder, [&](const LineSink& sink) {
+            if (const QString head = ReportHead(program_.Db()); !head.isNull())
+                sink(head);
             return report_->print(program_.Db(), Criteria(), sink, std::ref(progress));
         });
     }
