@@ -65,6 +65,24 @@ void FirstScreen(Rounds& rounds) {
     rounds.AddRatio("search-peak-memory-1000000-over-10000-rows", static_cast<double>(peak) / smallPeak, 1.2);
 }
 
+/// Reads the whole result of a search for cards; all cards of the company begin with "T".
+void Walk(Connection& connection, const QString& clause) {
+    qsizetype rows = 0;
+    WholeResult result(connection, clause, {});
+    result([&rows](const FoundDay&) { ++rows; });
+    if (rows != Million.employees * Million.sheets)
+        throw std::runtime_error("not the whole result");
+}
+
+void PrefixWalk(Rounds& rounds) {
+    const auto connection = OpenDatabaseFile(CompanyFile(Million));
+    while (rounds.Next()) {
+        rounds.Time("prefix", [&] { Walk(*connection, u" Where TCID like 'T%'"_s); });
+        rounds.Time("all", [&] { Walk(*connection, {}); });
+    }
+    rounds.Compare("search-walk-prefix-over-all", "prefix", "all", 1.2);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -73,5 +91,6 @@ int main(int argc, char** argv) {
         return TellPeakMemory([&] { SearchDesk(QString::fromLocal8Bit(argv[2])).ShowFirstScreen(); });
     BenchProgram program(argc, argv);
     program.Add("search_first_screen", Measured::ProcessorTime, 100, FirstScreen);
+    program.Add("search_walk_prefix", Measured::ProcessorTime, 3, PrefixWalk);
     return program.Run();
 }

@@ -4,6 +4,8 @@
 #include "cards/card_store.h"
 #include "cards/listed_employees.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <iterator>
 
@@ -53,18 +55,41 @@ private:
     int divisi_;
 };
 
+/// The first text after all those that begin with the prefix; null where that is not certain.
+QString After(const QString& prefix) {
+    const char16_t last = prefix.isEmpty() ? u'\0' : prefix.back().unicode();
+    return last > u' ' && last < u'~' ? prefix.chopped(1) + QChar(last + 1) : QString();
+}
+
+/// The clause of the pages that follow a card. An engine that seeks what "like" finds begins at the first
+/// card of the prefix, for every page anew: there the comparison is hidden from it, and the prefix's end told
+/// apart.
+QString ClauseAfter(const QString& card, const QString& clause, QVariantList& values) {
+    static const QRegularExpression prefixed(u"(TCID like '([^'%_]*)[^']*')"_s);
+    QString further = (clause.isEmpty() ? u" Where "_s : clause + u" and "_s) + u"TCID>?"_s;
+    values << card;
+    const QRegularExpressionMatch match = prefixed.match(further);
+    if (!match.hasMatch())
+        return further;
+    further.replace(match.capturedStart(1), match.capturedLength(1),
+                    u"Not (Not (%1))"_s.arg(match.captured(1)));
+    if (const QString end = After(match.captured(2)); !end.isNull()) {
+        further += u" and TCID<?"_s;
+        values << end;
+    }
+    return further;
+}
+
 } // namespace
 
 /// The order of the cards costs nothing, since it is that of their key; asking for the days' order as well
 /// would make the engine read and sort the whole result for every page.
 Cursor CardSearch::Query(Connection& connection, const QString& columns, int limit) const {
-    QString statement = u"Select %1 from qry_TimeCardAll  "_s.arg(columns) + clause_;
     QVariantList values;
-    if (!lastCard_.isNull()) {
-        statement += (clause_.isEmpty() ? u" Where "_s : u" and "_s) + u"TCID>?"_s;
-        values << lastCard_;
-    }
-    return connection.Query(statement + u" ORDER BY TCID LIMIT %1"_s.arg(limit), values);
+    const QString clause = lastCard_.isNull() ? clause_ : ClauseAfter(lastCard_, clause_, values);
+    return connection.Query(u"Select %1 from qry_TimeCardAll  %2 ORDER BY TCID LIMIT %3"_s.arg(
+                                columns, clause, QString::number(limit)),
+                            values);
 }
 
 std::vector<FoundDay> CardSearch::Read(Connection& connection, int limit) {
