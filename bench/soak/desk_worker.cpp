@@ -15,6 +15,8 @@
 #include <QRegularExpression>
 #include <QTableView>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,9 +51,10 @@ long ResidentMemory() {
 
 /// Messages that desks get which share employees and sheets; every other one is a problem.
 bool IsExpected(const QString& text) {
-    static const QRegularExpression otherDesk(u"sudah diubah dari komputer lain|[Ll]embar.*ditutup"_s);
-    return text == RefusalText(Refusal::AlreadyClockedIn).simplified()
-           || text == RefusalText(Refusal::NotClockedIn).simplified() || otherDesk.match(text).hasMatch();
+    static const QRegularExpression otherDesk(u"sudah (diubah dari|diganti) komputer lain"_s);
+    constexpr Refusal refusals[] = {Refusal::AlreadyClockedIn, Refusal::NotClockedIn, Refusal::SheetClosed};
+    const auto says = [&text](Refusal refusal) { return text == RefusalText(refusal).simplified(); };
+    return std::ranges::any_of(refusals, says) || otherDesk.match(text).hasMatch();
 }
 
 QTableView& GridOf(QWidget& window) {
