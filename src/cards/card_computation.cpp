@@ -3,6 +3,7 @@
 #include "cards/card_store.h"
 #include "compute/shift_resolution.h"
 #include "core/code_lists.h"
+#include "database/database_error.h"
 #include "database/statement.h"
 
 #include <QHash>
@@ -18,7 +19,7 @@ namespace {
 /// Large enough that a transaction's own cost does not show, small enough that other desks hardly wait.
 constexpr qsizetype BatchSize = 500;
 
-using Reasons = QHash<QString, ProgramError>;
+using Reasons = QHash<QString, std::exception_ptr>;
 
 /// What became of a batch.
 struct Batch {
@@ -56,8 +57,8 @@ Batch ComputeBatch(Connection& connection, const QStringList& tcids) {
         for (const ComputableCard& card : store.ReadForComputation(tcids)) {
             try {
                 Compute(card, shifts, batch);
-            } catch (const ProgramError& reason) {
-                batch.failed.insert(card.tcid, reason);
+            } catch (const ProgramError&) {
+                batch.failed.insert(card.tcid, std::current_exception());
             }
         }
         store.WriteResults(batch.computed);

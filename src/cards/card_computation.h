@@ -2,17 +2,18 @@
 
 #include "core/progress.h"
 #include "database/connection.h"
-#include "database/database_error.h"
 
 #include <QString>
 #include <QStringList>
+
+#include <exception>
 
 namespace modAbsen {
 
 /// A card that was left as it was.
 struct CardNotComputed {
     QString tcid;
-    std::optional<ProgramError> reason; ///< nothing: it has no day row, or no header to hold the results
+    std::exception_ptr reason; ///< null: it has no day row, or no header to hold the results
 };
 
 /// A card whose hours were computed by a shift that the table of shifts lacks, as if it ended at midnight.

@@ -129,3 +129,11 @@ QString UserText(const std::exception& error) {
     return known ? UserText(known->Kind(), known->Description(), known->Details())
                  : QString::fromUtf8(error.what());
 }
+
+QString UserText(const std::exception_ptr& error) {
+    try {
+        std::rethrow_exception(error);
+    } catch (const std::exception& kept) {
+        return UserText(kept);
+    }
+}

@@ -10,3 +10,5 @@
 QString UserText(const DatabaseFailure& failure);
 /// The same of an error; of several failures, of the first. An error of the language's own is told as it is.
 QString UserText(const std::exception& error);
+/// The same of an error that was kept.
+QString UserText(const std::exception_ptr& error);

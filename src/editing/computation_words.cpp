@@ -30,7 +30,7 @@ QString NoDataText(const modAbsen::CardNotComputed& card) {
 QString ComplaintsText(const modAbsen::ComputationReport& report) {
     QStringList lines;
     Name(lines, u"%1 kartu tidak dapat dihitung:"_s, report.notComputed, [](const auto& card) {
-        return card.reason ? card.tcid + u": "_s + UserText(*card.reason) : NoDataText(card);
+        return card.reason ? card.tcid + u": "_s + UserText(card.reason) : NoDataText(card);
     });
     Name(lines, u"%1 kartu dihitung dengan shift yang tidak dikenal; periksa jamnya:"_s, report.unknownShifts,
          [](const auto& card) {

@@ -221,7 +221,7 @@ void frmEditAbsensiOne::cmdCalcHrs_Click() {
         const modAbsen::ComputationReport report = modAbsen::CalculateTimeCard(program_.Db(), tcid_);
         for (const modAbsen::CardNotComputed& left : report.notComputed) {
             if (left.reason)
-                throw *left.reason;
+                std::rethrow_exception(left.reason);
             program_.dialogs.Warn(NoDataText(left));
         }
         Q_EMIT Saved();
