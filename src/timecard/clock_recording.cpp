@@ -2,6 +2,7 @@
 
 #include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
+#include "core/query_values.h"
 #include "core/status_codes.h"
 #include "database/recordset.h"
 #include "database/statement.h"
@@ -55,7 +56,7 @@ std::optional<QString> LoadStoredPassword(Connection& connection, const QString&
     const Recordset user(connection, u"select * from `user` where UserId="_s + Quoted(nip));
     if (user.AtEnd())
         return std::nullopt;
-    return user.Field(u"Password"_s).Text();
+    return b_global::IfNull(user.Field(u"Password"_s), u""_s).Text();
 }
 
 std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip) {
