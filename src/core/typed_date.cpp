@@ -75,7 +75,7 @@ std::optional<TypedTime> ReadTypedTime(QStringView text) {
     return TypedTime{hours{hour} + minutes{minute} + seconds{second}, !match.captured(5).isEmpty()};
 }
 
-std::optional<Day> ReadTypedDate(QStringView text, Day shown, Day today) {
+std::optional<Day> ReadTypedDate(QStringView text, Day shown, std::optional<Day> today) {
     const QString typed = text.toString().simplified().toLower();
     std::optional<Day> read;
     if (MatchWhole("[th]", typed).hasMatch())
@@ -88,7 +88,7 @@ std::optional<Day> ReadTypedDate(QStringView text, Day shown, Day today) {
     return ofYear >= FirstTypedYear && ofYear <= LastTypedYear ? read : std::nullopt;
 }
 
-std::optional<WallTime> ReadTypedMoment(QStringView text, WallTime shown, Day today) {
+std::optional<WallTime> ReadTypedMoment(QStringView text, WallTime shown, std::optional<Day> today) {
     const QString typed = text.toString().simplified();
     const Day shownDay = DayOf(shown);
     const auto alone = ReadTypedTime(typed);

@@ -10,8 +10,8 @@ inline constexpr int LastTypedYear = 2999;
 /// "31012026", "310126", "3101" or "31", where what is missing is that of the date shown; "2026-01-31"; "+1"
 /// and "-1", days from the date shown; "t" or "h" for today. Months have English or Indonesian names of three
 /// letters or more, years of two digits are of this century. Nothing where the text is none of these, or the
-/// calendar lacks the day.
-std::optional<Day> ReadTypedDate(QStringView text, Day shown, Day today);
+/// calendar lacks the day. Where today is not known, it is not read either.
+std::optional<Day> ReadTypedDate(QStringView text, Day shown, std::optional<Day> today);
 
 /// What is shown after a time of the next day.
 inline constexpr QStringView NextDaySign = u" (+1)";
@@ -34,4 +34,4 @@ std::optional<TypedTime> ReadTypedTime(QStringView text);
 /// A moment as a person types it: a time as above, which is on the day shown, a date as above, which keeps
 /// the time shown, or both, a blank between. Nothing where the text is neither, or can be read in two ways
 /// ("22/11 2015").
-std::optional<WallTime> ReadTypedMoment(QStringView text, WallTime shown, Day today);
+std::optional<WallTime> ReadTypedMoment(QStringView text, WallTime shown, std::optional<Day> today);

@@ -93,7 +93,7 @@ private:
         if (!day)
             throw ProgramError(
                 NoTimeNumber,
-                u"Tanggal \"%1\" tidak dapat dibaca. Tulis seperti 22-Nov-2026 atau 2026-11-22.\n"
+                u"Tanggal \"%1\" tidak dapat dibaca. Tulis seperti 22-Nov-2026 atau 22/11/2026.\n"
                 "Baris belum disimpan."_s.arg(Element(Tanggal)));
         return *day;
     }

@@ -107,8 +107,7 @@ void SearchModel::SaveRow(int row) {
         LoadRow(row);
         throw;
     }
-    if (const auto day = ReadDayCell(elements[Tanggal - 1]))
-        shown.day = CardDay{*day}; // the one to be found again
+    shown.day = CardDay{DayOfRow(elements).value()}; // the one to be found again
     LoadRow(row);
 }
 

@@ -44,18 +44,6 @@ QString DayCellText(const CardDay& day, int column, NextDay nextDay) {
     }
 }
 
-/// Month by its name, as days are shown.
-std::optional<Day> ReadShownDay(const QString& text) {
-    static const QStringList months{u"jan"_s, u"feb"_s, u"mar"_s, u"apr"_s, u"may"_s, u"jun"_s,
-                                    u"jul"_s, u"aug"_s, u"sep"_s, u"oct"_s, u"nov"_s, u"dec"_s};
-    const QStringList parts = text.split(u'-');
-    const qsizetype month = parts.size() == 3 ? months.indexOf(parts[1].toLower()) : -1;
-    if (month < 0 || parts[2].size() != 4)
-        return std::nullopt;
-    const auto read = ReadDateText(u"%1-%2-%3"_s.arg(parts[2]).arg(month + 1).arg(parts[0]));
-    return read ? std::optional(DayOf(read->time)) : std::nullopt;
-}
-
 /// The flag counts as given for the text "True" only: what else people write for it becomes one of the two at
 /// once, before their eyes.
 QString FlagText(const QString& typed) {
@@ -125,22 +113,11 @@ QStringList SearchRowElements(const FoundDay& row, NextDay nextDay) {
     return elements;
 }
 
-std::optional<Day> ReadDayCell(const QString& text) {
-    const QString day = text.trimmed();
-    // A day that begins with two digits and goes on in digits is refused: it may be meant either way round.
-    if (day.indexOf(u'-') != 4)
-        return ReadShownDay(day);
-    const auto read = ReadDateText(day);
-    return read && !read->hasTime ? std::optional(DayOf(read->time)) : std::nullopt;
-}
-
 std::optional<WallTime> ReadTimeCell(const QString& text, Day cardDay) {
     if (const auto alone = ReadTypedTime(text))
         return alone->On(cardDay);
-    const QString typed = text.trimmed();
-    const auto day = ReadDayCell(typed.section(u' ', 0, 0));
-    const auto time = ReadTypedTime(typed.section(u' ', 1));
-    return day && time ? std::optional(time->On(*day)) : std::nullopt;
+    // A day alone is no time.
+    return ReadTypedDate(text, cardDay, {}) ? std::nullopt : ReadTypedMoment(text, cardDay, {});
 }
 
 QString EnteredText(const QStringList& elements, int column, const QString& typed) {
@@ -148,12 +125,17 @@ QString EnteredText(const QStringList& elements, int column, const QString& type
         return FlagText(typed);
     if (column >= NormalHours)
         return NumberText(typed);
-    const bool isTime = column >= TimeIn && column <= TimeOutOt;
-    const auto day = isTime ? DayOfRow(elements) : std::nullopt;
-    return day ? TimeText(elements, *day, column, typed) : typed;
+    if (column < Tanggal)
+        return typed;
+    const auto day = DayOfRow(elements);
+    if (column != Tanggal)
+        return day ? TimeText(elements, *day, column, typed) : typed;
+    const auto read = ReadTypedDate(typed, day.value_or(DayZero), {});
+    return read ? ShownDay(*read) : typed;
 }
 
 std::optional<Day> DayOfRow(const QStringList& elements) {
     const QString& shown = elements[Tanggal - 1];
-    return shown.isEmpty() ? DayOfIdentifier(elements[Tcid - 1]) : ReadDayCell(shown);
+    const auto ofCard = DayOfIdentifier(elements[Tcid - 1]);
+    return shown.isEmpty() ? ofCard : ReadTypedDate(shown, ofCard.value_or(DayZero), {});
 }

@@ -47,9 +47,6 @@ QString SearchCellText(const FoundDay& row, int column, NextDay nextDay = NextDa
 /// The texts of a whole row: element k is column k + 1.
 QStringList SearchRowElements(const FoundDay& row, NextDay nextDay = NextDay::Signed);
 
-/// A day as it is typed, "05-Mar-2004" or "2004-03-05"; nothing when the text is neither.
-std::optional<Day> ReadDayCell(const QString& text);
-
 /// The day of a row, which the card's identifier tells of a row that shows none. Nothing when neither does.
 std::optional<Day> DayOfRow(const QStringList& elements);
 
@@ -57,6 +54,7 @@ std::optional<Day> DayOfRow(const QStringList& elements);
 /// the text is neither.
 std::optional<WallTime> ReadTimeCell(const QString& text, Day cardDay);
 
-/// What a typed text becomes in its cell when it is entered into a row: the flag, number or time that will
-/// be stored, a time that lies before the arrival being of the next day. A text that is none stays as it is.
+/// What a typed text becomes in its cell when it is entered into a row: the flag, number, day or time that
+/// will be stored, a time that lies before the arrival being of the next day. A text that is none stays as it
+/// is.
 QString EnteredText(const QStringList& elements, int column, const QString& typed);

@@ -229,19 +229,17 @@ TEST_F(Search, WhatIsShownReadsBackAsTheSameMoment) {
                                                  {u"0758"_s, u"2026-11-22 07:58:00"_s},
                                                  {u"06.05 (+1)"_s, u"2026-11-23 06:05:00"_s},
                                                  {u"23-Nov-2026  06.05"_s, u"2026-11-23 06:05:00"_s},
-                                                 {u"11/12/2026 07:00"_s, u""_s},
+                                                 {u"11/12/2026 07:00"_s, u"2026-12-11 07:00:00"_s},
+                                                 {u"23 0630"_s, u"2026-11-23 06:30:00"_s},
                                                  {u"29-Feb-2026 07:00"_s, u""_s},
+                                                 {u"22/11 2015"_s, u""_s},
+                                                 {u"t 07:00"_s, u""_s},
                                                  {u"23-Nov-2026"_s, u""_s},
                                                  {u"A"_s, u""_s}};
     for (const auto& [typed, moment] : times) {
         const auto time = ReadTimeCell(typed, day);
         EXPECT_EQ(time ? StoredTime(*time) : QString(), moment) << typed.toStdString();
     }
-    const std::pair<QString, bool> days[] = {{u"22-Nov-2026"_s, true},  {u"2026-11-22"_s, true},
-                                             {u"11-22-2026"_s, false},  {u"22-Nov-26"_s, false},
-                                             {u"22-Des-2026"_s, false}, {u"2026-11-22 07:00"_s, false}};
-    for (const auto& [typed, isDay] : days)
-        EXPECT_EQ(ReadDayCell(typed) == day, isDay) << typed.toStdString();
 }
 
 TEST_F(Search, SavesWhatWasTypedAndNothingElse) {
@@ -266,7 +264,7 @@ TEST_F(Search, SavesWhatWasTypedAndNothingElse) {
          {{NormalHours, u"8.3 jam"_s}, {OtHours, u"x"_s}, {NormalAmount, u"1,500"_s}, {OtAmount, u"-2.50"_s}},
          u"0012|IN|catatan|8.3|0|1|-2.5|2026-11-22|2026-11-22 22:00:05|2026-11-23 06:30:12|1899-12-30 00:00:00|-|1"_s},
         {"another employee, status and day: the times stay the moments that they are",
-         {{Nip, u"0013"_s}, {Status, u"OUT"_s}, {Tanggal, u"2026-11-23"_s}, {BeriUangMakan, u"ya"_s}},
+         {{Nip, u"0013"_s}, {Status, u"OUT"_s}, {Tanggal, u"+1"_s}, {BeriUangMakan, u"ya"_s}},
          u"0013|OUT|catatan|9.15|0|150000|1e-04|2026-11-23|2026-11-22 22:00:05|2026-11-23 06:30:12|"
          "1899-12-30 00:00:00|-|1"_s},
         {"an emptied time stays",
@@ -300,6 +298,7 @@ TEST_F(Search, ACellShowsWhatWillBeStoredAndADepartureBeforeItsArrivalIsPointedO
          u"TimeOUT 06:30:12 (+1) mendahului TimeIN 24-Nov-2026 00:00:00."_s},
         {TimeOutOt, u"0600"_s, u"06:00:00 (+1)"_s,
          u"TimeOutOT 06:00:00 (+1) mendahului TimeINOT 24-Nov-2026 01:00:00."_s},
+        {Tanggal, u"23/11"_s, u"23-Nov-2026"_s, u""_s},
         {Keterangan, u"0600"_s, u"0600"_s, u""_s},
         {NormalHours, u"8.30 jam"_s, u"8.3"_s, u""_s},
         {NormalAmount, u"150,000"_s, u"150"_s, u""_s},
@@ -317,7 +316,7 @@ TEST_F(Search, ACellShowsWhatWillBeStoredAndADepartureBeforeItsArrivalIsPointedO
 TEST_F(Search, RefusesWhatIsNoTimeOrNoEmployee) {
     const std::pair<SearchRow::Column, QString> cases[] = {{TimeIn, u"pagi"_s},
                                                            {TimeOutOt, u"25:00"_s},
-                                                           {Tanggal, u"22/11/2026"_s},
+                                                           {Tanggal, u"31/11/2026"_s},
                                                            {Nip, u"0099"_s},
                                                            {Nip, u"00'12"_s}};
     for (const auto& [column, text] : cases) {
