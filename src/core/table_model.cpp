@@ -29,6 +29,14 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
     return role == Qt::DisplayRole ? QVariant(column.title) : QVariant();
 }
 
+int TableModel::RowOfKey(const QString& key) const {
+    for (int row = 0; row < rowCount(); ++row) {
+        if (RowKey(row) == key)
+            return row;
+    }
+    return -1;
+}
+
 void TableModel::NotifyColumns(int first, int last) {
     if (rowCount() > 0)
         Q_EMIT dataChanged(index(0, first), index(rowCount() - 1, last));

@@ -22,6 +22,11 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
+    /// What tells a row from all others, also when rows have moved or were read anew.
+    virtual QString RowKey(int row) const { return QString::number(row); }
+    /// -1 when no such row is shown.
+    virtual int RowOfKey(const QString& key) const;
+
 protected:
     explicit TableModel(std::vector<TableColumn> columns, QObject* parent = nullptr)
         : QAbstractTableModel(parent), columns_(std::move(columns)) {}

@@ -1,7 +1,9 @@
 #include "ui/cell_editor.h"
 
+#include "core/table_model.h"
 #include "database/database_error.h"
 #include "ui/data_grid.h"
+#include "ui/grid_blocks.h"
 #include "ui/typing.h"
 
 #include <QApplication>
@@ -35,6 +37,22 @@ QString TextOf(const QModelIndex& cell) {
     return (edited.isValid() ? edited : cell.data()).toString();
 }
 
+/// Where the keys lead that enter a text and go on, as columns and rows.
+std::optional<QPoint> StepsAfter(const QKeyEvent& event) {
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return std::nullopt;
+    if (event.key() == Qt::Key_Backtab || (event.key() == Qt::Key_Tab && shift))
+        return QPoint(-1, 0);
+    if (event.key() == Qt::Key_Tab)
+        return QPoint(1, 0);
+    if (event.key() == Qt::Key_Up && !shift)
+        return QPoint(0, -1);
+    if (event.key() == Qt::Key_Down && !shift)
+        return QPoint(0, 1);
+    return std::nullopt;
+}
+
 bool OpensPickList(const QKeyEvent& event) {
     return event.key() == Qt::Key_F9
            || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
@@ -45,7 +63,8 @@ bool OpensPickList(const QKeyEvent& event) {
 CellEditor::CellEditor(Program& program, DataGrid& grid, CellEditing editing)
     : QObject(&grid), program_(program), grid_(grid), editing_(std::move(editing)),
       viewport_(grid.viewport()), text1_(new QLineEdit(grid.viewport())),
-      cmdLov_(new QToolButton(grid.viewport())) {
+      cmdLov_(new QToolButton(grid.viewport())),
+      blocks_(new GridBlocks(program, grid, editing_, [this] { return SaveRow(); })) {
     grid.EditCells(editing_.fixedColumns);
     text1_->setObjectName(u"Text1"_s);
     text1_->setProperty("look", u"cell"_s);
@@ -67,18 +86,34 @@ CellEditor::CellEditor(Program& program, DataGrid& grid, CellEditing editing)
     connect(cmdLov_, &QToolButton::clicked, this, [this] { OpenPickList(); });
     connect(grid.model(), &QAbstractItemModel::modelReset, this, &CellEditor::Forget);
     for (QScrollBar* bar : {grid.horizontalScrollBar(), grid.verticalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, this, &CellEditor::Hide);
+        connect(bar, &QScrollBar::valueChanged, this, &CellEditor::Drop);
     for (QHeaderView* header : {grid.horizontalHeader(), grid.verticalHeader()}) {
         connect(header, &QHeaderView::sectionResized, this, &CellEditor::PlaceOverCell);
         connect(header, &QHeaderView::sectionMoved, this, &CellEditor::PlaceOverCell);
     }
+    AddActions();
     grid.installEventFilter(this);
     grid.viewport()->installEventFilter(this);
     text1_->installEventFilter(this);
 }
 
+void CellEditor::AddActions() {
+    blocks_->AddSeparator();
+    blocks_->AddAction(u"Ubah &isi\tF2"_s, {}, [this] { OpenOnCurrentCell(); });
+    if (editing_.openPickList)
+        blocks_->AddAction(u"Pilih dari &daftar\tF9"_s, {}, [this] { OpenPickList(); });
+    if (editing_.gridDeleteKey || editing_.emptiesCells)
+        blocks_->AddAction(u"&Hapus\tDel"_s, {}, [this] { GridDeleteKey(); });
+    if (editing_.saveRow)
+        blocks_->AddAction(u"Simpan ba&ris"_s, QKeySequence::Save, [this] {
+            if (!rowDirty_)
+                blocks_->Tell(u"Baris ini sudah tersimpan."_s);
+            SaveRow();
+        });
+}
+
 void CellEditor::EnterCell(const QModelIndex& cell) {
-    Hide();
+    Drop();
     if (!cell.isValid())
         return;
     if (cell.row() != lastRow_) {
@@ -101,8 +136,17 @@ void CellEditor::SaveLastRow() {
     MarkRow(row, !saved);
 }
 
+bool CellEditor::SaveRow() {
+    SaveLastRow();
+    rowDirty_ = unsavedRows_.erase(lastRow_) > 0;
+    return !rowDirty_;
+}
+
+/// The row's number tells that something in it is not saved, until nothing is.
 void CellEditor::MarkRow(int row, bool unsaved) {
-    grid_.MarkUnsaved(grid_.model()->index(row, 0), unsaved);
+    const int columns = unsaved ? 1 : grid_.model()->columnCount();
+    for (int column = 0; column < columns; ++column)
+        grid_.MarkUnsaved(grid_.model()->index(row, column), unsaved);
 }
 
 bool CellEditor::MayEdit(const QModelIndex& cell) const {
@@ -122,10 +166,13 @@ bool CellEditor::GridKeyDown(const QKeyEvent& event) {
     }
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return false;
-    if (IsEnter(event.key()) || event.key() == Qt::Key_Delete) {
-        const auto& routine = IsEnter(event.key()) ? editing_.gridEnterKey : editing_.gridDeleteKey;
-        if (routine && cell.isValid())
-            Trapped(program_, u"OnEnter"_s, [&] { routine(cell); });
+    if (IsEnter(event.key())) {
+        if (editing_.gridEnterKey && cell.isValid())
+            Trapped(program_, u"OnEnter"_s, [&] { editing_.gridEnterKey(cell); });
+        return true;
+    }
+    if (event.key() == Qt::Key_Delete) {
+        GridDeleteKey();
         return true;
     }
     if (event.key() == Qt::Key_F2) {
@@ -133,6 +180,16 @@ bool CellEditor::GridKeyDown(const QKeyEvent& event) {
         return true;
     }
     return GridKeyPress(event.text());
+}
+
+void CellEditor::GridDeleteKey() {
+    const QModelIndex cell = grid_.currentIndex();
+    if (!cell.isValid() || blocks_->EmptyBlock() || !editing_.gridDeleteKey)
+        return;
+    // What it asks and tells is about one row.
+    if (blocks_->RowsOfBlock() > 1)
+        return blocks_->Tell(u"Del bekerja pada satu baris. Pilih satu baris saja."_s);
+    Trapped(program_, u"OnEnter"_s, [&] { editing_.gridDeleteKey(cell); });
 }
 
 bool CellEditor::GridKeyPress(const QString& typed) {
@@ -153,6 +210,7 @@ void CellEditor::OpenOnCurrentCell() {
 
 void CellEditor::Open(const QString& text) {
     grid_.scrollTo(grid_.currentIndex());
+    textBefore_ = TextOf(grid_.currentIndex());
     text1_->setAlignment(Qt::Alignment(grid_.currentIndex().data(Qt::TextAlignmentRole).toInt()));
     text1_->setText(text);
     // In a narrow column it is written as narrow as the cells are, right up to the frame.
@@ -171,20 +229,30 @@ bool CellEditor::Text1_KeyDown(const QKeyEvent& event) {
         return false;
     if (text1_->text().trimmed().isEmpty()) {
         Hide();
+        if (!textBefore_.isEmpty())
+            blocks_->Tell(u"Isi sel tetap \"%1\": tidak ada yang diketik."_s.arg(textBefore_));
         // What is typed next begins anew, as it would in the grid.
         const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
         if (plain && !IsEnter(event.key()))
             GridKeyPress(event.text());
         return true;
     }
-    if (IsEnter(event.key())) {
-        if (Text1_Validate())
-            CommitCellEdit();
+    if (event.key() == Qt::Key_Escape) {
+        Drop();
         return true;
     }
-    // Only Enter enters a text; the keys stay in the grid whatever ends the editor.
-    if (event.key() == Qt::Key_Escape || event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
-        Hide();
+    if (IsEnter(event.key())) {
+        Enter();
+        return true;
+    }
+    if (event.matches(QKeySequence::Save)) {
+        if (Text1_Validate() && CommitCellEdit())
+            SaveRow();
+        return true;
+    }
+    if (const auto steps = StepsAfter(event)) {
+        if (Text1_Validate() && CommitCellEdit())
+            Move(steps->y(), steps->x());
         return true;
     }
     if (OpensPickList(event)) {
@@ -192,6 +260,32 @@ bool CellEditor::Text1_KeyDown(const QKeyEvent& event) {
         return true;
     }
     return false;
+}
+
+void CellEditor::Enter() {
+    using enum CellEditing::EnterGoes;
+    if (!Text1_Validate() || !CommitCellEdit())
+        return;
+    if (editing_.enterGoes == Right)
+        Move(0, 1);
+    else if (editing_.enterGoes == Down)
+        Move(1, 0);
+}
+
+/// By what is seen: columns may have been moved. At the grid's edge the cursor stays.
+void CellEditor::Move(int rows, int columns) {
+    const QModelIndex cell = grid_.currentIndex();
+    const QHeaderView& header = *grid_.horizontalHeader();
+    int column = cell.column();
+    if (columns != 0) {
+        int place = header.visualIndex(column) + columns;
+        while (header.isSectionHidden(header.logicalIndex(place)) && place > 0 && place < header.count())
+            place += columns;
+        column = header.logicalIndex(place);
+    }
+    const QModelIndex next = cell.sibling(cell.row() + rows, column);
+    if (next.isValid() && !grid_.isColumnHidden(column))
+        grid_.setCurrentIndex(next);
 }
 
 bool CellEditor::Text1_Validate() {
@@ -221,29 +315,45 @@ bool CellEditor::Attempt(const std::function<void()>& action) {
     });
 }
 
-void CellEditor::CommitCellEdit() {
+bool CellEditor::CommitCellEdit() {
     const QPersistentModelIndex cell = grid_.currentIndex();
     const QString text = text1_->text();
     // A text that could not be saved can be entered again as it is; so can a checked code that is saved at
     // once, since another desk may have stored a different one under what the cell shows.
-    const bool confirms = editing_.saveCell && cell.column() == editing_.checkedColumn;
+    const bool atOnce = editing_.saveCell || !editing_.saveRow;
+    const bool confirms = atOnce && cell.column() == editing_.checkedColumn;
     const bool changes = cell.isValid() && (text != TextOf(cell) || grid_.IsMarkedUnsaved(cell) || confirms);
     bool may = true;
     if (changes && editing_.mayEnter && (!Attempt([&] { may = editing_.mayEnter(cell, text); }) || !may))
-        return;
-    bool saved = false;
-    if (changes && editing_.saveCell && !Attempt([&] { saved = editing_.saveCell(cell, text); }))
-        return;
+        return false;
+    bool saved = true;
+    if (changes && atOnce && !Attempt([&] { saved = SaveCell(cell, text); }))
+        return false;
     Hide();
     if (!changes)
-        return;
-    if (editing_.saveCell) {
-        grid_.MarkUnsaved(cell, !saved);
-        return;
+        return true;
+    grid_.MarkUnsaved(cell, !atOnce || !saved);
+    if (!atOnce) {
+        grid_.model()->setData(cell, text, Qt::EditRole);
+        rowDirty_ = true;
+        lastRow_ = cell.row();
+        MarkRow(lastRow_, true);
     }
-    grid_.model()->setData(cell, text, Qt::EditRole);
-    rowDirty_ = true;
-    lastRow_ = cell.row();
+    return saved;
+}
+
+bool CellEditor::SaveCell(const QModelIndex& cell, const QString& text) {
+    const QPersistentModelIndex stays = cell;
+    const QString before = TextOf(cell);
+    const QString key = qobject_cast<TableModel*>(grid_.model())->RowKey(cell.row());
+    if (!editing_.saveCell)
+        return blocks_->Write({{key, cell.column(), text}}, u"Isian"_s);
+    if (!editing_.saveCell(cell, text))
+        return false;
+    const QString after = TextOf(stays);
+    if (editing_.writeCells && (after != before || after.isNull() != before.isNull()))
+        blocks_->Record({{key, stays.column(), before, after}});
+    return true;
 }
 
 void CellEditor::TakePicked(const QString& code) {
@@ -253,8 +363,8 @@ void CellEditor::TakePicked(const QString& code) {
     Open(code);
     text1_->selectAll();
     // Where nothing is checked, the user sees what was picked and enters it.
-    if (cell.column() == editing_.checkedColumn && Text1_Validate())
-        CommitCellEdit();
+    if (cell.column() == editing_.checkedColumn)
+        Enter();
 }
 
 void CellEditor::OfferPickList() {
@@ -279,10 +389,17 @@ void CellEditor::Hide() {
     cmdLov_->hide();
     if (text1_->isHidden())
         return;
+    text1_->clear(); // before the focus goes: what is entered is not told to be thrown away
     if (text1_->hasFocus())
         grid_.setFocus();
     text1_->hide();
-    text1_->clear();
+}
+
+void CellEditor::Drop() {
+    const QString text = text1_->isHidden() ? QString() : text1_->text();
+    Hide();
+    if (!text.trimmed().isEmpty() && text != textBefore_)
+        blocks_->Tell(u"Tidak disimpan: \"%1\" dibuang."_s.arg(text));
 }
 
 void CellEditor::PlaceOverCell() {
@@ -297,7 +414,7 @@ void CellEditor::PlaceOverCell() {
 }
 
 bool CellEditor::MayLeave() {
-    Hide();
+    Drop();
     std::set<int> rows = unsavedRows_;
     if (rowDirty_)
         rows.insert(lastRow_);
@@ -355,7 +472,7 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         // The pick list and another program's window take the keyboard for a while, not what was typed.
         if (!QApplication::activePopupWidget() && reason != Qt::ActiveWindowFocusReason)
-            Hide();
+            Drop();
     }
     return false;
 }

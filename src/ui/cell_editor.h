@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/program.h"
+#include "ui/block_editing.h"
 
 #include <QModelIndex>
 #include <QObject>
@@ -11,6 +12,7 @@
 #include <vector>
 
 class DataGrid;
+class GridBlocks;
 class QKeyEvent;
 class QLineEdit;
 class QToolButton;
@@ -18,8 +20,10 @@ class QToolButton;
 /// What a window adds to the editor of its grid. Rows and columns are the grid model's, whose first columns
 /// are fixed. What these functions throw is logged and shown; what was typed then stays, but for a
 /// ConflictError: the editor makes way for what another desk stored.
-struct CellEditing {
+struct CellEditing : BlockEditing {
     int fixedColumns = 1;
+    /// Where the cursor goes when Enter has entered a text.
+    enum class EnterGoes { Nowhere, Right, Down } enterGoes = EnterGoes::Nowhere;
     /// The columns that show cmdLov when a cell of them is entered.
     std::vector<int> pickListColumns;
     /// Whether the editor may open on a cell that is not fixed; without it, on all of them.
@@ -36,7 +40,7 @@ struct CellEditing {
     /// Saves a row; false when it was not saved.
     std::function<bool(int row)> saveRow;
     /// Takes a changed text into its cell and saves it at once; false when it was not saved. Rows have
-    /// nothing left to save then.
+    /// nothing left to save then. With writeCells, what was saved can be taken back.
     std::function<bool(const QModelIndex&, const QString& text)> saveCell;
     std::function<void(const QModelIndex&)> gridEnterKey;
     std::function<void(const QModelIndex&)> gridDeleteKey;
@@ -52,6 +56,8 @@ public:
     /// The grid has its model, and keeps it.
     CellEditor(Program& program, DataGrid& grid, CellEditing editing);
 
+    GridBlocks& Blocks() { return *blocks_; }
+
     /// Opens the editor on the current cell with its present text, selected.
     void OpenOnCurrentCell();
     /// Takes a code from the pick list as if it had been typed and entered.
@@ -62,6 +68,8 @@ public:
     void OfferPickList();
 
     bool RowDirty() const { return rowDirty_; }
+    /// Saves the row that the cursor is on, if anything in it is not saved; false when something stays.
+    bool SaveRow();
     /// Asks what becomes of rows that are not saved: they are saved, thrown away, or the answer is false and
     /// the window stays as it is.
     bool MayLeave();
@@ -78,12 +86,22 @@ private:
     void SaveLastRow();
     bool GridKeyDown(const QKeyEvent& event);
     bool GridKeyPress(const QString& typed);
+    void GridDeleteKey();
     bool Text1_KeyDown(const QKeyEvent& event);
     bool Text1_Validate();
     bool Attempt(const std::function<void()>& action);
-    void CommitCellEdit();
+    /// False when the editor stays open, or what was typed could not be saved.
+    bool CommitCellEdit();
+    /// Saves a changed text at once; false when it was not saved.
+    bool SaveCell(const QModelIndex& cell, const QString& text);
+    /// Enters what is typed; the cursor goes on as the grid wants it.
+    void Enter();
+    void AddActions();
+    void Move(int rows, int columns);
     void Open(const QString& text);
     void Hide();
+    /// Hides it and says what of it is thrown away.
+    void Drop();
     void PlaceOverCell();
     bool MayEdit(const QModelIndex& cell) const;
     bool HasPickList(const QModelIndex& cell) const;
@@ -96,6 +114,8 @@ private:
     const QObject* viewport_;
     QLineEdit* text1_;
     QToolButton* cmdLov_;
+    GridBlocks* blocks_;
+    QString textBefore_;
     int lastRow_ = -1;
     bool rowDirty_ = false;
     /// Left before, but not saved: saving them failed.
