@@ -3,6 +3,7 @@
 #include "core/table_model.h"
 #include "database/database_error.h"
 #include "ui/data_grid.h"
+#include "ui/editing_keys.h"
 #include "ui/grid_blocks.h"
 #include "ui/typing.h"
 
@@ -19,52 +20,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whether a character typed in the grid opens the editor: digits, letters, what stands between them in the
-/// character set, "%" and "-". Others are the grid's own keys.
-bool StartsEditing(QChar typed) {
-    const char16_t code = typed.unicode();
-    return typed.isPrint() && ((code >= 48 && code <= 90) || code >= 96 || code == u'%' || code == u'-');
-}
-
-bool IsModifier(int key) {
-    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_AltGr
-           || key == Qt::Key_Meta || key == Qt::Key_CapsLock;
-}
-
 /// What a cell holds for editing: what it shows, where the model makes no difference.
 QString TextOf(const QModelIndex& cell) {
     const QVariant edited = cell.data(Qt::EditRole);
     return (edited.isValid() ? edited : cell.data()).toString();
 }
 
-/// Where the keys lead that enter a text and go on, as columns and rows.
-std::optional<QPoint> StepsAfter(const QKeyEvent& event) {
-    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
-    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
-        return std::nullopt;
-    if (event.key() == Qt::Key_Backtab || (event.key() == Qt::Key_Tab && shift))
-        return QPoint(-1, 0);
-    if (event.key() == Qt::Key_Tab)
-        return QPoint(1, 0);
-    if (event.key() == Qt::Key_Up && !shift)
-        return QPoint(0, -1);
-    if (event.key() == Qt::Key_Down && !shift)
-        return QPoint(0, 1);
-    return std::nullopt;
-}
-
-bool OpensPickList(const QKeyEvent& event) {
-    return event.key() == Qt::Key_F9
-           || (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
-}
-
 } // namespace
 
 CellEditor::CellEditor(Program& program, DataGrid& grid, CellEditing editing)
     : QObject(&grid), program_(program), grid_(grid), editing_(std::move(editing)),
-      viewport_(grid.viewport()), text1_(new QLineEdit(grid.viewport())),
-      cmdLov_(new QToolButton(grid.viewport())),
-      blocks_(new GridBlocks(program, grid, editing_, [this] { return SaveRow(); })) {
+      unsaved_(program, grid, editing_.saveRow), viewport_(grid.viewport()),
+      text1_(new QLineEdit(grid.viewport())), cmdLov_(new QToolButton(grid.viewport())),
+      blocks_(new GridBlocks(program, grid, editing_, [this] { return unsaved_.SaveCurrent(); })) {
     grid.EditCells(editing_.fixedColumns);
     text1_->setObjectName(u"Text1"_s);
     text1_->setProperty("look", u"cell"_s);
@@ -106,9 +74,9 @@ void CellEditor::AddActions() {
         blocks_->AddAction(u"&Hapus\tDel"_s, {}, [this] { GridDeleteKey(); });
     if (editing_.saveRow)
         blocks_->AddAction(u"Simpan ba&ris"_s, QKeySequence::Save, [this] {
-            if (!rowDirty_)
+            if (!RowDirty())
                 blocks_->Tell(u"Baris ini sudah tersimpan."_s);
-            SaveRow();
+            unsaved_.SaveCurrent();
         });
 }
 
@@ -116,37 +84,9 @@ void CellEditor::EnterCell(const QModelIndex& cell) {
     Drop();
     if (!cell.isValid())
         return;
-    if (cell.row() != lastRow_) {
-        SaveLastRow();
-        lastRow_ = cell.row();
-        rowDirty_ = unsavedRows_.erase(lastRow_) > 0;
-    }
+    unsaved_.Enter(cell.row());
     if (HasPickList(cell))
         ShowPickButton();
-}
-
-void CellEditor::SaveLastRow() {
-    if (!std::exchange(rowDirty_, false) || !editing_.saveRow)
-        return;
-    const int row = lastRow_;
-    bool saved = false;
-    Trapped(program_, u"EnterCell"_s, [&] { saved = editing_.saveRow(row); });
-    if (!saved)
-        unsavedRows_.insert(row);
-    MarkRow(row, !saved);
-}
-
-bool CellEditor::SaveRow() {
-    SaveLastRow();
-    rowDirty_ = unsavedRows_.erase(lastRow_) > 0;
-    return !rowDirty_;
-}
-
-/// The row's number tells that something in it is not saved, until nothing is.
-void CellEditor::MarkRow(int row, bool unsaved) {
-    const int columns = unsaved ? 1 : grid_.model()->columnCount();
-    for (int column = 0; column < columns; ++column)
-        grid_.MarkUnsaved(grid_.model()->index(row, column), unsaved);
 }
 
 bool CellEditor::MayEdit(const QModelIndex& cell) const {
@@ -219,8 +159,8 @@ void CellEditor::Open(const QString& text) {
     font.setStretch(narrow ? QFont::ExtraCondensed : QFont::Unstretched);
     text1_->setFont(font);
     text1_->setTextMargins(narrow ? QMargins(-5, 0, -5, 0) : QMargins());
-    PlaceOverCell();
     text1_->show();
+    PlaceOverCell();
     text1_->setFocus();
 }
 
@@ -247,12 +187,12 @@ bool CellEditor::Text1_KeyDown(const QKeyEvent& event) {
     }
     if (event.matches(QKeySequence::Save)) {
         if (Text1_Validate() && CommitCellEdit())
-            SaveRow();
+            unsaved_.SaveCurrent();
         return true;
     }
     if (const auto steps = StepsAfter(event)) {
         if (Text1_Validate() && CommitCellEdit())
-            Move(steps->y(), steps->x());
+            grid_.MoveCursor(*steps);
         return true;
     }
     if (OpensPickList(event)) {
@@ -267,25 +207,9 @@ void CellEditor::Enter() {
     if (!Text1_Validate() || !CommitCellEdit())
         return;
     if (editing_.enterGoes == Right)
-        Move(0, 1);
+        grid_.MoveCursor({1, 0});
     else if (editing_.enterGoes == Down)
-        Move(1, 0);
-}
-
-/// By what is seen: columns may have been moved. At the grid's edge the cursor stays.
-void CellEditor::Move(int rows, int columns) {
-    const QModelIndex cell = grid_.currentIndex();
-    const QHeaderView& header = *grid_.horizontalHeader();
-    int column = cell.column();
-    if (columns != 0) {
-        int place = header.visualIndex(column) + columns;
-        while (header.isSectionHidden(header.logicalIndex(place)) && place > 0 && place < header.count())
-            place += columns;
-        column = header.logicalIndex(place);
-    }
-    const QModelIndex next = cell.sibling(cell.row() + rows, column);
-    if (next.isValid() && !grid_.isColumnHidden(column))
-        grid_.setCurrentIndex(next);
+        grid_.MoveCursor({0, 1});
 }
 
 bool CellEditor::Text1_Validate() {
@@ -332,14 +256,13 @@ bool CellEditor::CommitCellEdit() {
     Hide();
     if (!changes)
         return true;
-    grid_.MarkUnsaved(cell, !atOnce || !saved);
-    if (!atOnce) {
-        grid_.model()->setData(cell, text, Qt::EditRole);
-        rowDirty_ = true;
-        lastRow_ = cell.row();
-        MarkRow(lastRow_, true);
+    if (atOnce) {
+        grid_.MarkUnsaved(cell, !saved);
+        return saved;
     }
-    return saved;
+    grid_.model()->setData(cell, text, Qt::EditRole);
+    unsaved_.Touch(cell);
+    return true;
 }
 
 bool CellEditor::SaveCell(const QModelIndex& cell, const QString& text) {
@@ -381,18 +304,19 @@ void CellEditor::OpenPickList(const QString& reason) {
 }
 
 void CellEditor::ShowPickButton() {
-    PlaceOverCell();
     cmdLov_->show();
+    PlaceOverCell();
 }
 
 void CellEditor::Hide() {
     cmdLov_->hide();
     if (text1_->isHidden())
-        return;
+        return ShowOverFrozen();
     text1_->clear(); // before the focus goes: what is entered is not told to be thrown away
     if (text1_->hasFocus())
         grid_.setFocus();
     text1_->hide();
+    ShowOverFrozen();
 }
 
 void CellEditor::Drop() {
@@ -400,6 +324,15 @@ void CellEditor::Drop() {
     Hide();
     if (!text.trimmed().isEmpty() && text != textBefore_)
         blocks_->Tell(u"Tidak disimpan: \"%1\" dibuang."_s.arg(text));
+}
+
+void CellEditor::ShowOverFrozen() {
+    QRegion region;
+    for (const QWidget* part : {static_cast<QWidget*>(text1_), static_cast<QWidget*>(cmdLov_)}) {
+        if (!part->isHidden())
+            region += part->geometry();
+    }
+    grid_.KeepFree(region);
 }
 
 void CellEditor::PlaceOverCell() {
@@ -411,45 +344,22 @@ void CellEditor::PlaceOverCell() {
     if (left <= cell.right() && cell.width() < 3 * cell.height())
         left = cell.left() - cell.height();
     cmdLov_->setGeometry(left, cell.top(), cell.height(), cell.height());
+    ShowOverFrozen();
 }
 
 bool CellEditor::MayLeave() {
     Drop();
-    std::set<int> rows = unsavedRows_;
-    if (rowDirty_)
-        rows.insert(lastRow_);
-    if (rows.empty())
-        return true;
-    const auto answer = program_.dialogs.Ask(
-        rows.size() == 1 ? u"Satu baris yang diubah belum disimpan. Simpan sekarang?"_s
-                         : u"%1 baris yang diubah belum disimpan. Simpan sekarang?"_s.arg(rows.size()));
-    if (answer == Dialogs::Answer::Yes) {
-        for (const int row : rows) {
-            lastRow_ = row;
-            rowDirty_ = true;
-            unsavedRows_.erase(row);
-            SaveLastRow();
-        }
-        lastRow_ = grid_.currentIndex().row();
-        rowDirty_ = unsavedRows_.erase(lastRow_) > 0;
-        return !rowDirty_ && unsavedRows_.empty();
-    }
-    return answer == Dialogs::Answer::No;
+    return unsaved_.MayLeave();
 }
 
 void CellEditor::Forget() {
     Hide();
-    rowDirty_ = false;
-    lastRow_ = -1;
-    unsavedRows_.clear();
+    unsaved_.Forget();
 }
 
 void CellEditor::ForgetRow(int row) {
     Hide();
-    unsavedRows_.erase(row);
-    if (row == lastRow_)
-        rowDirty_ = false;
-    MarkRow(row, false);
+    unsaved_.ForgetRow(row);
 }
 
 bool CellEditor::eventFilter(QObject* watched, QEvent* event) {

@@ -1,51 +1,17 @@
 #pragma once
 
 #include "core/program.h"
-#include "ui/block_editing.h"
+#include "ui/cell_editing.h"
+#include "ui/unsaved_rows.h"
 
-#include <QModelIndex>
 #include <QObject>
-
-#include <functional>
-#include <optional>
-#include <set>
-#include <vector>
 
 class DataGrid;
 class GridBlocks;
 class QKeyEvent;
 class QLineEdit;
+class QModelIndex;
 class QToolButton;
-
-/// What a window adds to the editor of its grid. Rows and columns are the grid model's, whose first columns
-/// are fixed. What these functions throw is logged and shown; what was typed then stays, but for a
-/// ConflictError: the editor makes way for what another desk stored.
-struct CellEditing : BlockEditing {
-    int fixedColumns = 1;
-    /// Where the cursor goes when Enter has entered a text.
-    enum class EnterGoes { Nowhere, Right, Down } enterGoes = EnterGoes::Nowhere;
-    /// The columns that show cmdLov when a cell of them is entered.
-    std::vector<int> pickListColumns;
-    /// Whether the editor may open on a cell that is not fixed; without it, on all of them.
-    std::function<bool(const QModelIndex&)> mayEdit;
-    /// The column whose codes are checked before they reach the grid; none below 0.
-    int checkedColumn = -1;
-    /// The code as its table writes it; nothing when it is not listed, and the pick list opens.
-    std::function<std::optional<QString>(const QModelIndex& cell, const QString& code)> check;
-    /// Asked before a changed text goes into its cell; the editor stays open for false.
-    std::function<bool(const QModelIndex&, const QString& text)> mayEnter;
-    /// Opens the pick list under the anchor; its choice comes back through TakePicked. The reason is that of
-    /// a list that opens by itself, empty where the user asked for it.
-    std::function<void(QLineEdit& anchor, const QString& reason)> openPickList;
-    /// Saves a row; false when it was not saved.
-    std::function<bool(int row)> saveRow;
-    /// Takes a changed text into its cell and saves it at once; false when it was not saved. Rows have
-    /// nothing left to save then. With writeCells, what was saved can be taken back.
-    std::function<bool(const QModelIndex&, const QString& text)> saveCell;
-    std::function<void(const QModelIndex&)> gridEnterKey;
-    std::function<void(const QModelIndex&)> gridDeleteKey;
-    std::function<void(const QModelIndex&)> gridDoubleClick;
-};
 
 /// Typing straight into a grid that does not edit itself: one text box, Text1, is laid over the current cell,
 /// one button, cmdLov, beside it for the columns with a pick list. A committed text goes into the model; the
@@ -67,9 +33,7 @@ public:
     /// Opens it where Enter on the cell means that one is to be picked.
     void OfferPickList();
 
-    bool RowDirty() const { return rowDirty_; }
-    /// Saves the row that the cursor is on, if anything in it is not saved; false when something stays.
-    bool SaveRow();
+    bool RowDirty() const { return unsaved_.Dirty(); }
     /// Asks what becomes of rows that are not saved: they are saved, thrown away, or the answer is false and
     /// the window stays as it is.
     bool MayLeave();
@@ -83,7 +47,6 @@ protected:
 
 private:
     void EnterCell(const QModelIndex& cell);
-    void SaveLastRow();
     bool GridKeyDown(const QKeyEvent& event);
     bool GridKeyPress(const QString& typed);
     void GridDeleteKey();
@@ -97,27 +60,23 @@ private:
     /// Enters what is typed; the cursor goes on as the grid wants it.
     void Enter();
     void AddActions();
-    void Move(int rows, int columns);
     void Open(const QString& text);
     void Hide();
     /// Hides it and says what of it is thrown away.
     void Drop();
     void PlaceOverCell();
+    void ShowOverFrozen();
     bool MayEdit(const QModelIndex& cell) const;
     bool HasPickList(const QModelIndex& cell) const;
-    void MarkRow(int row, bool unsaved);
 
     Program& program_;
     DataGrid& grid_;
     const CellEditing editing_;
+    UnsavedRows unsaved_;
     /// Known apart from the grid, which is no longer one when the last events come.
     const QObject* viewport_;
     QLineEdit* text1_;
     QToolButton* cmdLov_;
     GridBlocks* blocks_;
     QString textBefore_;
-    int lastRow_ = -1;
-    bool rowDirty_ = false;
-    /// Left before, but not saved: saving them failed.
-    std::set<int> unsavedRows_;
 };

@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +62,11 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
 void DataGrid::EditCells(int fixedColumns) {
     fixedColumns_ = fixedColumns;
     setSelectionBehavior(SelectItems);
+    setSelectionMode(ContiguousSelection);
+    horizontalHeader()->setSectionsMovable(true);
+    // A press on a header would take the cursor away, and with it the row that is typed into.
+    disconnect(horizontalHeader(), SIGNAL(sectionPressed(int)), this, SLOT(selectColumn(int)));
+    disconnect(horizontalHeader(), SIGNAL(sectionEntered(int)), this, SLOT(_q_selectColumn(int)));
 }
 
 void DataGrid::MarkUnsaved(const QModelIndex& cell, bool unsaved) {
@@ -87,13 +93,63 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
 }
 
 void DataGrid::FreezeColumns(int count) {
-    frozen_ = new FrozenColumns(*this, count);
+    Freeze(new FrozenColumns(*this, count, FrozenColumns::Cells::Shown));
+}
+
+void DataGrid::FreezeEditedColumns(int count) {
+    Freeze(new FrozenColumns(*this, count, FrozenColumns::Cells::Edited));
+}
+
+void DataGrid::Freeze(FrozenColumns* frozen) {
+    frozen_ = frozen;
     updateGeometries();
     connect(frozen_->horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
         frozen_->TakeRoom();
         updateGeometries();
         FitColumns();
     });
+}
+
+void DataGrid::KeepFree(const QRegion& region) {
+    if (frozen_)
+        frozen_->KeepFree(region);
+}
+
+QRect DataGrid::visualRect(const QModelIndex& index) const {
+    const bool over = frozen_ && frozen_->LiesOver(index.column());
+    return over ? frozen_->visualRect(index) : QTableView::visualRect(index);
+}
+
+QModelIndex DataGrid::indexAt(const QPoint& place) const {
+    const bool over = frozen_ && frozen_->LiesOver(0) && place.x() < frozen_->width();
+    return over ? frozen_->indexAt(place) : QTableView::indexAt(place);
+}
+
+/// A cell that is scrolled to does not end under the frozen ones; those are in sight already.
+void DataGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    const int scrolled = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    if (!frozen_ || !frozen_->LiesOver(0))
+        return;
+    if (frozen_->LiesOver(index.column())) {
+        horizontalScrollBar()->setValue(scrolled);
+    } else if (const int covered = frozen_->width() - visualRect(index).left(); covered > 0) {
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - covered);
+    }
+}
+
+void DataGrid::MoveCursor(QPoint steps) {
+    const QModelIndex cell = currentIndex();
+    const QHeaderView& header = *horizontalHeader();
+    int column = cell.column();
+    for (int place = header.visualIndex(column) + steps.x(); steps.x() != 0; place += steps.x()) {
+        column = header.logicalIndex(place);
+        if (column < 0 || !header.isSectionHidden(column))
+            break;
+    }
+    const QModelIndex next = cell.sibling(cell.row() + steps.y(), column);
+    if (next.isValid())
+        setCurrentIndex(next);
 }
 
 void DataGrid::updateGeometries() {

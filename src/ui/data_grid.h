@@ -7,6 +7,7 @@
 #include <optional>
 
 class FrozenColumns;
+class QSettings;
 
 /// The program's grid: rows to look at and walk through by keys, one selected at a time. What a double-click
 /// does, Enter does too. Cells are painted as the model tells under CellLookRole. A grid whose cells are
@@ -46,6 +47,21 @@ public:
     /// Keeps the first columns in sight while the others scroll. They have their widths and the grid its
     /// model before; the cell cursor does not enter them.
     void FreezeColumns(int count);
+    /// The same of columns whose cells are edited.
+    void FreezeEditedColumns(int count);
+    /// Lets what lies over the cells be seen over frozen ones, too.
+    void KeepFree(const QRegion& region);
+
+    /// Moves the cell cursor by columns and rows as they are seen; at the grid's edge it stays.
+    void MoveCursor(QPoint steps);
+
+    /// Widths and order of the columns and what the rows are sorted by, as they were when they were saved.
+    void SaveColumns(QSettings& settings) const;
+    void RestoreColumns(QSettings& settings);
+
+    QRect visualRect(const QModelIndex& index) const override;
+    QModelIndex indexAt(const QPoint& place) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 Q_SIGNALS:
     /// A mouse button went down on a column's header.
@@ -63,6 +79,10 @@ protected:
 
 private:
     void FitColumns();
+    void Freeze(FrozenColumns* frozen);
+    /// The view that shows a column: the frozen ones stand apart.
+    QTableView& ViewOf(int column);
+    const QTableView& ViewOf(int column) const;
 
     int stretchedColumn_ = -1;
     int firstShared_ = -1;

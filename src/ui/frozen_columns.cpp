@@ -13,7 +13,8 @@ constexpr int LineWidth = 1; // the theme's line between these columns and the o
 constexpr int MostCharacters = 40;
 } // namespace
 
-FrozenColumns::FrozenColumns(DataGrid& grid, int count) : QTableView(&grid), grid_(grid) {
+FrozenColumns::FrozenColumns(DataGrid& grid, int count, Cells cells)
+    : QTableView(&grid), grid_(grid), count_(count), cells_(cells) {
     setProperty("look", u"frozen"_s);
     setModel(grid.model());
     setItemDelegate(grid.itemDelegate());
@@ -36,11 +37,15 @@ FrozenColumns::FrozenColumns(DataGrid& grid, int count) : QTableView(&grid), gri
         if (column >= count)
             continue;
         setColumnWidth(column, grid.columnWidth(column));
-        grid.setColumnHidden(column, true);
+        grid.setColumnHidden(column, cells == Cells::Shown);
     }
-    grid.setCornerButtonEnabled(false);
-    grid.verticalHeader()->show();
-    TakeRoom();
+    if (cells == Cells::Shown) {
+        grid.setCornerButtonEnabled(false);
+        grid.verticalHeader()->show();
+        TakeRoom();
+    } else {
+        ShareCells();
+    }
 
     connect(grid.verticalScrollBar(), &QScrollBar::valueChanged, verticalScrollBar(), &QScrollBar::setValue);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, grid.verticalScrollBar(), &QScrollBar::setValue);
@@ -52,8 +57,38 @@ FrozenColumns::FrozenColumns(DataGrid& grid, int count) : QTableView(&grid), gri
     show();
 }
 
+/// Its selection, widths and mouse are the grid's, whose columns lie under these while nothing is scrolled.
+void FrozenColumns::ShareCells() {
+    setAutoScroll(false);
+    delete selectionModel();
+    setSelectionModel(grid_.selectionModel());
+    viewport()->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QHeaderView& others = *grid_.horizontalHeader();
+    connect(&others, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (column < count_)
+            setColumnWidth(column, width);
+    });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, &grid_,
+            [this](int column, int, int width) { grid_.setColumnWidth(column, width); });
+    // Nothing is put under these columns, where it would never be seen.
+    connect(&others, &QHeaderView::sectionMoved, this, [this, &others](int, int, int to) {
+        if (to < count_)
+            others.moveSection(to, count_);
+    });
+}
+
+void FrozenColumns::KeepFree(const QRegion& region) {
+    const QRegion rest = QRegion(rect()) - region.translated(0, horizontalHeader()->height());
+    if (region.isEmpty())
+        clearMask();
+    else
+        setMask(rest);
+}
+
 /// The grid keeps the room of its row header free of its own columns: these stand there instead.
 void FrozenColumns::TakeRoom() {
+    if (cells_ == Cells::Edited)
+        return;
     grid_.verticalHeader()->setFixedWidth(horizontalHeader()->length() + LineWidth);
 }
 
@@ -61,7 +96,8 @@ void FrozenColumns::Place() {
     const QRect view = grid_.viewport()->geometry();
     const int header = grid_.horizontalHeader()->height();
     horizontalHeader()->setFixedHeight(header);
-    const int width = grid_.verticalHeader()->width();
-    setGeometry(view.left() - width, view.top() - header, width, header + view.height());
+    const bool over = cells_ == Cells::Edited;
+    const int width = over ? horizontalHeader()->length() + LineWidth : grid_.verticalHeader()->width();
+    setGeometry(over ? view.left() : view.left() - width, view.top() - header, width, header + view.height());
     verticalScrollBar()->setValue(grid_.verticalScrollBar()->value());
 }

@@ -29,7 +29,6 @@ TableModel& ModelOf(const DataGrid& grid) {
 GridBlocks::GridBlocks(Program& program, DataGrid& grid, BlockEditing editing, std::function<bool()> settle)
     : QObject(&grid), program_(program), grid_(grid), editing_(std::move(editing)),
       settle_(std::move(settle)) {
-    grid.setSelectionMode(QAbstractItemView::ContiguousSelection);
     grid.setContextMenuPolicy(Qt::ActionsContextMenu);
     AddActions();
 }

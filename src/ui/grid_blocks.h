@@ -2,7 +2,7 @@
 
 #include "core/cell_history.h"
 #include "core/program.h"
-#include "ui/block_editing.h"
+#include "ui/cell_editing.h"
 
 #include <QObject>
 

@@ -5,6 +5,11 @@
 class QWidget;
 
 /// A window's size and place, kept between runs in the user's own settings under the window's object name.
-/// The first time it gets the given size, or as much of it as the screen has.
+/// The first time it gets the given size, or as much of it as the screen has. With it go the columns of its
+/// grids.
 void RestorePlace(QWidget& window, QSize firstSize);
 void SavePlace(const QWidget& window);
+
+/// The same of the columns alone, for windows whose size is fixed.
+void RestoreColumns(const QWidget& window);
+void SaveColumns(const QWidget& window);
