@@ -71,15 +71,14 @@ void Walk(Qt::Key key, int steps) {
 }
 
 void ChooseFromMenu(int entry) {
-    KeyboardUser::Press(Qt::Key_F10);
+    Keys(u"⑩");
     Walk(Qt::Key_Down, entry);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
 }
 
 void GoTo(QTableView& grid, int row, int column) {
     grid.setFocus();
-    KeyboardUser::Press(Qt::Key_Home, Qt::ControlModifier);
-    KeyboardUser::Press(Qt::Key_Home);
+    Keys(u"⎈⇱⇱");
     Walk(Qt::Key_Right, column);
     Walk(Qt::Key_Down, row);
 }
@@ -152,7 +151,7 @@ void DeskWorker::LeaveStuckWindow() {
     TellProblem(u"stuck in "_s + front->objectName());
     began_.start();
     user_->Forget();
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
 }
 
 void DeskWorker::DoSomething(int what) {
@@ -187,10 +186,10 @@ void DeskWorker::Punch(Qt::Key key) {
     const QString nip = QString::number(1 + Below(employees_)).rightJustified(4, u'0');
     user_->WhenIn(u"frmAED_Absen"_s, [this, nip, key](QWidget& entry) {
         const qint64 began = SharedMoment();
-        KeyboardUser::Type(nip);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Type(nip);
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(nip);
+        Keys(u"⏎");
+        Keys(nip);
+        Keys(u"⏎");
         if (entry.findChild<QWidget*>(u"picDetail"_s)->isVisible()) {
             static const QRegularExpression time(u"\\d\\d:\\d\\d:\\d\\d"_s);
             const QString told = time.match(entry.findChild<QLabel*>(u"lblDone"_s)->text()).captured();
@@ -202,18 +201,13 @@ void DeskWorker::Punch(Qt::Key key) {
             Tell({Writing::Status, nip, StoredDay(today), in ? u"IN"_s : u"OUT"_s, began, ended});
             ++done_[u"punches"_s];
         }
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
     });
     KeyboardUser::Press(key);
 }
 
 void DeskWorker::LogIn() {
-    user_->WhenIn(u"frmLogin"_s, [](QWidget&) {
-        KeyboardUser::Type(u"pelon"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Type(u"pelon"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-    });
+    user_->WhenIn(u"frmLogin"_s, [](QWidget&) { Keys(u"pelon⏎pelon⏎"); });
 }
 
 void DeskWorker::InOffice(Qt::Key mnemonic, const QString& window, const KeyboardUser::Action& action) {
@@ -221,9 +215,9 @@ void DeskWorker::InOffice(Qt::Key mnemonic, const QString& window, const Keyboar
     user_->WhenIn(u"frmSetting"_s, [mnemonic](QWidget&) { KeyboardUser::Press(mnemonic, Qt::AltModifier); });
     user_->WhenIn(window, [action](QWidget& opened) {
         action(opened);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
     });
-    user_->WhenIn(u"frmSetting"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_Escape); });
+    user_->WhenIn(u"frmSetting"_s, [](QWidget&) { Keys(u"⎋"); });
     ChooseFromMenu(OfficeEntry);
 }
 
@@ -232,8 +226,8 @@ void DeskWorker::TypeIntoCell(QTableView& grid, const QString& text, Writing wri
     const int shown = dialogs_.count;
     writing.value = text;
     writing.began = SharedMoment();
-    KeyboardUser::Type(text);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(text);
+    Keys(u"⏎");
     KeyboardUser::Press(row == 0 ? Qt::Key_Down : Qt::Key_Up);
     writing.ended = SharedMoment();
     writing.certain = dialogs_.count == shown && grid.currentIndex().row() != row;
@@ -257,9 +251,9 @@ void DeskWorker::EditInBrowser() {
 void DeskWorker::EditInSearch() {
     InOffice(Qt::Key_D, u"frmEditAbsensi"_s, [this](QWidget& search) {
         search.findChild<QWidget*>(u"txtTCID"_s)->setFocus();
-        KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
-        KeyboardUser::Type(SheetIdentifierOf(clock_.Today()));
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"⎈a");
+        Keys(SheetIdentifierOf(clock_.Today()));
+        Keys(u"⏎");
         QTableView& grid = GridOf(search);
         if (grid.model()->rowCount() < 2)
             return;
@@ -277,7 +271,7 @@ void DeskWorker::ComputeSearched(QWidget& search) {
     const int shown = dialogs_.count;
     const qint64 began = SharedMoment();
     const auto* done = search.findChild<QLabel*>(u"lblDone"_s);
-    KeyboardUser::Press(Qt::Key_H, Qt::AltModifier);
+    Keys(u"⎇h");
     if (!KeyboardUser::WaitUntil([done] { return done->text().contains(u"dihitung"_s); })) {
         if (dialogs_.count == shown)
             TellProblem(u"no computation was told"_s);
@@ -310,20 +304,17 @@ void DeskWorker::FillRoster() {
 
 void DeskWorker::PrintReport() {
     LogIn();
-    user_->WhenIn(u"frmSetting"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_E, Qt::AltModifier); });
-    user_->WhenIn(u"frmAbsensi"_s, [](QWidget&) {
-        KeyboardUser::Press(Qt::Key_L, Qt::AltModifier);
-        KeyboardUser::Press(Qt::Key_Return);
-    });
+    user_->WhenIn(u"frmSetting"_s, [](QWidget&) { Keys(u"⎇e"); });
+    user_->WhenIn(u"frmAbsensi"_s, [](QWidget&) { Keys(u"⎇l⏎"); });
     user_->WhenIn(u"frmRptCriteria"_s, [this](QWidget&) {
         const int before = reportsShown_;
-        KeyboardUser::Press(Qt::Key_O, Qt::AltModifier);
+        Keys(u"⎇o");
         if (!KeyboardUser::WaitUntil([this, before] { return reportsShown_ > before; }))
             TellProblem(u"no report was shown"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
     });
     for (const auto& window : {u"frmAbsensi"_s, u"frmSetting"_s})
-        user_->WhenIn(window, [](QWidget&) { KeyboardUser::Press(Qt::Key_Escape); });
+        user_->WhenIn(window, [](QWidget&) { Keys(u"⎋"); });
     ChooseFromMenu(OfficeEntry);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QHash>
 #include <QTest>
 #include <QWindow>
 
@@ -52,13 +53,6 @@ void KeyboardUser::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
         QTest::keyClick(InFront()->windowHandle(), key, modifiers);
 }
 
-void KeyboardUser::Type(const QString& text) {
-    for (const QChar character : text) {
-        if (WaitUntil([] { return InFront() != nullptr; }))
-            QTest::keyClick(InFront()->windowHandle(), character.toLatin1());
-    }
-}
-
 bool KeyboardUser::WaitUntil(const std::function<bool()>& condition) {
     QDeadlineTimer deadline(PatienceMilliseconds);
     while (!condition() && !deadline.hasExpired())
@@ -80,4 +74,28 @@ QWidget* KeyboardUser::InFront() {
             window->activateWindow();
     }
     return QApplication::activeWindow();
+}
+
+void Keys(QStringView keys) {
+    static const QHash<QChar, Qt::Key> named{
+        {u'⏎', Qt::Key_Return}, {u'↹', Qt::Key_Tab},       {u'⇤', Qt::Key_Backtab}, {u'⎋', Qt::Key_Escape},
+        {u'→', Qt::Key_Right},  {u'←', Qt::Key_Left},      {u'↑', Qt::Key_Up},      {u'↓', Qt::Key_Down},
+        {u'⌦', Qt::Key_Delete}, {u'⌫', Qt::Key_Backspace}, {u'⇱', Qt::Key_Home},    {u'⇲', Qt::Key_End},
+        {u'⇞', Qt::Key_PageUp}, {u'⇟', Qt::Key_PageDown},  {u'⎀', Qt::Key_Insert},
+    };
+    Qt::KeyboardModifiers held;
+    for (const QChar key : keys) {
+        if (key == u'⎇' || key == u'⎈') {
+            held = key == u'⎇' ? Qt::AltModifier : Qt::ControlModifier;
+            continue;
+        }
+        if (key >= u'②' && key <= u'⑩')
+            KeyboardUser::Press(static_cast<Qt::Key>(Qt::Key_F1 + (key.unicode() - u'①')), held);
+        else if (const auto found = named.constFind(key); found != named.cend())
+            KeyboardUser::Press(*found, key == u'⇤' ? held | Qt::ShiftModifier : held);
+        else if (KeyboardUser::WaitUntil([] { return KeyboardUser::InFront() != nullptr; }))
+            QTest::keyClick(KeyboardUser::InFront()->windowHandle(), key.toLatin1(), held);
+        held = Qt::NoModifier;
+        QCoreApplication::processEvents();
+    }
 }

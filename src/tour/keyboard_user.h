@@ -28,7 +28,6 @@ public:
 
     /// Presses a key in the window in front.
     static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    static void Type(const QString& text);
     /// Lets the program work until the condition holds; false when it does not within some seconds.
     static bool WaitUntil(const std::function<bool()>& condition);
 
@@ -46,3 +45,8 @@ private:
     std::list<Plan> plans_;
     QTimer timer_;
 };
+
+/// Types a text in which these characters stand for keys: ⏎ Enter, ↹ Tab, ⇤ Shift+Tab, ⎋ Esc, ← → ↑ ↓ the
+/// arrows, ⎀ Insert, ⌦ Delete, ⌫ Backspace, ⇱ Home, ⇲ End, ⇞ ⇟ page up and down, ② to ⑩ the keys F2 to F10; ⎇
+/// and ⎈ hold Alt and Ctrl for the key that follows. The program answers each key before the next.
+void Keys(QStringView keys);

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTextStream>
 #include <QWidget>
@@ -65,13 +66,10 @@ bool Tour::Run() {
     desk_->show();
 
     RecordColleagues();
-    ShowDesk();
-    ClockIn();
-    RefuseSecondClockIn();
-    PickFromList();
-    ClockOut();
-    CloseSheetAsSupervisor();
-    ReopenSheetAsSupervisor();
+    clock_.now += 4s;
+    Type(u"⎈⇱[desk]"_s);
+    PunchInAndOut();
+    CloseAndReopenSheet();
     TurnAdminModeOn();
     CorrectACard();
     FillForgottenDeparture();
@@ -100,100 +98,48 @@ void Tour::RecordColleagues() {
     }
 }
 
-void Tour::ShowDesk() {
-    clock_.now += 4s;
-    KeyboardUser::Press(Qt::Key_Home, Qt::ControlModifier);
-    Picture(*desk_, u"desk"_s);
-}
-
-void Tour::EnterNumberAndPassword(const QString& pictureName) {
-    KeyboardUser::Type(Employee);
-    KeyboardUser::Press(Qt::Key_Return);
-    KeyboardUser::Type(Employee);
-    if (!pictureName.isEmpty())
-        Picture(*KeyboardUser::InFront(), pictureName);
-    KeyboardUser::Press(Qt::Key_Return);
-}
-
-void Tour::ClockIn() {
+void Tour::PunchInAndOut() {
+    const QString entry = u"frmAED_Absen"_s;
+    const QString typed = Employee + u'⏎' + Employee;
     clock_.now = TimeOnDay(DayOf(clock_.now), 7h + 58min + 12s);
-    user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget& entry) {
-        EnterNumberAndPassword(u"clock-in"_s);
-        Picture(entry, u"clock-in-recorded"_s);
-    });
-    KeyboardUser::Press(Qt::Key_F2); // the window closes itself
-    Picture(*desk_, u"desk-after-clock-in"_s);
-}
+    In(entry, typed + u"[clock-in]⏎[clock-in-recorded]"_s);
+    Type(u"②[desk-after-clock-in]"_s); // the entry window closes itself
 
-void Tour::RefuseSecondClockIn() {
     clock_.now += 90s;
-    user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget&) { EnterNumberAndPassword({}); });
-    user_.WhenIn(u"MessageBox"_s, [this](QWidget& box) {
-        Picture(box, u"second-clock-in-refused"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Press(Qt::Key_Escape);
-    });
-    KeyboardUser::Press(Qt::Key_F2);
-}
+    In(entry, typed + u'⏎');
+    In(u"MessageBox"_s, u"[second-clock-in-refused]⏎⎋"_s);
+    Keys(u"②");
 
-void Tour::PickFromList() {
-    user_.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_F9); });
-    user_.WhenIn(u"PickList"_s, [this](QWidget& list) {
-        KeyboardUser::Type(u"an"_s);
-        KeyboardUser::Press(Qt::Key_Down);
-        Picture(list, u"pick-list"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
-        KeyboardUser::Press(Qt::Key_Escape);
-    });
-    KeyboardUser::Press(Qt::Key_F2);
-}
+    In(entry, u"⑨"_s);
+    In(u"PickList"_s, u"an↓[pick-list]⎋⎋"_s);
+    Keys(u"②");
 
-void Tour::ClockOut() {
     clock_.now = TimeOnDay(DayOf(clock_.now), 17h + 3min + 30s);
-    user_.WhenIn(u"frmAED_Absen"_s, [this](QWidget& entry) {
-        EnterNumberAndPassword(u"clock-out"_s);
-        Picture(entry, u"clock-out-recorded"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-    });
-    KeyboardUser::Press(Qt::Key_F8);
+    In(entry, typed + u"[clock-out]⏎[clock-out-recorded]⏎"_s);
+    Keys(u"⑧");
 }
 
 void Tour::LogInAsSupervisor(const QString& pictureName) {
-    user_.WhenIn(u"frmLogin"_s, [this, pictureName](QWidget& login) {
-        KeyboardUser::Type(u"pelon"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Type(u"pelon"_s);
-        if (!pictureName.isEmpty())
-            Picture(login, pictureName);
-        KeyboardUser::Press(Qt::Key_F6);
-    });
+    In(u"frmLogin"_s, u"pelon⏎pelon"_s + pictureName + u'⑥');
 }
 
 void Tour::ChooseFromMenu(MenuEntry entry, const QString& pictureName) {
-    KeyboardUser::Press(Qt::Key_F10);
-    for (int i = 0; i < entry; ++i)
-        KeyboardUser::Press(Qt::Key_Down);
-    if (!pictureName.isEmpty())
-        Picture(*KeyboardUser::InFront(), pictureName);
-    KeyboardUser::Press(Qt::Key_Return);
+    Type(u'⑩' + QString(entry, u'↓') + pictureName + u'⏎');
 }
 
-void Tour::CloseSheetAsSupervisor() {
-    LogInAsSupervisor(u"login"_s);
-    ChooseFromMenu(CloseSheetEntry, u"menu"_s);
+void Tour::CloseAndReopenSheet() {
+    LogInAsSupervisor(u"[login]"_s);
+    ChooseFromMenu(CloseSheetEntry, u"[menu]"_s);
     auto* notice = desk_->findChild<QWidget*>(u"picCloseTcid"_s);
     Expect(notice && notice->isVisible(), u"the closed sheet is not announced"_s);
     Picture(*desk_, u"sheet-closed"_s);
-}
-
-void Tour::ReopenSheetAsSupervisor() {
-    LogInAsSupervisor({});
-    ChooseFromMenu(ReopenSheetEntry, {});
+    LogInAsSupervisor();
+    ChooseFromMenu(ReopenSheetEntry);
 }
 
 void Tour::TurnAdminModeOn() {
-    LogInAsSupervisor({});
-    ChooseFromMenu(AdminModeEntry, {});
+    LogInAsSupervisor();
+    ChooseFromMenu(AdminModeEntry);
     Expect(desk_->AdminMode(), u"admin mode is not on"_s);
     Picture(*desk_, u"admin-mode"_s);
 }
@@ -201,11 +147,8 @@ void Tour::TurnAdminModeOn() {
 void Tour::CorrectACard() {
     user_.WhenIn(u"frmEditAbsensiOne"_s, [this](QWidget& editor) {
         Picture(editor, u"card"_s);
-        auto* compute = editor.findChild<QPushButton*>(u"cmdCalcHrs"_s);
-        compute->setFocus();
-        KeyboardUser::Press(Qt::Key_Space);
-        Picture(editor, u"card-computed"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
+        editor.findChild<QPushButton*>(u"cmdCalcHrs"_s)->setFocus();
+        Type(u" [card-computed]⎋"_s);
     });
     OpenCardOf(Employee);
 }
@@ -213,23 +156,15 @@ void Tour::CorrectACard() {
 void Tour::FillForgottenDeparture() {
     user_.WhenIn(u"frmEditAbsensiOne"_s, [this](QWidget& editor) {
         const auto* given = editor.findChild<QCheckBox*>(u"chkTimeIO"_s);
-        KeyboardUser::Press(Qt::Key_I, Qt::AltModifier);
+        Keys(u"⎇i");
         KeyboardUser::WaitUntil([given] { return given->isChecked(); });
-        KeyboardUser::Press(Qt::Key_Tab);
-        KeyboardUser::Press(Qt::Key_Tab);
-        KeyboardUser::Type(u"1705"_s);
-        Picture(editor, u"forgotten-departure"_s);
-        KeyboardUser::Press(Qt::Key_H, Qt::AltModifier);
+        Type(u"↹↹1705[forgotten-departure]⎇h"_s);
         const auto* hours = editor.findChild<QLineEdit*>(u"txtNHrs"_s);
         KeyboardUser::WaitUntil([hours] { return !hours->text().isEmpty(); });
-        Picture(editor, u"forgotten-departure-computed"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Type(u"[forgotten-departure-computed]⎋"_s);
     });
-    user_.WhenIn(u"MessageBox"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_Return); });
-    user_.WhenIn(u"MessageBox"_s, [this](QWidget& box) {
-        Picture(box, u"status-out-offered"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-    });
+    In(u"MessageBox"_s, u"⏎"_s);
+    In(u"MessageBox"_s, u"[status-out-offered]⏎"_s);
     OpenCardOf(Forgetful);
     const QString tcid = CardIdentifier(SheetIdentifierOf(DayOf(clock_.now)), Forgetful);
     const TimeCard card = CardStore(program_.Db()).Read(tcid);
@@ -240,13 +175,27 @@ void Tour::FillForgottenDeparture() {
 void Tour::OpenCardOf(const QString& nip) {
     auto* grid = desk_->findChild<QTableView*>(u"MSHFlexGrid1"_s);
     grid->setFocus();
-    KeyboardUser::Press(Qt::Key_Home, Qt::ControlModifier);
+    Keys(u"⎈⇱");
     const auto isEmployee = [&] {
         return grid->currentIndex().siblingAtColumn(SheetModel::Nip).data() == nip;
     };
     for (int row = 0; row < grid->model()->rowCount() && !isEmployee(); ++row)
-        KeyboardUser::Press(Qt::Key_Down);
-    KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"↓");
+    Keys(u"⏎");
+}
+
+void Tour::In(const QString& window, const QString& script) {
+    user_.WhenIn(window, [this, script](QWidget&) { Type(script); });
+}
+
+void Tour::Type(const QString& script) {
+    const QStringList parts = script.split(QRegularExpression(u"[][]"_s));
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        if (i % 2 == 0)
+            Keys(parts[i]);
+        else
+            Picture(*KeyboardUser::InFront(), parts[i]);
+    }
 }
 
 void Tour::Picture(QWidget& window, const QString& name) {

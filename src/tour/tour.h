@@ -30,13 +30,8 @@ private:
     /// The entries of the desk's menu, counted from its top.
     enum MenuEntry { OfficeEntry = 3, CloseSheetEntry, ReopenSheetEntry, AdminModeEntry };
 
-    void ShowDesk();
-    void ClockIn();
-    void RefuseSecondClockIn();
-    void PickFromList();
-    void ClockOut();
-    void CloseSheetAsSupervisor();
-    void ReopenSheetAsSupervisor();
+    void PunchInAndOut();
+    void CloseAndReopenSheet();
     void TurnAdminModeOn();
     void CorrectACard();
     void FillForgottenDeparture();
@@ -45,17 +40,18 @@ private:
 
     // the windows that ADMIN leads to, in tour_office.cpp
     void VisitOffice();
-    void PlanShiftCodes();
     void PlanRoster();
     void PlanSearch();
     void PlanBrowser();
     void PlanReport();
-    /// Presses a button of the administrator's window by its mnemonic, when that window is in front.
-    void PlanOffice(Qt::Key mnemonic, const QString& pictureName = {});
 
-    void EnterNumberAndPassword(const QString& pictureName);
-    void LogInAsSupervisor(const QString& pictureName);
-    void ChooseFromMenu(MenuEntry entry, const QString& pictureName);
+    /// Types keys in the window in front (Keys); a name in brackets keeps a picture of that window.
+    void Type(const QString& script);
+    /// Types them when a window of that name is in front.
+    void In(const QString& window, const QString& script);
+    /// Chooses from the desk's menu, logged in as a supervisor when that is asked for.
+    void ChooseFromMenu(MenuEntry entry, const QString& pictureName = {});
+    void LogInAsSupervisor(const QString& pictureName = {});
     void RecordColleagues();
     void Picture(QWidget& window, const QString& name);
     /// Notes a failure when the condition does not hold.

@@ -1,4 +1,3 @@
-#include "core/status_codes.h"
 #include "editing/attendance_model.h"
 #include "editing/search_row.h"
 #include "shifts/roster_model.h"
@@ -19,57 +18,33 @@ QTableView& GridOf(QWidget& window) {
     return *window.findChild<QTableView*>(u"MSHFlexGrid1"_s);
 }
 
-void Walk(Qt::Key key, int steps) {
-    for (int i = 0; i < steps; ++i)
-        KeyboardUser::Press(key);
-}
-
 } // namespace
 
 /// Admin mode opens the door without asking.
 void Tour::VisitOffice() {
-    PlanOffice(Qt::Key_C, u"setting"_s);
-    PlanShiftCodes();
-    PlanOffice(Qt::Key_S);
+    const QString office = u"frmSetting"_s;
+    In(office, u"[setting]⎇c"_s);
+    In(u"frmShiftCode"_s, u"[shift-codes]⎋"_s);
+    In(office, u"⎇s"_s);
     PlanRoster();
-    PlanOffice(Qt::Key_D);
+    In(office, u"⎇d"_s);
     PlanSearch();
-    PlanOffice(Qt::Key_E);
+    In(office, u"⎇e"_s);
     PlanBrowser();
     PlanReport();
-    user_.WhenIn(u"frmSetting"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_Escape); });
-    ChooseFromMenu(OfficeEntry, {});
-}
-
-void Tour::PlanOffice(Qt::Key mnemonic, const QString& pictureName) {
-    user_.WhenIn(u"frmSetting"_s, [this, mnemonic, pictureName](QWidget& office) {
-        if (!pictureName.isEmpty())
-            Picture(office, pictureName);
-        KeyboardUser::Press(mnemonic, Qt::AltModifier);
-    });
-}
-
-void Tour::PlanShiftCodes() {
-    user_.WhenIn(u"frmShiftCode"_s, [this](QWidget& codes) {
-        Picture(codes, u"shift-codes"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
-    });
+    In(office, u"⎋"_s);
+    ChooseFromMenu(OfficeEntry);
 }
 
 /// Gives three employees their shift of the first day.
 void Tour::PlanRoster() {
     user_.WhenIn(u"frmShiftEmployee"_s, [this](QWidget& roster) {
         roster.resize(OfficeSize);
-        for (const QString& code : {u"PAGI"_s, u"SIANG"_s, ShiftCode::Default.toString()}) {
-            KeyboardUser::Type(code);
-            KeyboardUser::Press(Qt::Key_Return);
-            KeyboardUser::Press(Qt::Key_Down);
-        }
+        Keys(u"PAGI⏎↓SIANG⏎↓P⏎↓");
         const QAbstractItemModel& cells = *GridOf(roster).model();
         Expect(cells.index(1, RosterModel::FirstDay).data() == u"SIANG"_s,
                u"the roster did not take a code"_s);
-        Picture(roster, u"roster"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Type(u"[roster]⎋"_s);
     });
 }
 
@@ -78,18 +53,10 @@ void Tour::PlanSearch() {
     user_.WhenIn(u"frmEditAbsensi"_s, [this](QWidget& search) {
         search.resize(OfficeSize);
         search.findChild<QLineEdit*>(u"txtNIK"_s)->setText(u"0007"_s);
-        KeyboardUser::Type(u"t2026"_s);
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"t2026⏎");
         Expect(GridOf(search).model()->rowCount() > 0, u"the search finds no card"_s);
-        KeyboardUser::Press(Qt::Key_End, Qt::ControlModifier);
-        KeyboardUser::Press(Qt::Key_Home);
-        Walk(Qt::Key_Right, SearchRow::Keterangan);
-        KeyboardUser::Type(u"Surat dokter"_s);
-        Picture(search, u"search-typing"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Press(Qt::Key_Up);
-        Picture(search, u"search"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎈⇲⇱"_s + QString(SearchRow::Keterangan, u'→'));
+        Type(u"Surat dokter[search-typing]⏎↑[search]⎋"_s);
     });
 }
 
@@ -98,30 +65,16 @@ void Tour::PlanBrowser() {
     user_.WhenIn(u"frmAbsensi"_s, [this](QWidget& browser) {
         browser.resize(OfficeSize);
         GridOf(browser).setFocus();
-        KeyboardUser::Press(Qt::Key_End, Qt::ControlModifier);
-        KeyboardUser::Press(Qt::Key_Home);
-        Walk(Qt::Key_Right, AttendanceModel::Status);
-        KeyboardUser::Type(CardStatus::OnDuty.toString());
-        Picture(browser, u"browser"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
-        KeyboardUser::Press(Qt::Key_L, Qt::AltModifier);
-        Picture(*KeyboardUser::InFront(), u"report-menu"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎈⇲⇱"_s + QString(AttendanceModel::Status, u'→'));
+        Type(u"TL[browser]⎋⎇l[report-menu]⏎⎋"_s);
     });
 }
 
 void Tour::PlanReport() {
-    user_.WhenIn(u"frmRptCriteria"_s, [this](QWidget& criteria) {
-        Picture(criteria, u"report-criteria"_s);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Press(Qt::Key_Return);
-        KeyboardUser::Press(Qt::Key_Return);
-    });
+    In(u"frmRptCriteria"_s, u"[report-criteria]⏎⏎⏎"_s);
     user_.WhenIn(u"TextViewer"_s, [this](QWidget& report) {
         report.resize(ReportSize);
-        Picture(report, u"report"_s);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Type(u"[report]⎋"_s);
     });
-    user_.WhenIn(u"frmRptCriteria"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_Escape); });
+    In(u"frmRptCriteria"_s, u"⎋"_s);
 }

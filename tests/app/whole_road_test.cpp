@@ -39,18 +39,18 @@ public:
             Mnemonic(Qt::Key_H);
             EXPECT_TRUE(KeyboardUser::WaitUntil(
                 [this] { return !RowsOf(u"select 1 from TimeCardHeader where NormalHours>0"_s).isEmpty(); }));
-            Keys(u"⎋"_s);
+            Keys(u"⎋");
         });
         Show(windows.Desk());
         auto& sheet = ::Part<QTableView>(windows.Desk(), "MSHFlexGrid1");
         sheet.setFocus();
         sheet.selectRow(sheet.model()->rowCount() - 1);
         clock.now += Seconds{1}; // no second at which the clock refreshes the sheet
-        Keys(u"⏎"_s);
+        Keys(u"⏎");
         EXPECT_EQ(sheet.currentIndex().siblingAtColumn(SheetModel::OvertimeIn).data(), u"06:00:00"_s);
     }
     QStringList ComputeAndPrintAll() {
-        Keys(u"t20261122⏎"_s);
+        Keys(u"t20261122⏎");
         Mnemonic(Qt::Key_H);
         EXPECT_TRUE(KeyboardUser::WaitUntil([this] {
             return RowsOf(u"select 1 from TimeCardHeader where NormalHours is null"_s).isEmpty();
@@ -58,7 +58,7 @@ public:
         Mnemonic(Qt::Key_G);
         EXPECT_TRUE(KeyboardUser::WaitUntil([this] { return !shownReports.isEmpty(); }));
         QStringList printed = Printed();
-        Keys(u"⎋"_s);
+        Keys(u"⎋");
         return printed;
     }
     void Administer() {
@@ -79,9 +79,9 @@ void TypeRoster(QStringList& typed) {
             Keys(shift + u"⏎→"_s);
             typed << u"00%1|2026-11-%2|%3"_s.arg(employee).arg(day, 2, 10, QChar(u'0')).arg(shift);
         }
-        Keys(u"⇱↓"_s);
+        Keys(u"⇱↓");
     }
-    Keys(u"⎋"_s);
+    Keys(u"⎋");
 }
 
 } // namespace
@@ -94,10 +94,10 @@ TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
     QStringList typed;
     program.WillLogIn(u"pelon"_s, u"pelon"_s);
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_C); });
-    program.In(u"frmShiftCode"_s, [] { Keys(u"⎀MALAM⏎22:00⏎06:00⏎⎀P⏎08:00⏎17:00⏎⎋"_s); });
+    program.In(u"frmShiftCode"_s, [] { Keys(u"⎀MALAM⏎22:00⏎06:00⏎⎀P⏎08:00⏎17:00⏎⎋"); });
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_S); });
     program.In(u"frmShiftEmployee"_s, [&typed] { TypeRoster(typed); });
-    program.In(u"frmSetting"_s, [] { Keys(u"↹↹↹↹ ⎋"_s); });
+    program.In(u"frmSetting"_s, [] { Keys(u"↹↹↹↹ ⎋"); });
     program.Administer();
     ASSERT_TRUE(program.windows.Desk().AdminMode());
     EXPECT_EQ(program.RowsOf(u"select NIP, Tgl, ShiftCode from ShiftEmployee"_s), typed);
@@ -119,11 +119,11 @@ TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_E); });
     program.In(u"frmAbsensi"_s, [] {
         WholeProgram::Mnemonic(Qt::Key_L);
-        Keys(u"⏎"_s);
+        Keys(u"⏎");
     });
-    program.In(u"frmRptCriteria"_s, [] { Keys(u"↓⏎⏎⏎⎋"_s); });
-    program.In(u"frmAbsensi"_s, [] { Keys(u"⎋"_s); });
-    program.In(u"frmSetting"_s, [] { Keys(u"⎋"_s); });
+    program.In(u"frmRptCriteria"_s, [] { Keys(u"↓⏎⏎⏎⎋"); });
+    program.In(u"frmAbsensi"_s, [] { Keys(u"⎋"); });
+    program.In(u"frmSetting"_s, [] { Keys(u"⎋"); });
     program.Administer();
     ASSERT_EQ(program.shownReports.size(), 2);
     printed << program.Printed();

@@ -65,46 +65,43 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     EXPECT_EQ(browser.Status(), u"9 baris · Tanggal: 01-Nov-2026 s/d 03-Nov-2026"_s);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||IN|T202611010013"_s);
     EXPECT_TRUE(browser.Part<QLineEdit>("txtEmpl").hasFocus());
-    Keys(u"0012⏎"_s);
+    Keys(u"0012⏎");
     EXPECT_EQ(browser.Status(), u"3 baris · Tanggal: 01-Nov-2026 s/d 03-Nov-2026 · NIP: 0012"_s);
     EXPECT_TRUE(browser.Grid().hasFocus());
     EXPECT_EQ(browser.Grid().currentIndex().row(), 0);
 
     browser.Part<QLineEdit>("txtEmpl").setFocus();
-    KeyboardUser::Press(Qt::Key_F9);
+    Keys(u"⑨");
     ASSERT_TRUE(Browser::ListIsOpen());
-    Keys(u"agus⏎"_s);
+    Keys(u"agus⏎");
     EXPECT_EQ(browser.Said("txtEmpl"), u"0014"_s);
     browser.Part<QLineEdit>("txtEmpl").clear();
 
     auto& dept = browser.Part<QComboBox>("txtDept");
     EXPECT_EQ(dept.itemText(0), u"<ALL>"_s);
     dept.setFocus();
-    KeyboardUser::Type(u"p"_s); // by its shown name
+    Keys(u"p"); // by its shown name
     browser.Part<QComboBox>("txtDivisi").setFocus();
-    Keys(u"s↹"_s);
-    KeyboardUser::Press(Qt::Key_Space);
+    Keys(u"s↹ ");
     EXPECT_FALSE(browser.Part<QLineEdit>("txtDate1").isEnabled());
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(browser.Status(), u"1 baris · Tanggal: 03-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
 
     browser.Part<QLineEdit>("txtEmpl").setText(u"0'12"_s);
     browser.Part<QLineEdit>("txtEmpl").setFocus();
-    KeyboardUser::Press(Qt::Key_Return); // refused: what was shown stays
+    Keys(u"⏎"); // refused: what was shown stays
     EXPECT_EQ(browser.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
 
     browser.Part<QLineEdit>("txtEmpl").clear();
     browser.Part<QCheckBox>("chkInterval").setChecked(true);
-    KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
-    Keys(u"31/2⏎"_s); // no such day: not with another one either
+    Keys(u"⎇s31/2⏎"); // no such day: not with another one either
     EXPECT_TRUE(browser.dialogs.Last().startsWith(u"Sampai tanggal: \"31/2\""_s));
     EXPECT_EQ(browser.Row(0), u"0012|03-Nov-2026||||"_s);
-    Keys(u"31/10⏎"_s);
+    Keys(u"31/10⏎");
     EXPECT_EQ(browser.Said("lblDone"), u"Tanggal mulai sesudah tanggal sampai."_s);
-    KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
-    Keys(u"2/11⏎"_s);
+    Keys(u"⎈a2/11⏎");
     EXPECT_EQ(browser.Said("lblDone"), QString());
     EXPECT_EQ(browser.Status(),
               u"2 baris · Tanggal: 01-Nov-2026 s/d 02-Nov-2026 · Dept: Produksi  Divisi: Satu"_s);
@@ -124,7 +121,7 @@ TEST(frmAbsensi, OpensOnThisMonthAndShowsWhatTheCriteriaAskFor) {
     browser.window->show();
     EXPECT_EQ(browser.Part<QLineEdit>("txtDate1").text(), u"01-Dec-2026"_s);
     EXPECT_EQ(browser.Part<QLineEdit>("txtDate2").text(), u"02-Dec-2026"_s);
-    Keys(u"0012⏎"_s);
+    Keys(u"0012⏎");
     EXPECT_EQ(browser.Said("txtEmpl"), u"0012"_s) << "in place of the number before";
 }
 
@@ -132,38 +129,38 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     Browser browser;
     browser.Open();
     browser.Go(0);
-    Keys(u"s⏎"_s);
+    Keys(u"s⏎");
     EXPECT_EQ(browser.Row(0), u"0014|01-Nov-2026|||S|T202611010014"_s);
-    Keys(u"↓↓"_s);
+    Keys(u"↓↓");
 
-    Keys(u"XX⏎"_s); // not listed: the list opens, and nothing is written
+    Keys(u"XX⏎"); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
-    KeyboardUser::Press(Qt::Key_Return); // one too many
+    Keys(u"⏎"); // one too many
     EXPECT_EQ(browser.RowsOf(Cards).size(), 2);
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_EQ(browser.Part<QLineEdit>("Text1").text(), u"XX"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     ASSERT_TRUE(Browser::ListIsOpen());
-    Keys(u"↓↓⏎"_s);
+    Keys(u"↓↓⏎");
     EXPECT_EQ(browser.Row(2), u"0012|01-Nov-2026|||CT|T202611010012"_s);
 
     browser.Go(3, AttendanceModel::Nip); // Enter leads to an empty status and to its list
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_TRUE(browser.Part<QWidget>("cmdLov").isVisible());
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     ASSERT_TRUE(Browser::ListIsOpen());
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026||||"_s);
-    Keys(u"sakit⏎"_s);
+    Keys(u"sakit⏎");
     EXPECT_EQ(browser.Row(3), u"0014|02-Nov-2026|||S|T202611020014"_s);
 
     browser.Go(1, AttendanceModel::Nip); // and to the editor where there is a status
-    Keys(u"z⏎"_s);
+    Keys(u"z⏎");
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||IN|T202611010013"_s);
     EXPECT_TRUE(browser.Editing());
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_TRUE(browser.window->isVisible());
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_FALSE(browser.window->isVisible());
     EXPECT_EQ(browser.RowsOf(Cards), (QStringList{u"T202611010012|0012|CT|2026-11-01|-|-"_s,
                                                   u"T202611010013|0013|IN|2026-11-01|2026-11-01 07:45:12|-"_s,
@@ -180,19 +177,19 @@ TEST(frmAbsensi, TellsWhatAnotherDeskDidToTheRow) {
     other->Execute(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
     const QString clockedOut = u"0013|01-Nov-2026|07:45|17:00|OUT|T202611010013"_s;
     browser.Go(1);
-    Keys(u"S⏎"_s);
+    Keys(u"S⏎");
     EXPECT_EQ(browser.dialogs.texts.size(), 1);
     EXPECT_EQ(browser.Row(1), clockedOut);
     EXPECT_FALSE(browser.Editing());
-    Keys(u"⏎⏎⎋⎋"_s); // without a look at the message
+    Keys(u"⏎⏎⎋⎋"); // without a look at the message
     EXPECT_EQ(browser.RowsOf(Cards), QStringList{u"T202611010013|0013|OUT|2026-11-01|2026-11-01 07:45:12|"
                                                  "2026-11-01 17:00:00"_s});
-    Keys(u"S⏎"_s);
+    Keys(u"S⏎");
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|S|T202611010013"_s);
 
     browser.Run(u"UPDATE TimeCardHeader SET Status='CT'"_s);
     browser.Go(1);
-    KeyboardUser::Press(Qt::Key_F5);
+    Keys(u"⑤");
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|CT|T202611010013"_s);
 }
 
@@ -201,23 +198,23 @@ TEST(frmAbsensi, DeletesTheCardsDayForASupervisorOnly) {
     browser.Open();
     const QStringList before = browser.RowsOf(Cards);
     browser.Go(0);
-    KeyboardUser::Press(Qt::Key_Delete); // no card: nothing, not even a question
+    Keys(u"⌦"); // no card: nothing, not even a question
     browser.Go(1);
-    KeyboardUser::Press(Qt::Key_Delete);
+    Keys(u"⌦");
     EXPECT_EQ(browser.dialogs.texts.size(), 1); // not logged in
     browser.login = Supervisor;
     browser.Run(u"UPDATE TimeCardDetail SET TimeOUT='2026-11-01 17:00:00'"_s);
-    KeyboardUser::Press(Qt::Key_Delete);
+    Keys(u"⌦");
     EXPECT_EQ(browser.dialogs.texts.size(), 2); // not what was shown
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|IN|T202611010013"_s);
     EXPECT_EQ(browser.RowsOf(Cards).size(), before.size());
     browser.Run(
         u"UPDATE TimeCardDetail SET TimeINOT='2026-11-01 17:00:00',TimeOutOT='2026-11-01 20:00:00'"_s);
     browser.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
-    KeyboardUser::Press(Qt::Key_Delete); // overtime, which the row does not show
+    Keys(u"⌦"); // overtime, which the row does not show
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45|17:00|IN|T202611010013"_s);
     EXPECT_TRUE(browser.dialogs.questions.value(0).contains(u"01-Nov-2026 lembur 17:00-20:00"_s));
-    KeyboardUser::Press(Qt::Key_Delete);
+    Keys(u"⌦");
     EXPECT_EQ(browser.dialogs.texts.size(), 2);
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026||||"_s);
     EXPECT_EQ(browser.RowsOf(Cards), QStringList{u"T202611010013|0013|IN|-|-|-"_s});
@@ -226,9 +223,9 @@ TEST(frmAbsensi, DeletesTheCardsDayForASupervisorOnly) {
 TEST(frmAbsensi, PrintsTheRowsThatAreShown) {
     Browser browser;
     browser.Open();
-    Keys(u"0013⏎"_s);
+    Keys(u"0013⏎");
     browser.Part<QLineEdit>("txtEmpl").setText(u"typed since"_s);
-    KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
+    Keys(u"⎇k");
     ASSERT_TRUE(KeyboardUser::WaitUntil([&] { return !browser.shownReports.isEmpty(); }));
     const QStringList lines = browser.ReportLines();
     EXPECT_EQ(lines.value(1), u"Tanggal: 01-Nov-2026 s/d 03-Nov-2026  NIP: 0013"_s);
@@ -254,7 +251,7 @@ TEST(frmAbsensi, OpensReportsAndTheCardOfARow) {
         }
         const qsizetype before = browser.opened.size();
         browser.Part<QWidget>("cmdOpenCard").setFocus();
-        KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
+        Keys(u"⎇b");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return browser.opened.size() > before; }));
         EXPECT_EQ(browser.Grid().currentIndex().row(), row);
         EXPECT_TRUE(browser.Grid().hasFocus());

@@ -1,6 +1,5 @@
 #include "editing/frmEditAbsensiOne.h"
 
-#include "support/keystrokes.h"
 #include "support/window_company.h"
 
 #include <QAbstractButton>
@@ -39,8 +38,7 @@ public:
     int Open(const std::function<void(QWidget&)>& work) {
         frmEditAbsensiOne editor(program, u"T202611220012"_s, u"0012"_s, skin, nullptr);
         QObject::connect(&editor, &frmEditAbsensiOne::Saved, &editor, [this] { ++saved; });
-        return WindowFixture::Open(editor, work,
-                                   [](QWidget&) { KeyboardUser::Press(Qt::Key_B, Qt::AltModifier); });
+        return WindowFixture::Open(editor, work, [](QWidget&) { Keys(u"⎇b"); });
     }
 
     int saved = 0;
@@ -49,13 +47,13 @@ public:
 /// Replaces all that a box holds, by typing.
 void TypeInto(QWidget& window, const char* name, const QString& text) {
     Part<QLineEdit>(window, name).setFocus();
-    KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
-    KeyboardUser::Type(text);
+    Keys(u"⎈a");
+    Keys(text);
 }
 
 void Press(const char* name, QWidget& window) {
     Part<QAbstractButton>(window, name).setFocus();
-    KeyboardUser::Press(Qt::Key_Space);
+    Keys(u" ");
 }
 
 } // namespace
@@ -74,7 +72,7 @@ TEST(frmEditAbsensiOne, ShowsTheCardAndSavesNothingUnasked) {
         for (const char* name : {"txtOTIN", "txtOTOUT", "txtOTHrs"})
             EXPECT_FALSE(Part<QWidget>(window, name).isEnabled()) << name;
         EXPECT_TRUE(Part<QCheckBox>(window, "chkUangMakan").isChecked());
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
     });
     EXPECT_EQ(result, QDialog::Rejected);
     EXPECT_TRUE(editor.dialogs.questions.isEmpty());
@@ -94,7 +92,7 @@ TEST(frmEditAbsensiOne, SavesWholeHoursHalvesToEvenAndKeepsWhatIsNotTicked) {
             Part<QLineEdit>(window, "txtNAmount").setText(u"12500.75 rupiah"_s);
             Part<QLineEdit>(window, "txtOTAmount").setText(u"bukan angka"_s);
             Part<QLineEdit>(window, "txtKeterangan").setText(u"Lupa 'absen' — é"_s);
-            KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+            Keys(u"⎇s");
             KeyboardUser::WaitUntil([&] { return !window.isVisible(); });
         });
         EXPECT_EQ(result, QDialog::Accepted);
@@ -114,7 +112,7 @@ TEST(frmEditAbsensiOne, MakesACardForADayThatHasNone) {
     editor.Open([](QWidget& window) {
         auto& status = Part<QComboBox>(window, "txtStatus");
         EXPECT_TRUE(status.hasFocus());
-        KeyboardUser::Type(u"S"_s);
+        Keys(u"S");
         EXPECT_EQ(TextOf(window, "lblStatusText"), u"Sakit"_s);
         Press("cmdButtons_1", window);
     });
@@ -137,7 +135,7 @@ TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
         EXPECT_EQ(TextOf(window, {"txtNHrs", "txtOTHrs", "txtNAmount", "txtOTAmount", "txtOTIN"}),
                   u"9.15|0.3|150000|3000|22-Nov-2026 17:00"_s);
         EXPECT_TRUE(TextOf(window, "lblTotalUangMakan").contains(u"12500"_s));
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
     });
     EXPECT_EQ(editor.dialogs.questions.size(), 3);
     EXPECT_EQ(editor.RowsOf(Headers), QStringList{u"T202611220012|0012|OUT|-|9.15|0.3|150000|3000|12500"_s});
@@ -153,7 +151,7 @@ TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
     editor.Open([](QWidget& window) {
         EXPECT_FALSE(Part<QCheckBox>(window, "chkTimeIO").isChecked());
         EXPECT_EQ(TextOf(window, "txtTOUT"), u"25-Nov-2026 00:00"_s);
-        KeyboardUser::Press(Qt::Key_I, Qt::AltModifier);
+        Keys(u"⎇i");
         EXPECT_TRUE(
             KeyboardUser::WaitUntil([&] { return Part<QCheckBox>(window, "chkTimeIO").isChecked(); }));
         Press("chkOTIO", window);
@@ -163,7 +161,7 @@ TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
                   u"22-Nov-2026 00:00|22-Nov-2026 00:00|22-Nov-2026 00:00"_s);
         const auto& out = Part<QLineEdit>(window, "txtTOUT");
         Part<QWidget>(window, "chkTimeIO").setFocus();
-        Keys(u"↹↹16:30↹"_s);
+        Keys(u"↹↹16:30↹");
         EXPECT_EQ(TextOf(window, "lblNormalHint"), QString());
         for (const char* name : {"chkOTIO", "chkTimeIO", "chkTimeIO"})
             Press(name, window);
@@ -181,7 +179,7 @@ TEST(frmEditAbsensiOne, OvertimeIsOfItsOwnBoxes) {
             Press(box, window);
         EXPECT_EQ(TextOf(window, "lblOvertimeHint"), QString()) << "nothing typed yet";
         TypeInto(window, "txtOTIN", u"1700"_s);
-        KeyboardUser::Press(Qt::Key_Tab);
+        Keys(u"↹");
         EXPECT_NE(TextOf(window, "lblOvertimeHint"), QString());
         QShowEvent again; // as when the window was minimized
         QApplication::sendEvent(&window, &again);
@@ -211,7 +209,7 @@ TEST(frmEditAbsensiOne, ReloadingShowsTheCardAsItStandsNow) {
             EXPECT_EQ(TextOf(window, {"txtNHrs", "txtStatus"}), u"0|IN"_s);
             EXPECT_EQ(Part<QComboBox>(window, "txtStatus").count(), 3);
         }
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
     });
     EXPECT_TRUE(editor.dialogs.questions.isEmpty()) << "nothing was typed";
 }
@@ -245,7 +243,7 @@ TEST(frmEditAbsensiOne, EnterWalksThroughTheFieldsAndPressesAButton) {
              {"txtStatus", "chkTimeIO", "txtTIN", "txtTOUT", "txtNAmount", "chkOTIO", "txtOTIN", "txtOTOUT",
               "txtOTAmount", "txtKeterangan", "chkUangMakan", "cmdCalcHrs"}) {
             EXPECT_TRUE(Part<QWidget>(window, name).hasFocus()) << name;
-            KeyboardUser::Press(Qt::Key_Return);
+            Keys(u"⏎");
         }
         EXPECT_EQ(TextOf(window, "txtNHrs"), u"9.15"_s);
         Part<QWidget>(window, "cmdButtons_2").setFocus();
@@ -360,7 +358,7 @@ TEST(frmEditAbsensiOne, ADepartureOffersOut) {
                 offered << list.itemText(i);
             EXPECT_EQ(offered.join(u' '), u"I S IN OUT"_s);
             Part<QWidget>(window, "chkTimeIO").setFocus();
-            Keys(u" ↹↹1705"_s);
+            Keys(u" ↹↹1705");
             Press("cmdButtons_1", window);
         });
         EXPECT_EQ(editor.dialogs.questions.size(), 1);
@@ -378,7 +376,7 @@ TEST(frmEditAbsensiOne, AnAmountTooLargeForMoneyCanBeLookedAtAndLeft) {
             if (compute)
                 Press("cmdCalcHrs", window);
             EXPECT_EQ(TextOf(window, "txtNAmount") == u"150000"_s, compute);
-            KeyboardUser::Press(Qt::Key_Escape);
+            Keys(u"⎋");
             EXPECT_FALSE(window.isVisible());
         });
         EXPECT_TRUE(editor.dialogs.texts.isEmpty() && editor.dialogs.questions.isEmpty());
@@ -399,7 +397,7 @@ TEST(frmEditAbsensiOne, LeavingWithUnsavedChangesAsksExceptByBatal) {
         editor.dialogs.answers = {answer};
         editor.Open([&, box = box, leaves = leaves](QWidget& window) {
             TypeInto(window, box, u"baru"_s);
-            KeyboardUser::Press(Qt::Key_Escape);
+            Keys(u"⎋");
             EXPECT_EQ(window.isVisible(), !leaves);
         });
         EXPECT_EQ(editor.saved, keterangan == u"baru"_s ? 1 : 0);

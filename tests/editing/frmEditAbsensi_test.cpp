@@ -65,27 +65,27 @@ TEST(frmEditAbsensi, SearchesWithEnterFromEveryBox) {
         EXPECT_EQ(search.Grid().hasFocus(), rows > 0) << box;
     }
     EXPECT_EQ(search.Said("lblRows"), u"0 baris · Dept PROD, Divisi B, NIK 0012, TCID T20261122"_s);
-    KeyboardUser::Type(u"'"_s);
+    Keys(u"'");
     for (int time = 1; time <= 2; ++time)
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"⏎");
     EXPECT_EQ(search.dialogs.texts.size(), 1) << "a text that cannot be searched for is told once";
     EXPECT_TRUE(search.Part<QLineEdit>("txtDivisi").hasFocus());
     EXPECT_TRUE(search.Said("lblRows").startsWith(u"0 baris"_s));
     search.window->resize(900, 500);
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     search.window->show();
-    KeyboardUser::Type(u"t2025"_s);
+    Keys(u"t2025");
     EXPECT_EQ(search.Said("txtTCID"), u"T2025"_s) << "in place of the text before";
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_EQ(frmEditAbsensi(search.program, search.skin, nullptr).size(), QSize(900, 500));
 }
 
 TEST(frmEditAbsensi, TypedRowsAreSettledBeforeAnythingIsDoneWithTheResult) {
     for (const Qt::Key work : {Qt::Key_R, Qt::Key_H, Qt::Key_G}) {
         SearchWindow search;
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"⏎");
         search.Type(0, TimeIn, u"pagi"_s);
-        KeyboardUser::Press(Qt::Key_Down); // refused
+        Keys(u"↓"); // refused
         const auto& grid = search.Part<DataGrid>("MSHFlexGrid1");
         EXPECT_TRUE(grid.IsMarkedUnsaved(search.At(0, 0)));
         search.dialogs.texts.clear();
@@ -99,7 +99,7 @@ TEST(frmEditAbsensi, TypedRowsAreSettledBeforeAnythingIsDoneWithTheResult) {
         EXPECT_EQ(search.Cell(0, TimeIn), u"07:45:00"_s) << work;
         EXPECT_FALSE(grid.IsMarkedUnsaved(search.At(0, 0))) << work;
         EXPECT_EQ(search.shownReports.size(), work == Qt::Key_G ? 1 : 0);
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
         // The computation itself asks, once the rows are settled.
         EXPECT_EQ(search.dialogs.questions.size(), work == Qt::Key_H ? 3 : 2)
             << "nothing is left to be asked for";
@@ -108,11 +108,11 @@ TEST(frmEditAbsensi, TypedRowsAreSettledBeforeAnythingIsDoneWithTheResult) {
 
 TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     SearchWindow search;
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     ASSERT_EQ(search.Grid().model()->rowCount(), 4);
     for (const int column : {Nama, Tcid, Dept, Divisi}) {
         search.Go(0, column);
-        KeyboardUser::Type(u"x"_s);
+        Keys(u"x");
         EXPECT_TRUE(search.Part<QLineEdit>("Text1").isHidden());
         EXPECT_FALSE(search.Said("lblDone").isEmpty());
     }
@@ -120,26 +120,26 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     search.Type(0, Keterangan, u"lupa"_s);
     EXPECT_EQ(search.RowsOf(Cards)[0], u"T202611210012|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
     search.user.WhenIn(u"PickList"_s, [&](QWidget&) {
-        Keys(u"⏎⎋"_s); // nothing is chosen yet
+        Keys(u"⏎⎋"); // nothing is chosen yet
         EXPECT_EQ(search.Part<QLineEdit>("Text1").text(), u"zz"_s);
-        search.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"luar⏎"_s); });
-        KeyboardUser::Press(Qt::Key_Return);
+        search.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"luar⏎"); });
+        Keys(u"⏎");
     });
     search.Type(0, Status, u"zz"_s); // is no status: the list opens
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return search.Cell(0, Status) == u"TL"_s; }));
-    KeyboardUser::Press(Qt::Key_Down);
+    Keys(u"↓");
     EXPECT_EQ(search.RowsOf(Cards)[0], u"T202611210012|TL|lupa|0|2026-11-21 07:45:00|2026-11-21 23:15:00"_s);
     EXPECT_EQ(search.Said("lblDone"), u"Baris 1 disimpan."_s);
 
     search.Type(1, TimeIn, u"pagi"_s);
-    KeyboardUser::Press(Qt::Key_Down);
+    Keys(u"↓");
     EXPECT_TRUE(search.dialogs.Last().contains(u"\"pagi\" bukan jam"_s));
     EXPECT_EQ(search.Cell(1, TimeIn), u"pagi"_s);
     search.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No};
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_TRUE(search.window->isVisible());
     search.Part<QWidget>("cmdTutup").setFocus();
-    KeyboardUser::Press(Qt::Key_Space);
+    Keys(u" ");
     EXPECT_FALSE(search.window->isVisible());
     EXPECT_EQ(search.dialogs.questions.size(), 2);
     EXPECT_EQ(search.RowsOf(Cards)[1], u"T202611210013|OUT|-|-|2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
@@ -148,35 +148,35 @@ TEST(frmEditAbsensi, SavesARowWhenTheCursorLeavesItAndTakesCodesFromTheList) {
     search.window->show();
     EXPECT_EQ(search.Cell(1, TimeIn), u"07:45:00"_s) << "what was thrown away does not come back";
     EXPECT_EQ(search.Cell(3, Keterangan), u"sementara ini"_s);
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_EQ(search.dialogs.questions.size(), 2);
 }
 
 TEST(frmEditAbsensi, AConflictShowsTheRowAsItIsAndLeavesNothingToSave) {
     SearchWindow search;
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     search.Type(0, Keterangan, u"dari sini"_s);
     search.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
-    KeyboardUser::Press(Qt::Key_Down);
+    Keys(u"↓");
     EXPECT_TRUE(search.dialogs.Last().contains(
         u"Kartu T202611210012 (0012, 21-Nov-2026): Keterangan sudah diganti komputer lain menjadi dari sana. "
         "Yang Anda ketik (dari sini) tidak disimpan."_s))
         << search.dialogs.Last().toStdString();
     EXPECT_EQ(search.Cell(0, Keterangan), u"dari sana"_s);
     EXPECT_TRUE(search.RowsOf(Cards)[0].contains(u"|dari sana|"_s));
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_FALSE(search.window->isVisible());
     EXPECT_TRUE(search.dialogs.questions.isEmpty());
 }
 
 TEST(frmEditAbsensi, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
     SearchWindow search;
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     for (const auto& [answer, stored] :
          {std::pair{Dialogs::Answer::No, u"16:30:00"_s}, std::pair{Dialogs::Answer::Yes, u"05:00:00"_s}}) {
         search.dialogs.answers = {answer};
         search.Type(0, TimeOut, u"21-Nov-2026 0500"_s);
-        KeyboardUser::Press(Qt::Key_Down);
+        Keys(u"↓");
         EXPECT_TRUE(search.RowsOf(Cards)[0].endsWith(stored));
         EXPECT_TRUE(search.dialogs.questions.last().startsWith(u"Kartu T202611210012:\nTimeOUT"_s));
     }
@@ -186,7 +186,7 @@ TEST(frmEditAbsensi, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
 TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
     SearchWindow search;
     search.Run(u"UPDATE TimeCardHeader SET NormalAmount=1e15"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(search.Cell(0, NormalAmount), u"1000000000000000"_s);
     using Answer = Dialogs::Answer;
     const std::tuple<QString, Answer, qsizetype, QString> cases[] = {
@@ -204,7 +204,7 @@ TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
         const bool refused = asked > 0 && answer != Answer::Yes;
         EXPECT_EQ(search.Part<QLineEdit>("Text1").isVisible(), refused);
         if (refused)
-            KeyboardUser::Press(Qt::Key_Escape);
+            Keys(u"⎋");
         EXPECT_EQ(search.Cell(0, NormalAmount), shown) << typed.toStdString();
     }
 }
@@ -212,19 +212,19 @@ TEST(frmEditAbsensi, ANumberIsCutOnlyWhenWanted) {
 TEST(frmEditAbsensi, ADepartureOffersOut) {
     SearchWindow search;
     search.Run(u"UPDATE TimeCardHeader SET Status='IN'"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     search.Type(0, Keterangan, u"x"_s);
     search.dialogs.answers = {Dialogs::Answer::Yes};
-    Keys(u"↓"_s);
+    Keys(u"↓");
     EXPECT_TRUE(search.dialogs.questions.isEmpty()) << "no departure was typed";
     search.Type(1, TimeOut, u"1700"_s);
-    Keys(u"↓"_s);
+    Keys(u"↓");
     EXPECT_TRUE(search.RowsOf(Cards)[1].startsWith(u"T202611210013|OUT|"_s));
 }
 
 TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     SearchWindow search;
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     auto& text1 = search.Part<QLineEdit>("Text1");
     const auto doubleClick = [&](int column) {
         search.Go(0, column);
@@ -251,47 +251,47 @@ TEST(frmEditAbsensi, EnterF5AndDoubleClickDoWhatTheColumnIsFor) {
     search.Go(1, TimeIn);
     EXPECT_EQ(search.Said("lblDone"), u"Baris 1 dimuat ulang."_s) << "there was nothing to save";
     EXPECT_EQ(search.Said("lblCard"), u"T202611210013 · 李小龍"_s);
-    KeyboardUser::Press(Qt::Key_F5);
+    Keys(u"⑤");
     EXPECT_EQ(search.dialogs.texts, QStringList{u"Please refresh."_s});
     EXPECT_EQ(search.dialogs.icons.back(), Dialogs::Icon::Information);
     EXPECT_EQ(search.Cell(1, TimeOut), u"16:30:00"_s);
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_TRUE(search.dialogs.questions.isEmpty()) << "nothing typed is left";
 }
 
 TEST(frmEditAbsensi, OnlyASupervisorDeletes) {
     SearchWindow search;
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     for (const QString& login : {u"<CANCEL>"_s, u"pelon~pelon~1"_s}) {
         search.login = login;
         search.Go(2, TimeIn);
-        KeyboardUser::Press(Qt::Key_Delete);
+        Keys(u"⌦");
     }
     EXPECT_EQ(search.RowsOf(u"select TCID from TimeCardDetail order by TCID"_s),
               (QStringList{u"T202611210012"_s, u"T202611210013"_s, u"T202611220013"_s}));
     EXPECT_EQ(search.Cell(2, TimeIn), QString());
     EXPECT_EQ(search.Cell(2, Status), u"OUT"_s);
     search.login = u"<CANCEL>"_s;
-    KeyboardUser::Press(Qt::Key_Delete);
+    Keys(u"⌦");
     EXPECT_EQ(search.dialogs.texts.size(), 1) << "there is nothing to log in for";
     search.login = u"pelon~pelon~1"_s;
     EXPECT_TRUE(search.Grid().hasFocus());
 
     search.Type(3, Keterangan, u"dari sini"_s);
     search.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='dari sana'"_s);
-    KeyboardUser::Press(Qt::Key_Delete);
+    Keys(u"⌦");
     EXPECT_EQ(search.Cell(3, Keterangan), u"dari sana"_s);
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_TRUE(search.dialogs.questions.isEmpty()) << "the row was read anew";
 }
 
 TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
     SearchWindow search;
     search.Part<QLineEdit>("txtNIK").setText(u"0012"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     search.Go(1, NormalHours);
     search.Part<QPushButton>("cmdCalcHrs").setFocus();
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(search.Said("lblDone"), u"2 kartu dihitung."_s);
     EXPECT_EQ(search.Cell(0, NormalHours), u"9.15"_s);
     EXPECT_EQ(search.Grid().currentIndex().row(), 1);
@@ -299,11 +299,11 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
               (QStringList{u"9.15"_s, u"-"_s, u"9.15"_s, u"-"_s}));
     EXPECT_TRUE(search.dialogs.texts.isEmpty());
     search.Run(u"INSERT INTO ShiftEmployee VALUES ('0012','2026-11-22','XX')"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(search.dialogs.Last().section(u'\n', 1),
               u"T202611220012: shift XX tidak ada di Master Shift Code"_s);
     search.Part<QLineEdit>("txtNIK").setText({});
-    KeyboardUser::Press(Qt::Key_R, Qt::AltModifier);
+    Keys(u"⎇r");
     search.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
     for (const QString& done : {u"Tidak ada kartu yang dihitung."_s, u"4 kartu dihitung."_s}) {
         search.Do(Qt::Key_H);
@@ -315,7 +315,7 @@ TEST(frmEditAbsensi, ComputesAllCardsOfTheResult) {
 TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
     SearchWindow search;
     search.Part<QLineEdit>("txtTCID").setText(u"T20261122"_s);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     const QString path = search.folder.filePath(u"PRINT.TXT"_s);
     search.Do(Qt::Key_G);
     EXPECT_EQ(search.shownReports.size(), 1);

@@ -31,7 +31,7 @@ public:
     /// Presses OK and waits until the report is shown.
     void PressOk() {
         const qsizetype before = shownReports.size() + dialogs.texts.size();
-        KeyboardUser::Press(Qt::Key_O, Qt::AltModifier);
+        Keys(u"⎇o");
         EXPECT_TRUE(
             KeyboardUser::WaitUntil([&] { return shownReports.size() + dialogs.texts.size() > before; }));
     }
@@ -59,11 +59,11 @@ TEST(frmRptCriteria, EnablesWhatTheReportTakesAndEnterWalksThroughIt) {
             QStringList walk;
             while (window.focusWidget()->objectName() != u"cmdOk"_s && walk.size() < 9) {
                 walk << window.focusWidget()->objectName();
-                KeyboardUser::Press(Qt::Key_Return);
+                Keys(u"⏎");
             }
             EXPECT_EQ(walk, c.walk);
             EXPECT_TRUE(criteria.shownReports.isEmpty());
-            KeyboardUser::Press(Qt::Key_Return);
+            Keys(u"⏎");
             EXPECT_EQ(criteria.shownReports, QStringList{ReportFilePath(criteria.program.folder)});
             EXPECT_TRUE(TextOf(window, "lblDone").contains(u" 2 "_s));
         });
@@ -81,13 +81,13 @@ TEST(frmRptCriteria, MakesFurtherReportsWithChangedCriteria) {
         EXPECT_EQ(criteria.ReportLines().filter(u"|0012"_s).size(), 1);
         EXPECT_EQ(criteria.ReportLines().value(2), QString());
         Part<QWidget>(window, "txtDept").setFocus();
-        KeyboardUser::Type(u"P"_s);
+        Keys(u"P");
         criteria.PressOk();
         EXPECT_EQ(criteria.ReportLines().value(2), u"DEPT  : PRODUKSI"_s);
         EXPECT_EQ(criteria.ReportLines().filter(u"|00"_s),
                   QStringList{u"|1   |0012    |Siti Aminah         |1     |"_s});
         Part<QWidget>(window, "txtDivisi").setFocus();
-        KeyboardUser::Type(u"D"_s);
+        Keys(u"D");
         criteria.PressOk();
         EXPECT_EQ(criteria.ReportLines().value(3), u"DIVISI: DUA"_s);
         EXPECT_EQ(criteria.ReportLines().filter(u"|00"_s), QStringList());
@@ -101,9 +101,9 @@ TEST(frmRptCriteria, SortsTheDailyReportByTheChosenOrder) {
     criteria.Open(u"AbsensiHarian"_s, [&](QWidget& window) {
         auto& sort = Part<QComboBox>(window, "txtSort");
         EXPECT_EQ(sort.currentText(), u"Nama"_s);
-        KeyboardUser::Press(Qt::Key_F9);
+        Keys(u"⑨");
         EXPECT_FALSE(QApplication::activePopupWidget()) << "no employee is asked for";
-        Keys(u"23↹"_s);
+        Keys(u"23↹");
         EXPECT_EQ(TextOf(window, "lblDateHint"), QString()) << "there is no second day";
         for (const auto& [key, first] : {std::pair{u"Na"_s, u"0013"_s}, std::pair{u"NI"_s, u"0012"_s},
                                          std::pair{u"De"_s, u"0013"_s}, std::pair{u"Di"_s, u"0012"_s}}) {
@@ -121,8 +121,8 @@ TEST(frmRptCriteria, TakesAnEmployeeFromTheListOrAsTyped) {
         auto& employee = Part<QLineEdit>(window, "txtEmpl");
         EXPECT_EQ(employee.text(), u"<ALL>"_s);
         employee.setFocus();
-        criteria.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"agus⏎"_s); });
-        KeyboardUser::Press(Qt::Key_F9);
+        criteria.user.WhenIn(u"PickList"_s, [](QWidget&) { Keys(u"agus⏎"); });
+        Keys(u"⑨");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return employee.text() == u"0013"_s; }));
         EXPECT_EQ(TextOf(window, "lblEmplName"), u"Agus Salim"_s);
         const std::tuple<QString, QString, QStringList> cases[] = {
@@ -134,7 +134,7 @@ TEST(frmRptCriteria, TakesAnEmployeeFromTheListOrAsTyped) {
         for (const auto& [typed, name, employees] : cases) {
             employee.setFocus();
             employee.selectAll();
-            KeyboardUser::Type(typed);
+            Keys(typed);
             criteria.PressOk();
             EXPECT_EQ(TextOf(window, "lblEmplName"), name);
             EXPECT_EQ(criteria.ReportLines().filter(u"NIP : "_s), employees) << typed.toStdString();
@@ -146,21 +146,20 @@ TEST(frmRptCriteria, TypedDatesAreTakenAndAReversedPeriodIsHintedAt) {
     Criteria criteria;
     criteria.Open(u"AbsensiDivisi"_s, [&](QWidget& window) {
         EXPECT_TRUE(Part<QWidget>(window, "txtDate1").hasFocus());
-        Keys(u"23↹"_s);
+        Keys(u"23↹");
         EXPECT_NE(TextOf(window, "lblDateHint"), QString());
         criteria.PressOk();
         EXPECT_EQ(criteria.ReportLines().value(1), u"TANGGAL: 23-Nov-2026 s/d 22-Nov-2026"_s);
         auto& first = Part<QLineEdit>(window, "txtDate1");
         first.setFocus();
-        KeyboardUser::Type(u"31/2/2026"_s);
+        Keys(u"31/2/2026");
         criteria.PressOk(); // refused: no report with another date
         EXPECT_TRUE(criteria.dialogs.Last().contains(u"Tanggal awal: \"31/2/2026\""_s));
         EXPECT_EQ(criteria.shownReports.size(), 1);
-        KeyboardUser::Type(u"22"_s);
+        Keys(u"22");
         criteria.PressOk();
         EXPECT_EQ(TextOf(window, "lblDateHint"), QString()) << "one day";
-        KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
-        KeyboardUser::Type(u"2"_s);
+        Keys(u"⎈a2");
         criteria.PressOk();
         EXPECT_EQ(TextOf(window, "lblDateHint"), QString());
         EXPECT_EQ(criteria.ReportLines().value(1), u"TANGGAL: 02-Nov-2026 s/d 22-Nov-2026"_s);
@@ -190,7 +189,7 @@ TEST(frmRptCriteria, AnUnknownReportCanOnlyBeLeft) {
         EXPECT_FALSE(Part<QWidget>(window, "cmdOk").isEnabled());
         EXPECT_FALSE(Part<QWidget>(window, "txtDate1").isEnabled());
         EXPECT_TRUE(Part<QWidget>(window, "cmdCancel").hasFocus());
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"⏎");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !window.isVisible(); }));
     });
     EXPECT_TRUE(criteria.shownReports.isEmpty());

@@ -52,20 +52,18 @@ TEST(frmLogin, ThePasswordCannotBeCopiedAndCapsLockIsTold) {
     QApplication::clipboard()->setText(u"untouched"_s);
     user.WhenIn(u"frmLogin"_s, [&](QWidget& window) {
         const auto& hint = Part<QLabel>(window, "lblCapsLock");
-        Keys(u"⏎r"_s);
+        Keys(u"⏎r");
         EXPECT_TRUE(hint.text().isEmpty());
-        KeyboardUser::Type(u"R"_s); // a capital letter without the Shift key
+        Keys(u"R"); // a capital letter without the Shift key
         EXPECT_EQ(hint.text(), u"Caps Lock menyala."_s);
-        KeyboardUser::Type(u"r"_s);
+        Keys(u"r");
         EXPECT_TRUE(hint.text().isEmpty());
         QKeyEvent small(QEvent::KeyPress, Qt::Key_R, Qt::ShiftModifier, u"r"_s);
         QApplication::sendEvent(window.focusWidget(), &small);
         EXPECT_EQ(hint.text(), u"Caps Lock menyala."_s);
-        KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
-        KeyboardUser::Press(Qt::Key_C, Qt::ControlModifier);
-        KeyboardUser::Press(Qt::Key_X, Qt::ControlModifier);
+        Keys(u"⎈a⎈c⎈x");
         EXPECT_EQ(QApplication::clipboard()->text(), u"untouched"_s);
-        KeyboardUser::Press(Qt::Key_F4);
+        Keys(u"④");
     });
     frmLogin(company.clock, channel, skin, nullptr).exec();
 }

@@ -45,7 +45,7 @@ TEST(frmSetting, EachEntryOpensItsWindowTheSameEveryTime) {
             for (const auto& [key, name] : entries) {
                 bool closed = false;
                 hub.user.WhenIn(name, [&](QWidget&) {
-                    KeyboardUser::Press(Qt::Key_Escape);
+                    Keys(u"⎋");
                     closed = true;
                 });
                 setting.activateWindow(); // no window manager does it here
@@ -70,8 +70,8 @@ TEST(frmSetting, HandsTheBoxBackWhenItIsLeftAndForgetsIt) {
                 chkAdminMode.setCheckState(box);
             } else if (box == Qt::Checked) {
                 for (int fields = 0; fields < 4; ++fields)
-                    KeyboardUser::Press(Qt::Key_Tab);
-                KeyboardUser::Press(Qt::Key_Space);
+                    Keys(u"↹");
+                Keys(u" ");
             }
             EXPECT_EQ(chkAdminMode.checkState(), box);
         });

@@ -3,6 +3,7 @@
 #include "support/window_company.h"
 
 #include <QAbstractItemModelTester>
+#include <QCoreApplication>
 
 using namespace Qt::StringLiterals;
 using Answer = Dialogs::Answer;
@@ -26,7 +27,7 @@ public:
         frmShiftCode codes(program, skin, nullptr);
         WindowFixture::Open(codes, work, [this](QWidget&) {
             dialogs.answers = {Answer::No};
-            KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
+            Keys(u"⎇k");
         });
     }
     QTableView& Grid() { return Part<QTableView>("DataGrid1"); }
@@ -114,10 +115,10 @@ TEST(frmShiftCode, WhatCannotStandThereIsToldAndStaysInEdit) {
             EXPECT_EQ(codes.Rows(), (QStringList{u"LAIN|-|-"_s, Night, Daily}));
             EXPECT_EQ(codes.Shown().value(2), c.row);
             EXPECT_EQ(codes.Grid().currentIndex().row(), 2);
-            Keys(u"⎀"_s); // not a further row beside it
+            Keys(u"⎀"); // not a further row beside it
             EXPECT_EQ(codes.dialogs.texts.size(), 2) << c.row.toStdString();
             EXPECT_EQ(codes.Shown().size(), 3);
-            Keys(u"⎋"_s);
+            Keys(u"⎋");
             EXPECT_EQ(codes.Shown().size(), 2);
         });
     }
@@ -137,7 +138,7 @@ TEST(frmShiftCode, AnotherDesksChangeIsToldAndShown) {
                                                   u"Z|22:00|06:00:30 (+2)"_s}));
             EXPECT_EQ(codes.Rows().first(), u"MALAM|1899-12-30 23:00:00|1899-12-31 06:00:00"_s);
             codes.Grid().setCurrentIndex(codes.Grid().model()->index(2, 0));
-            Keys(u"ZZ⏎↑"_s); // times that cannot be typed stay as they are
+            Keys(u"ZZ⏎↑"); // times that cannot be typed stay as they are
             EXPECT_EQ(codes.Rows().last(), u"ZZ|1899-12-30 22:00:00|1900-01-01 06:00:30"_s);
         });
     }
@@ -154,7 +155,7 @@ TEST(frmShiftCode, DeletingSaysHowManyRowsUseTheCodeAndLeavesThemAlone) {
                    "('T202611011','2026-11-01','MALAM')"_s);
         codes.dialogs.answers = {answer};
         codes.Open([&](QWidget&) {
-            Keys(u"⌦"_s);
+            Keys(u"⌦");
             const QString question = codes.dialogs.questions.value(0);
             EXPECT_TRUE(question.contains(u"2 hari"_s) && question.contains(u"1 kartu"_s));
         });
@@ -207,8 +208,7 @@ TEST(frmShiftCode, ClosingWithARowInEditAsks) {
         ShiftCodes codes;
         codes.dialogs.answers = {c.answer};
         codes.Open([&](QWidget& window) {
-            Keys(u"MLM"_s);
-            KeyboardUser::Press(Qt::Key_K, Qt::AltModifier);
+            Keys(u"MLM⎇k");
             EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !codes.dialogs.questions.isEmpty(); }));
             QCoreApplication::processEvents();
             EXPECT_EQ(window.isVisible(), !c.closes);
@@ -228,9 +228,9 @@ TEST(frmShiftCode, AnEmptyTableTakesAFirstRow) {
     codes.Open([&](QWidget&) {
         const QAbstractItemModel& model = *codes.Grid().model();
         EXPECT_EQ(model.rowCount(), 0);
-        KeyboardUser::Press(Qt::Key_T, Qt::AltModifier);
+        Keys(u"⎇t");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return model.rowCount() == 1; }));
-        Keys(u"P⏎08:00⏎17:00⏎"_s);
+        Keys(u"P⏎08:00⏎17:00⏎");
     });
     EXPECT_EQ(codes.Rows(), QStringList{Daily});
 }

@@ -7,6 +7,7 @@
 #include "ui/frozen_columns.h"
 
 #include <QAbstractItemModelTester>
+#include <QCoreApplication>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -62,7 +63,7 @@ public:
             .join(u", "_s);
     }
     void SetPeriod(const QString& period) {
-        KeyboardUser::Press(Qt::Key_P, Qt::AltModifier);
+        Keys(u"⎇p");
         auto& txtPeriode = Part<QLineEdit>("txtPeriode");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return txtPeriode.hasFocus(); }));
         txtPeriode.selectAll();
@@ -165,7 +166,7 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
             EXPECT_EQ(cell.data().toString(), c.code) << c.what;
             EXPECT_TRUE(grid.IsMarkedUnsaved(cell)) << c.what;
             EXPECT_TRUE(roster.IsLogged("frmShiftEmployee.SaveCell"));
-            Keys(u"⏎⏎"_s);
+            Keys(u"⏎⏎");
             EXPECT_EQ(roster.dialogs.texts.size(), 2) << c.what << ", entered again";
             roster.SetPeriod(u"1"_s);
             EXPECT_TRUE(grid.IsMarkedUnsaved(cell)) << c.what << ", after a month that is none";
@@ -173,7 +174,7 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
             roster.SetPeriod(c.wiped ? u"2"_s : u"202611"_s);
             grid.setFocus();
             if (c.wiped)
-                Keys(u"⌦"_s);
+                Keys(u"⌦");
             EXPECT_FALSE(grid.IsMarkedUnsaved(cell)) << c.what;
             EXPECT_NE(cell.data().toString(), c.code) << c.what;
             EXPECT_EQ(roster.dialogs.texts.size(), c.wiped ? 4 : 3) << c.what;
@@ -183,7 +184,7 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
     roster.Run(
         u"CREATE TRIGGER refuse BEFORE UPDATE ON ShiftEmployee BEGIN SELECT RAISE(ABORT,'full'); END"_s);
     roster.Open([&](QWidget&) {
-        Keys(u"⌦⌦"_s);
+        Keys(u"⌦⌦");
         EXPECT_EQ(roster.dialogs.texts.size(), 2) << "emptied again";
     });
 }
@@ -191,10 +192,10 @@ TEST(frmShiftEmployee, WhatCannotBeSavedIsToldAndTheTextStaysMarked) {
 TEST(frmShiftEmployee, AQuoteIsRefusedInTheEditor) {
     Roster roster;
     roster.Open([&](QWidget& window) {
-        Keys(u"P'⏎"_s);
+        Keys(u"P'⏎");
         EXPECT_TRUE(roster.dialogs.Last().contains(u"tanda kutip"_s));
         EXPECT_EQ(Part<QLineEdit>(window, "Text1").text(), u"P'"_s);
-        Keys(u"⎋"_s);
+        Keys(u"⎋");
         EXPECT_EQ(roster.Codes(0) + u'/' + roster.Stored(u"0012"_s), u"1 P/01 P"_s);
     });
 }
@@ -210,7 +211,7 @@ TEST(frmShiftEmployee, APeriodThatIsNoneKeepsTheMonthAndItsSaves) {
             EXPECT_EQ(TextOf(window, "lblMonth"), u"November 2026"_s);
             const auto& typed = Part<QLineEdit>(window, "txtPeriode");
             EXPECT_EQ(typed.selectedText(), typed.text()) << "ready to be typed anew";
-            Keys(u"↹↹MALAM⏎"_s);
+            Keys(u"↹↹MALAM⏎");
             EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM"_s);
         });
     }
@@ -226,7 +227,7 @@ TEST(frmShiftEmployee, AnotherMonthTakesThePlaceOfTheFirst) {
         EXPECT_EQ(roster.Look(0, 30), CellLook::Hatched);
         roster.SetPeriod(u"202612"_s);
         EXPECT_EQ(roster.Codes(0), QString());
-        KeyboardUser::Press(Qt::Key_PageUp, Qt::ControlModifier);
+        Keys(u"⎈⇞");
         EXPECT_EQ(roster.Codes(0), u"1 P"_s);
         Part<QWidget>(window, "txtPeriode").setFocus();
         for (const auto& [key, period] : {std::pair{Qt::Key_PageDown, u"202612"_s},
@@ -237,7 +238,7 @@ TEST(frmShiftEmployee, AnotherMonthTakesThePlaceOfTheFirst) {
         }
         roster.Grid().setFocus();
         roster.Grid().setCurrentIndex(roster.Cell(0, 31));
-        Keys(u"MALAM⏎"_s);
+        Keys(u"MALAM⏎");
         EXPECT_EQ(roster.RowsOf(u"select ShiftCode from ShiftEmployee where Tgl=#2026-10-31#"_s),
                   QStringList{u"MALAM"_s});
         other->Execute(u"DELETE FROM ShiftEmployee"_s);
@@ -258,17 +259,17 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
         EXPECT_TRUE(Part<QWidget>(window, "cmdLov").isVisible());
         bool picked = false;
         roster.user.WhenIn(u"PickList"_s, [&picked](QWidget&) {
-            Keys(u"mal⏎"_s);
+            Keys(u"mal⏎");
             picked = true;
         });
-        KeyboardUser::Press(Qt::Key_F9);
+        Keys(u"⑨");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return picked; }));
-        Keys(u"⏎"_s);
+        Keys(u"⏎");
         EXPECT_FALSE(Part<QWidget>(window, "cmdLov").isVisible());
         EXPECT_TRUE(status.text().contains(u"22:00 - 06:00 (+1)"_s)) << status.text().toStdString();
-        Keys(u"→⏎⏎"_s);
+        Keys(u"→⏎⏎");
         EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM"_s) << "an empty day stays empty";
-        Keys(u"cuti⏎"_s);
+        Keys(u"cuti⏎");
         EXPECT_EQ(roster.Look(0, 2), CellLook::Doubtful);
         EXPECT_TRUE(status.text().contains(u"tidak ada di Shift"_s));
         roster.SetPeriod(u"202611"_s);

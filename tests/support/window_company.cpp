@@ -56,7 +56,7 @@ int WindowFixture::Open(QDialog& dialog, const Work& work, const Work& leave) {
         if (leave)
             leave(window);
         else
-            KeyboardUser::Press(Qt::Key_Escape);
+            Keys(u"⎋");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !window.isVisible(); }));
     });
     return dialog.exec();
@@ -100,15 +100,15 @@ void WindowCompany::Record(Qt::Key key, const QString& nip, const QString& passw
 }
 
 void WindowCompany::ChooseFromMenu(const QString& entry) {
-    KeyboardUser::Press(Qt::Key_F10);
+    Keys(u"⑩");
     const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
     for (int i = 0; i <= menu->actions().size(); ++i) {
-        KeyboardUser::Press(Qt::Key_Down);
+        Keys(u"↓");
         if (menu->activeAction() && menu->activeAction()->text() == entry)
             break;
     }
     ASSERT_TRUE(menu->activeAction());
     ASSERT_EQ(menu->activeAction()->text(), entry);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "support/keystrokes.h"
 #include "support/test_company.h"
 #include "timecard/frmMain.h"
+#include "tour/keyboard_user.h"
 #include "ui/form_skin.h"
 
 #include <QDialog>

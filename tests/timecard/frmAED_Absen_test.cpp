@@ -58,19 +58,19 @@ TEST(frmAED_Absen, TheTimeIsThatOfTheOpeningAndTheEmployeeIsShown) {
         EXPECT_FALSE(Part<QWidget>(entry, "picDetail").isVisible());
         const int smallHeight = entry.height();
         desk.clock.now += Seconds{45};
-        Keys(u"0012⏎rahasia⏎"_s);
+        Keys(u"0012⏎rahasia⏎");
         EXPECT_EQ(TextOf(entry, {"txtNama", "txtDept", "txtDivisi", "txtPassword"}),
                   u"Siti Aminah|PROD|A|"_s);
         EXPECT_GT(entry.height(), smallHeight);
         EXPECT_EQ(TextOf(entry, "lblDone"), u"✓  Masuk tercatat pukul 07:58:12"_s);
         EXPECT_FALSE(Part<QLabel>(entry, "imgEmp").pixmap().isNull()) << "in place of a damaged photo";
         // Nothing is chosen or recorded a second time while the window waits to close itself.
-        KeyboardUser::Press(Qt::Key_F9);
+        Keys(u"⑨");
         EXPECT_FALSE(QApplication::activePopupWidget());
-        Keys(u"⏎"_s);
+        Keys(u"⏎");
         EXPECT_FALSE(entry.isVisible());
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_EQ(desk.RowsOf(u"select TimeIN from TimeCardDetail"_s), QStringList{u"2026-11-22 07:58:12"_s});
     EXPECT_TRUE(desk.dialogs.texts.isEmpty());
 }
@@ -85,7 +85,7 @@ TEST(frmAED_Absen, TheNextEntryBeginsWhileTheLastIsConfirmed) {
             {Qt::Key_F8, u"0012⏎rahasia⏎"_s, u"ABSEN KELUAR|22-Nov-2026   07:58:27"_s},
             {Qt::Key_0, u"014⏎agus⏎"_s, u"ABSEN KELUAR|22-Nov-2026   07:58:32"_s},
         };
-        Keys(u"0012⏎rahasia⏎"_s);
+        Keys(u"0012⏎rahasia⏎");
         for (const auto& [key, typed, shown] : entries) {
             desk.clock.now += Seconds{5};
             KeyboardUser::Press(key);
@@ -94,10 +94,10 @@ TEST(frmAED_Absen, TheNextEntryBeginsWhileTheLastIsConfirmed) {
             Keys(typed);
         }
         CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
-        KeyboardUser::Press(Qt::Key_F2);
+        Keys(u"②");
         EXPECT_FALSE(entry.isVisible());
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
     EXPECT_EQ(
         desk.RowsOf(u"select TCID, Mid(TimeIN,18,2), Mid(TimeOUT,18,2) from TimeCardDetail order by TCID"_s),
@@ -115,16 +115,16 @@ TEST(frmAED_Absen, AWindowLeftForAMinuteClosesItself) {
         desk.clock.now += Seconds{60};
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !entry.isVisible(); }));
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
 }
 
 TEST(frmAED_Absen, ASheetThatIsClosedMeanwhileTakesNothingAndTheDeskSaysSo) {
     WindowCompany desk;
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget&) {
         CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
-        Keys(u"0012⏎rahasia⏎"_s);
+        Keys(u"0012⏎rahasia⏎");
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_EQ(desk.dialogs.texts, QStringList{RefusalText(Refusal::SheetClosed)});
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
     EXPECT_EQ(desk.Said("lblCloseTcid"), desk.dialogs.Last());
@@ -134,17 +134,16 @@ TEST(frmAED_Absen, ASheetThatIsClosedMeanwhileTakesNothingAndTheDeskSaysSo) {
 TEST(frmAED_Absen, TheListGivesTheNumberAndTheWindowClosesTwoSecondsAfterRecording) {
     WindowCompany desk;
     QElapsedTimer sinceRecorded;
-    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_F9); });
+    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { Keys(u"⑨"); });
     desk.user.WhenIn(u"PickList"_s, [&](QWidget&) {
-        KeyboardUser::Type(u"siti"_s);
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"siti⏎");
         QWidget* entry = KeyboardUser::InFront();
         EXPECT_EQ(Part<QLineEdit>(*entry, "txtNIK").text(), u"0012"_s);
         EXPECT_TRUE(Part<QLineEdit>(*entry, "txtPassword").hasFocus());
-        Keys(u"rahasia⏎"_s);
+        Keys(u"rahasia⏎");
         sinceRecorded.start();
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_GE(sinceRecorded.elapsed(), 1000); // not at once
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return KeyboardUser::InFront() == desk.window.get(); }));
     EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220012|0012|IN"_s});
@@ -168,15 +167,15 @@ TEST(frmAED_Absen, ALargePhotoIsShownScaledAndWhatIsNoFileIsToldAndNotOpened) {
         desk.RemoveCards();
         desk.Run(u"UPDATE Employee SET PathImage='%1' WHERE NIP='0012'"_s.arg(path));
         desk.user.WhenIn(u"frmAED_Absen"_s, [&, &path = path, &message = message](QWidget& entry) {
-            Keys(u"0012⏎rahasia⏎"_s);
+            Keys(u"0012⏎rahasia⏎");
             const auto& label = Part<QLabel>(entry, "lblPhoto");
             EXPECT_EQ(label.isVisible() ? label.text() : QString(), message);
             const QImage shown = Part<QLabel>(entry, "imgEmp").pixmap().toImage();
             EXPECT_EQ(shown.pixelColor(shown.rect().center()) == Qt::black, path == u"large.jpg"_s);
             EXPECT_EQ(shown.width(), 146);
-            Keys(u"⎋"_s);
+            Keys(u"⎋");
         });
-        KeyboardUser::Press(Qt::Key_F2);
+        Keys(u"②");
     }
     QImageReader::setAllocationLimit(usual);
 }
@@ -186,16 +185,15 @@ TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
         // A button that is pressed by its letter clicks a moment later.
         const auto& detail = Part<QWidget>(entry, "picDetail");
-        KeyboardUser::Press(Qt::Key_D, Qt::AltModifier);
+        Keys(u"⎇d");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return detail.isVisible(); }));
-        KeyboardUser::Press(Qt::Key_D, Qt::AltModifier);
+        Keys(u"⎇d");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !detail.isVisible(); }));
 
-        KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+        Keys(u"⎇s");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return !desk.dialogs.texts.isEmpty(); }));
         EXPECT_EQ(desk.dialogs.texts, QStringList{u"Gagal Simpan Record ini."_s});
-        KeyboardUser::Type(u"9999"_s);
-        KeyboardUser::Press(Qt::Key_S, Qt::AltModifier);
+        Keys(u"9999⎇s");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.dialogs.texts.size() > 1; }));
         EXPECT_EQ(desk.dialogs.Last(), u"NIK tidak ada !"_s);
         EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
@@ -204,35 +202,32 @@ TEST(frmAED_Absen, TheButtonsShowDetailsSaveWithoutPasswordAndClear) {
         QCoreApplication::processEvents();
         QTest::mouseRelease(&clear, Qt::LeftButton);
         EXPECT_EQ(desk.dialogs.texts.size(), 2) << "on the way out the number does not matter";
-        Keys(u"0012⏎rahasia"_s);
-        KeyboardUser::Press(Qt::Key_B, Qt::AltModifier);
+        Keys(u"0012⏎rahasia⎇b");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return TextOf(entry, "txtNIK").isEmpty(); }));
         EXPECT_EQ(TextOf(entry, "txtPassword"), QString());
-        KeyboardUser::Type(u"0014"_s);
+        Keys(u"0014");
         for (int i = 0; i < 3; ++i)
-            KeyboardUser::Press(Qt::Key_Tab);
+            Keys(u"↹");
         EXPECT_TRUE(Part<QPushButton>(entry, "cmdButtons_1").hasFocus());
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"⏎");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return detail.isVisible(); }));
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220014|0014|IN"_s});
 }
 
 TEST(frmAED_Absen, ThePasswordIsThatOfTheNumberInTheFieldAtThatMoment) {
     WindowCompany desk;
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget&) {
-        Keys(u"0012⏎"_s);
-        KeyboardUser::Press(Qt::Key_Backtab, Qt::ShiftModifier);
-        Keys(u"0013↹rahasia⏎"_s); // that of the number before
+        Keys(u"0012⏎⇤0013↹rahasia⏎"); // that of the number before
         desk.Run(u"UPDATE [User] SET Password='baru' WHERE UserID='0013'"_s);
-        Keys(u"kunci1⏎"_s);
+        Keys(u"kunci1⏎");
         EXPECT_EQ(desk.dialogs.texts, QStringList(2, u"Password salah !"_s));
         EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
-        Keys(u"baru⏎⎋"_s);
+        Keys(u"baru⏎⎋");
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_EQ(desk.RowsOf(Cards), QStringList{u"T202611220013|0013|IN"_s});
 }
 
@@ -241,11 +236,11 @@ TEST(frmAED_Absen, AFailureIsReportedLoggedAndLeavesNothing) {
     desk.Db().ExecuteNative(
         u"CREATE TRIGGER full BEFORE INSERT ON TimeCardDetail BEGIN SELECT RAISE(ABORT,'disk gone'); END"_s);
     desk.user.WhenIn(u"frmAED_Absen"_s, [&](QWidget& entry) {
-        Keys(u"0012⏎rahasia⏎"_s);
+        Keys(u"0012⏎rahasia⏎");
         EXPECT_EQ(TextOf(entry, "txtNIK"), u"0012"_s);
-        Keys(u"⎋"_s);
+        Keys(u"⎋");
     });
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_TRUE(desk.dialogs.Last().contains(u"Database Errors: "_s));
     EXPECT_TRUE(desk.RowsOf(Cards).isEmpty());
     QFile log(desk.folder.filePath(u"VELTLOG.TXT"_s));

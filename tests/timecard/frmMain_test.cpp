@@ -38,8 +38,8 @@ void RecordBudi(const TestCompany& company, const QString& tcid, const QString& 
 void TypeOver(QLineEdit& box, const QString& text) {
     box.setFocus();
     box.selectAll();
-    KeyboardUser::Press(Qt::Key_Delete);
-    KeyboardUser::Type(text);
+    Keys(u"⌦");
+    Keys(text);
 }
 
 } // namespace
@@ -52,8 +52,7 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
     EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), u"Lembar T20261122 ditutup."_s);
 
-    KeyboardUser::Press(Qt::Key_F2);
-    KeyboardUser::Press(Qt::Key_F8);
+    Keys(u"②⑧");
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
 
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
@@ -63,7 +62,7 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
     CloseSheet(*desk.OtherDesk(), u"T20261122"_s);
-    KeyboardUser::Press(Qt::Key_F8);
+    Keys(u"⑧");
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
 }
@@ -84,7 +83,7 @@ TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
     EXPECT_FALSE(desk.Part<QLineEdit>("txtTCID").isEnabled());
     EXPECT_FALSE(desk.window->AdminMode());
     EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
-    KeyboardUser::Press(Qt::Key_F3); // for admin mode only
+    Keys(u"③"); // for admin mode only
     EXPECT_EQ(opened, 0);
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
@@ -100,13 +99,13 @@ TEST(frmMain, AdminModeIsTurnedOnWithACheckAndOffWithoutAndOpensEditorAndAdminis
     auto& grid = desk.Grid();
     grid.setFocus();
     grid.selectRow(1);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_TRUE(opened.isEmpty());
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
     desk.ChooseFromMenu(u"Admin Mode"_s);
     EXPECT_TRUE(desk.Part<QAction>("mnAdminMode").isChecked());
     EXPECT_TRUE(desk.Part<QLabel>("lblAdminMode").isVisible());
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     Q_EMIT grid.doubleClicked(grid.model()->index(2, 3));
     desk.ChooseFromMenu(u"Edit data master dan laporan"_s);
     EXPECT_EQ(opened,
@@ -127,21 +126,21 @@ TEST(frmMain, TheUnlockedIdentifierIsComposedFromItsFields) {
 
     TypeOver(extension, u"a"_s);
     TypeOver(day, u"7"_s);
-    KeyboardUser::Press(Qt::Key_Tab);
+    Keys(u"↹");
     EXPECT_EQ(sheet.text(), u"T20261107-A"_s);
     TypeOver(day, u""_s);
-    KeyboardUser::Press(Qt::Key_Tab);
+    Keys(u"↹");
     EXPECT_EQ(day.text() + sheet.text(), u"07T20261107-A"_s);
     TypeOver(day, u"22"_s);
-    KeyboardUser::Press(Qt::Key_Tab);
+    Keys(u"↹");
     EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible()) << "another sheet of today";
     TypeOver(extension, u""_s);
     TypeOver(day, u"1"_s);
-    KeyboardUser::Press(Qt::Key_Tab);
+    Keys(u"↹");
     desk.Part<QAbstractButton>("UpDown1_Down").click();
     EXPECT_EQ(sheet.text(), u"T20261101"_s);
     TypeOver(day, u"30"_s);
-    KeyboardUser::Press(Qt::Key_Tab);
+    Keys(u"↹");
     for (int i = 0; i < 2; ++i)
         desk.Part<QAbstractButton>("UpDown1_Up").click();
     EXPECT_EQ(sheet.text(), u"T20261131"_s) << "the last day that the spinner gives";
@@ -167,9 +166,9 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_EQ(sheet.text(), u"T20261105"_s);
     EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
     tabs.setFocus();
-    KeyboardUser::Press(Qt::Key_Space); // the day that is open already: no login
+    Keys(u" "); // the day that is open already: no login
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { Keys(u"0012⏎rahasia⏎⎋"_s); });
+    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { Keys(u"0012⏎rahasia⏎⎋"); });
     desk.Part<QPushButton>("cmdButtons_0").click(); // at once, before the clock's next tick
     EXPECT_EQ(desk.RowsOf(Cards).value(0), u"T202611050012|0012|IN|2026-11-05|2026-11-05 07:58:12|-|1"_s);
     tabs.setCurrentIndex(21);
@@ -191,7 +190,7 @@ TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTa
     EXPECT_EQ(sheet.text(), u"T20261122"_s);
     tabs.setFocus();
     tabs.setCurrentIndex(21);
-    KeyboardUser::Press(Qt::Key_Space);
+    Keys(u" ");
     EXPECT_EQ(sheet.text(), u"T20261222"_s);
     EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
 }
@@ -214,7 +213,7 @@ TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
         EXPECT_TRUE(desk.dialogs.questions.isEmpty()) << "a night worker goes home";
         desk.dialogs.answers = {answer};
         if (answer == Answer::Cancel)
-            KeyboardUser::Press(Qt::Key_F2);
+            Keys(u"②");
         else
             desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
         EXPECT_EQ(desk.dialogs.questions,
@@ -283,7 +282,7 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmp
     EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0011"_s);
     EXPECT_EQ(desk.Cell(grid.currentIndex().row(), SheetModel::Nip), selected);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
-    KeyboardUser::Press(Qt::Key_2, Qt::ControlModifier);
+    Keys(u"⎈2");
     EXPECT_EQ(grid.currentIndex().siblingAtColumn(SheetModel::Nip).data(), selected);
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
     EXPECT_TRUE(desk.Said("lblCounts").contains(u" 1 masuk "_s)) << "the rows are filled again";
@@ -291,8 +290,7 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmp
     for (const int column :
          {SheetModel::Status, SheetModel::TimeIn, SheetModel::Hours, SheetModel::OvertimeHours})
         Q_EMIT grid.horizontalHeader()->sectionPressed(column);
-    KeyboardUser::Press(Qt::Key_1, Qt::ControlModifier);
-    KeyboardUser::Press(Qt::Key_0, Qt::ControlModifier);
+    Keys(u"⎈1⎈0");
     EXPECT_TRUE(desk.dialogs.texts.isEmpty()) << desk.dialogs.Last().toStdString();
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
 }
@@ -311,7 +309,7 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
         nextRefresh();
     EXPECT_EQ(desk.dialogs.texts.size(), 1);
     // The user's own refresh is told, and opens no entry window with a date that could not be read.
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     EXPECT_EQ(desk.dialogs.texts.size(), 2);
     EXPECT_EQ(desk.Cell(2, SheetModel::Status), u"IN"_s);
@@ -331,7 +329,7 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
     desk.clock.now += Seconds{5};
     desk.Tick();
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     QApplication::processEvents();
     EXPECT_EQ(desk.dialogs.texts.size(), 4);
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
@@ -365,7 +363,7 @@ TEST(frmMain, TheClockRunsOnWhileItsFailureIsShown) {
         desk.clock.now = Moment(u"2026-11-22 07:58:40");
         EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return clock.text() == u"07:58:40-0"_s; }));
         EXPECT_EQ(KeyboardUser::InFront(), &box) << "the next failure is not told on top";
-        KeyboardUser::Press(Qt::Key_Return);
+        Keys(u"⏎");
     });
     desk.clock.now = Moment(u"2026-11-22 07:58:30");
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return desk.user.IsDone(); }));
@@ -388,7 +386,7 @@ TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
     const auto guard = static_cast<GuardedApplication*>(qApp)->ReportTo(desk.program);
     desk.window->SetAdminMode(true);
     desk.Part<QPushButton>("cmdButtons_2").setFocus();
-    KeyboardUser::Press(Qt::Key_Space);
+    Keys(u" ");
     EXPECT_TRUE(desk.dialogs.Last().contains(u"escaped"_s));
     EXPECT_TRUE(desk.IsLogged("Sub/Function: QPushButton.KeyRelease"));
     EXPECT_TRUE(desk.window->isVisible());
@@ -416,7 +414,7 @@ TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
     EXPECT_EQ(ReadSheetCards(desk.Db(), u"T20261122"_s).size(), 1U);
 
     sheet.setText(u"T20261122-'or'1'='1"_s);
-    KeyboardUser::Press(Qt::Key_F2);
+    Keys(u"②");
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     EXPECT_TRUE(desk.dialogs.Last().contains(u"Perintah database ditolak"_s));
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
@@ -437,6 +435,6 @@ TEST(frmMain, ADayThatTheMonthLacksLeavesEveryTabToBeChosen) {
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(29).center());
     EXPECT_EQ(sheet.text(), u"T20261130"_s);
     tabs.setFocus();
-    KeyboardUser::Press(Qt::Key_Left);
+    Keys(u"←");
     EXPECT_EQ(sheet.text(), u"T20261129"_s);
 }

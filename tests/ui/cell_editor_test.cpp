@@ -101,14 +101,14 @@ TEST(CellEditor, OpensOnTheKeysThatBeginAText) {
         {'{', true}, {' ', false}, {'.', false}, {'/', false}, {'[', false}, {'_', false}, {'+', false}};
     for (const auto& [key, opens] : keys) {
         Host host;
-        KeyboardUser::Type(QString(QLatin1Char(key)));
+        Keys(QString(QLatin1Char(key)));
         EXPECT_EQ(host.Text1().isVisible(), opens) << key;
         if (opens) {
             EXPECT_EQ(host.Text1().text(), QString(QLatin1Char(key))) << "in place of what the cell held";
             EXPECT_EQ(host.Text1().geometry(), host.Cell());
             EXPECT_TRUE(host.Text1().hasFocus());
         }
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
         EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"old"_s) << key;
     }
 }
@@ -117,49 +117,47 @@ TEST(CellEditor, DoesNotOpenOnFixedAndLockedCellsNorOnCommands) {
     Host host;
     for (const int column : {0, static_cast<int>(Host::Locked)}) {
         host.Go(0, column);
-        KeyboardUser::Type(u"a"_s);
-        KeyboardUser::Press(Qt::Key_F2);
+        Keys(u"a②");
         EXPECT_TRUE(host.Text1().isHidden()) << column;
     }
     host.Go(0, Host::Plain);
-    KeyboardUser::Press(Qt::Key_A, Qt::ControlModifier);
+    Keys(u"⎈a");
     EXPECT_TRUE(host.Text1().isHidden());
-    KeyboardUser::Press(Qt::Key_Delete); // of all rows
+    Keys(u"⌦"); // of all rows
     EXPECT_EQ(host.deleted, QList<int>());
-    Keys(u"→⌦"_s);
+    Keys(u"→⌦");
     EXPECT_EQ(host.deleted, QList<int>{0});
 }
 
 TEST(CellEditor, SavesARowOnceWhenTheCursorLeavesIt) {
     Host host;
-    KeyboardUser::Type(u"new"_s);
+    Keys(u"new");
     for (const Qt::Key key : {Qt::Key_PageUp, Qt::Key_PageDown})
         KeyboardUser::Press(key); // what is typed stays where it is
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"new"_s);
     EXPECT_TRUE(host.Text1().isHidden());
     EXPECT_TRUE(host.grid->hasFocus());
-    Keys(u"→x⏎"_s);
+    Keys(u"→x⏎");
     EXPECT_TRUE(host.editor->RowDirty());
     EXPECT_TRUE(host.saved.isEmpty()) << "the cursor has not left the row";
-    KeyboardUser::Press(Qt::Key_Down);
+    Keys(u"↓");
     EXPECT_EQ(host.saved, QList<int>{0});
     EXPECT_FALSE(host.editor->RowDirty());
-    KeyboardUser::Press(Qt::Key_Left);
-    KeyboardUser::Press(Qt::Key_Return); // opens with what the cell holds
+    Keys(u"←⏎"); // opens with what the cell holds
     EXPECT_EQ(host.Text1().selectedText(), u"old"_s);
-    Keys(u"⏎↓"_s);
+    Keys(u"⏎↓");
     EXPECT_EQ(host.saved, QList<int>{0}) << "an unchanged text leaves the row as it was";
 }
 
 TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
     const std::pair<const char*, std::function<void(Host&)>> ways[] = {
-        {"Esc", [](Host&) { KeyboardUser::Press(Qt::Key_Escape); }},
+        {"Esc", [](Host&) { Keys(u"⎋"); }},
         {"erased",
          [](Host& host) {
-             Keys(u"⌫cd"_s);
+             Keys(u"⌫cd");
              EXPECT_EQ(host.Text1().text(), u"cd"_s);
-             Keys(u"⌫⌫⏎"_s);
+             Keys(u"⌫⌫⏎");
          }},
         {"scrolled", [](Host& host) { host.grid->verticalScrollBar()->setValue(5); }},
         {"focus lost", [](Host& host) { host.elsewhere->setFocus(); }},
@@ -167,7 +165,7 @@ TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
     for (const auto& [way, act] : ways) {
         Host host;
         host.Go(0, Host::Picked);
-        KeyboardUser::Type(u"b"_s);
+        Keys(u"b");
         act(host);
         EXPECT_TRUE(host.Text1().isHidden()) << way;
         EXPECT_TRUE(host.CmdLov().isHidden()) << way;
@@ -181,7 +179,7 @@ TEST(CellEditor, StoresOnlyListedCodes) {
     host.Go(0, Host::Code);
     EXPECT_TRUE(host.CmdLov().isVisible());
     EXPECT_EQ(host.CmdLov().geometry().topLeft(), host.Cell().topRight() + QPoint(1, 0));
-    Keys(u"zz⏎"_s);
+    Keys(u"zz⏎");
     EXPECT_EQ(host.pickedUnder, QList<QRect>{host.Cell()}) << "an unknown code opens the pick list";
     EXPECT_EQ(host.reasons, QStringList{u"Kode zz tidak dikenal."_s});
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"A"_s);
@@ -191,11 +189,11 @@ TEST(CellEditor, StoresOnlyListedCodes) {
     EXPECT_TRUE(host.editor->RowDirty());
 
     host.failing = true;
-    Keys(u"a⏎"_s);
+    Keys(u"a⏎");
     EXPECT_EQ(host.dialogs.texts.size(), 1);
     EXPECT_EQ(host.Text1().text(), u"a"_s) << "what was typed stays when the check fails";
     host.conflicting = true;
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_TRUE(host.Text1().isHidden()) << "but for a conflict, whose row is to be seen";
     EXPECT_EQ(host.sheet.Text(0, Host::Code), u"TL"_s);
 }
@@ -203,22 +201,22 @@ TEST(CellEditor, StoresOnlyListedCodes) {
 TEST(CellEditor, ShowsTheListOnItsColumnsOnlyAndShowsWhatWasPickedThere) {
     Host host;
     EXPECT_TRUE(host.CmdLov().isHidden());
-    KeyboardUser::Press(Qt::Key_F9);
+    Keys(u"⑨");
     EXPECT_TRUE(host.pickedUnder.isEmpty());
     host.Go(0, Host::Picked);
     EXPECT_TRUE(host.CmdLov().isVisible());
-    KeyboardUser::Press(Qt::Key_Down, Qt::AltModifier);
+    Keys(u"⎇↓");
     EXPECT_EQ(host.reasons, QStringList{QString()}) << "asked for";
     host.editor->TakePicked(u"TL"_s);
     EXPECT_EQ(host.Text1().text(), u"TL"_s);
     EXPECT_EQ(host.sheet.Text(0, Host::Picked), QString()) << "not before it is entered";
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(host.sheet.Text(0, Host::Picked), u"TL"_s);
 }
 
 TEST(CellEditor, StaysOverItsCellWhenColumnsMove) {
     Host host;
-    KeyboardUser::Type(u"a"_s);
+    Keys(u"a");
     host.grid->horizontalHeader()->resizeSection(Host::Code, 170);
     EXPECT_EQ(host.Text1().geometry(), host.Cell());
     host.grid->horizontalHeader()->moveSection(Host::Plain, 1);
@@ -228,13 +226,13 @@ TEST(CellEditor, StaysOverItsCellWhenColumnsMove) {
 TEST(CellEditor, ARowThatCouldNotBeSavedStaysMarkedUntilItIs) {
     Host host;
     host.failing = true;
-    Keys(u"new⏎↓"_s);
+    Keys(u"new⏎↓");
     EXPECT_EQ(host.dialogs.texts.size(), 1);
     EXPECT_TRUE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
     host.failing = false;
-    KeyboardUser::Press(Qt::Key_Up);
+    Keys(u"↑");
     EXPECT_TRUE(host.editor->RowDirty());
-    KeyboardUser::Press(Qt::Key_Down);
+    Keys(u"↓");
     EXPECT_EQ(host.saved, (QList<int>{0, 0}));
     EXPECT_FALSE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
 }
@@ -249,7 +247,7 @@ TEST(CellEditor, AsksBeforeUnsavedRowsAreThrownAway) {
         Host host;
         EXPECT_TRUE(host.editor->MayLeave());
         EXPECT_TRUE(host.dialogs.questions.isEmpty());
-        Keys(u"new⏎"_s);
+        Keys(u"new⏎");
         host.failing = failing;
         host.dialogs.answers = {answer};
         EXPECT_EQ(host.editor->MayLeave(), leaves);

@@ -15,7 +15,7 @@ TEST(WorkProgress, LetsTheUserStopLongWorkAndNothingElse) {
     QLineEdit field(&window);
     window.show();
     KeyboardUser user;
-    user.WhenIn(u"WorkProgress"_s, [](QWidget&) { KeyboardUser::Press(Qt::Key_Escape); });
+    user.WhenIn(u"WorkProgress"_s, [](QWidget&) { Keys(u"⎋"); });
     const QDeadlineTimer patience(10000);
     bool stopped = false;
     {
@@ -74,7 +74,7 @@ TEST(TextViewer, ShowsTheFileAsItStandsAndStaysWhenTheWindowBelowIsLeft) {
             << "columns stand in line";
     viewer->activateWindow();
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return viewer->isActiveWindow(); }));
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_TRUE(KeyboardUser::WaitUntil([&] { return viewer.isNull(); }));
     EXPECT_THROW(TextViewer(folder.filePath(u"gone.txt"_s), nullptr), std::runtime_error);
 }

@@ -48,22 +48,22 @@ TEST(PickList, TypingFiltersKeysWalkEnterTakesTheRowAndEscapeNothing) {
     OpenList open;
     open.Show();
     const auto& grid = Part<QTableView>(*open.list, "grdList");
-    KeyboardUser::Type(u"genap"_s);
+    Keys(u"genap");
     EXPECT_EQ(grid.model()->rowCount(), 15);
-    KeyboardUser::Type(u" 30"_s);
+    Keys(u" 30");
     EXPECT_EQ(grid.model()->rowCount(), 1);
-    KeyboardUser::Type(u"x"_s);
+    Keys(u"x");
     EXPECT_EQ(grid.model()->rowCount(), 0);
-    KeyboardUser::Press(Qt::Key_Return);
+    Keys(u"⏎");
     EXPECT_EQ(open.closed, 0);
-    KeyboardUser::Press(Qt::Key_Escape);
+    Keys(u"⎋");
     EXPECT_EQ(open.closed, 1);
     EXPECT_FALSE(open.list->ItemSelected());
     EXPECT_TRUE(open.picked.isEmpty());
 
     open.Show();
     EXPECT_EQ(grid.model()->rowCount(), 30);
-    Keys(u"↓↓↑⏎"_s);
+    Keys(u"↓↓↑⏎");
     EXPECT_TRUE(open.list->ItemSelected());
     EXPECT_EQ(open.anchor, open.field);
     EXPECT_EQ(open.picked.value(u"NIP"_s).toString(), u"102"_s);
@@ -88,7 +88,7 @@ TEST(PickList, OpenedByItselfItSaysWhyAndTakesNothingUntilARowIsChosen) {
         EXPECT_EQ(reason.text(), open.list->Reason);
         Keys(keys);
         EXPECT_EQ(open.closed, picked.isEmpty() ? 0 : 1) << keys.toStdString();
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
         EXPECT_EQ(open.picked.value(u"NIP"_s).toString(), picked) << keys.toStdString();
     }
 }
@@ -130,7 +130,7 @@ TEST(PickList, StaysOnTheScreenBesideItsEdgeAndWithLongTexts) {
         open.window.move(room.bottomRight());
         open.Show();
         EXPECT_TRUE(room.contains(open.list->geometry())) << name.size();
-        KeyboardUser::Press(Qt::Key_Escape);
+        Keys(u"⎋");
         open.closed = 0;
     }
 }
