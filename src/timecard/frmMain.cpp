@@ -296,9 +296,7 @@ std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
         return std::nullopt;
     sheetIdentifier_ = ui_->boxSheet->Sheet();
     if (!IsSheetIdentifier(sheetIdentifier_)) {
-        program_.dialogs.Warn(
-            u"\"%1\" bukan kode lembar absen, jadi tidak ada absen yang dicatat.\nPilih "
-            "tanggal lembar, atau minta supervisor membetulkan kode itu."_s.arg(sheetIdentifier_));
+        WarnNoSheet(u"absen yang dicatat"_s);
         return std::nullopt;
     }
     // The date that the window shows may be that of another sheet, or older than another desk's recording: it
@@ -306,6 +304,12 @@ std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
     if (!RefreshSheet(Cause::User) || sheet_.IsClosed())
         return std::nullopt;
     return ClockEntry{sheetIdentifier_, sheetDate_, mode, program_.clock.Now()};
+}
+
+void frmMain::WarnNoSheet(const QString& undone) {
+    program_.dialogs.Warn(
+        u"\"%1\" bukan kode lembar absen, jadi tidak ada %2.\nPilih tanggal lembar, atau minta supervisor "
+        "membetulkan kode itu."_s.arg(ui_->boxSheet->Sheet(), undone));
 }
 
 bool frmMain::ConfirmDay() {
@@ -340,6 +344,10 @@ void frmMain::ChangeSheet(bool close) {
     const QString sheet = ui_->boxSheet->Sheet();
     if (sheet.isEmpty())
         return;
+    if (!IsSheetIdentifier(sheet)) {
+        WarnNoSheet(close ? u"lembar yang ditutup"_s : u"lembar yang dibuka"_s);
+        return;
+    }
     const bool written = Trapped(program_, u"ChangeSheet"_s, [&] {
         close ? CloseSheet(program_.Db(), sheet) : ReopenSheet(program_.Db(), sheet);
     });

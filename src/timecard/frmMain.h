@@ -73,6 +73,8 @@ private:
     /// Asks whether an arrival belongs on the sheet of a day that has gone by; false when it was called off.
     bool ConfirmDay();
     void ChangeSheet(bool close);
+    /// Says that the identifier is no sheet's, and what was not done therefore.
+    void WarnNoSheet(const QString& undone);
     void LoadEmployees(const QString& sortClause);
     /// False when it failed; the user is told.
     bool RefreshSheet(Cause cause);

@@ -408,6 +408,13 @@ TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
             EXPECT_TRUE(desk.dialogs.Last().startsWith(u"\"%1\" bukan kode lembar absen"_s.arg(typed)));
         }
     }
+    for (const auto& [entry, undone] : {std::pair{u"Tutup Lembar ini"_s, u"ditutup"_s},
+                                        std::pair{u"Buka lagi lembar ini"_s, u"dibuka"_s}}) {
+        desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+        desk.ChooseFromMenu(entry);
+        EXPECT_TRUE(desk.dialogs.Last().startsWith(
+            u"\"T2026112\" bukan kode lembar absen, jadi tidak ada lembar yang %1."_s.arg(undone)));
+    }
     TypeOver(sheet, u"t20261122-b"_s);
     EXPECT_EQ(sheet.text(), u"T20261122-B"_s);
     EXPECT_TRUE(ReadSheetCards(desk.Db(), u"T202611"_s).empty());
