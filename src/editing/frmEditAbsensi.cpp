@@ -32,24 +32,10 @@ constexpr QSize FirstSize(1280, 680);
 constexpr qsizetype MostCardsUnasked = 10'000;
 
 /// The widths of the columns, as texts that they hold in full.
-const QStringList Samples{u"000000"_s,
-                          u"MMM"_s,
-                          u"00000000"_s,
-                          u"Muhammad Rama"_s,
-                          u"Keterangan ini"_s,
-                          u"MMMM"_s,
-                          u"T202611220012"_s,
-                          u"MMM"_s,
-                          u"22-Nov-2026"_s,
-                          u"00:00:00"_s,
-                          u"22-Nov-2026 00:00:00"_s,
-                          u"22-Nov-2026 00:00:00"_s,
-                          u"22-Nov-2026 00:00:00"_s,
-                          u"False"_s,
-                          u"00.00"_s,
-                          u"00.00"_s,
-                          u"0000000.00"_s,
-                          u"0000000.00"_s};
+const QStringList Samples =
+    u"000000|MMM|00000000|Muhammad Rama|Keterangan ini|MMMM|T202611220012|MMM|22-Nov-2026|00:00:00|"
+    "22-Nov-2026 00:00:00|22-Nov-2026 00:00:00|22-Nov-2026 00:00:00|False|00.00|00.00|0000000.00|"
+    "0000000.00"_s.split(u'|');
 
 } // namespace
 
@@ -67,7 +53,9 @@ frmEditAbsensi::frmEditAbsensi(Program& program, const b_form_skin::Backgrounds&
     RestorePlace(*this, FirstSize);
 }
 
-frmEditAbsensi::~frmEditAbsensi() = default;
+frmEditAbsensi::~frmEditAbsensi() {
+    LeaveControls(*this);
+}
 
 void frmEditAbsensi::ConnectControls() {
     for (Criterion& criterion : criteria_)
@@ -297,22 +285,19 @@ void frmEditAbsensi::cmdPrintGrid_Click() {
 }
 
 void frmEditAbsensi::cmdPrintTCID_Click() {
-    Print(u"cmdPrintTCID_Click"_s,
-          [at = PrintedAt()](const FoundRows& rows, const LineSink& sink, const Progress& progress) {
-              return SheetPrint(rows, at, sink, progress);
-          });
+    PrintMatrix(u"cmdPrintTCID_Click"_s, SheetPrint);
 }
 
 void frmEditAbsensi::cmdPrintNIK_Click() {
-    Print(u"cmdPrintNIK_Click"_s,
-          [at = PrintedAt()](const FoundRows& rows, const LineSink& sink, const Progress& progress) {
-              return EmployeePrint(rows, at, sink, progress);
-          });
+    PrintMatrix(u"cmdPrintNIK_Click"_s, EmployeePrint);
 }
 
-QString frmEditAbsensi::PrintedAt() const {
+void frmEditAbsensi::PrintMatrix(const QString& procedure, const DatedPrint& print) {
     const WallTime now = program_.clock.Now();
-    return u"Dicetak: %1 %2"_s.arg(ShownDay(DayOf(now)), ShownMinute(now));
+    const QString printedAt = u"Dicetak: %1 %2"_s.arg(ShownDay(DayOf(now)), ShownMinute(now));
+    Print(procedure, [=](const FoundRows& rows, const LineSink& sink, const Progress& progress) {
+        return print(rows, printedAt, sink, progress);
+    });
 }
 
 /// What is printed is what the search finds now, whether or not it was fetched for the grid.

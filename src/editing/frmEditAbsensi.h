@@ -43,6 +43,8 @@ private:
         bool valid = true;
     };
     using ResultPrint = std::function<bool(const FoundRows&, const LineSink&, const Progress&)>;
+    using DatedPrint =
+        std::function<bool(const FoundRows&, const QString& printedAt, const LineSink&, const Progress&)>;
 
     void ConnectControls();
     void SetUpGrid();
@@ -72,7 +74,7 @@ private:
     /// Asks what becomes of unsaved rows; after that there are none. False: everything stays.
     bool SettleRows();
     void Print(const QString& procedure, const ResultPrint& print);
-    QString PrintedAt() const;
+    void PrintMatrix(const QString& procedure, const DatedPrint& print);
     void TellLater(const std::exception_ptr& failure);
     QString Filter() const;
     void ShowState(const QString& done = {});

@@ -6,6 +6,7 @@
 #include "timecard/frmAED_Absen.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
+#include "ui/typing.h"
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
 
@@ -84,9 +85,7 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
 }
 
 frmMain::~frmMain() {
-    // The field that has the focus loses it while the window goes, when there is nothing left to answer with.
-    for (QObject* control : findChildren<QObject*>())
-        control->disconnect(this);
+    LeaveControls(*this);
 }
 
 void frmMain::ConnectControls() {

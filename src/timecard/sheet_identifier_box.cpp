@@ -22,9 +22,7 @@ SheetIdentifierBox::SheetIdentifierBox(QWidget* parent)
 }
 
 SheetIdentifierBox::~SheetIdentifierBox() {
-    // The field that has the focus loses it while the box goes, when there is nothing left to answer with.
-    for (QObject* control : findChildren<QObject*>())
-        control->disconnect(this);
+    LeaveControls(*this);
 }
 
 void SheetIdentifierBox::Connect(Program& program, DayTabs& tabs) {

@@ -13,3 +13,8 @@ void TypeUpperCase(QLineEdit& field) {
         field.setCursorPosition(cursor);
     });
 }
+
+void LeaveControls(QWidget& window) {
+    for (QObject* control : window.findChildren<QObject*>())
+        control->disconnect(&window);
+}

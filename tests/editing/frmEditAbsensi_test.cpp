@@ -78,6 +78,10 @@ TEST(frmEditAbsensi, SearchesWithEnterFromEveryBox) {
     EXPECT_EQ(search.Said("txtTCID"), u"T2025"_s) << "in place of the text before";
     Keys(u"⎋");
     EXPECT_EQ(frmEditAbsensi(search.program, search.skin, nullptr).size(), QSize(900, 500));
+    search.window->show();
+    KeyboardUser::Type(u"'"_s);
+    search.window.reset();
+    EXPECT_EQ(search.dialogs.texts.size(), 1) << "a window that goes checks nothing more";
 }
 
 TEST(frmEditAbsensi, TypedRowsAreSettledBeforeAnythingIsDoneWithTheResult) {
