@@ -1,6 +1,7 @@
 #include "editing/attendance_model.h"
 
 #include "core/status_codes.h"
+#include "core/typed_date.h"
 
 #include <algorithm>
 
@@ -8,8 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString CardText(const AttendanceRecord& record, int column) {
-    const auto minute = [](const auto& time) { return time ? ShownMinute(*time) : QString(); };
+QString CardText(const AttendanceRecord& record, Day day, int column) {
+    const auto minute = [day](const auto& time) {
+        const bool nextDay = time && DayOf(*time) == day + std::chrono::days{1};
+        return time ? ShownMinute(*time) + (nextDay ? NextDaySign.toString() : QString()) : QString();
+    };
     switch (column) {
     case AttendanceModel::TimeIn:
         return minute(record.timeIn);
@@ -110,5 +114,5 @@ QString AttendanceModel::Text(int row, int column) const {
     }
     const Place place = PlaceOf(row);
     const AttendanceRecord* record = attendance_.Find(place.day, place.employee);
-    return record ? CardText(*record, column) : QString();
+    return record ? CardText(*record, place.day, column) : QString();
 }

@@ -1,6 +1,7 @@
 #include "editing/attendance_print.h"
 
 #include "core/text_table.h"
+#include "core/typed_date.h"
 #include "editing/attendance_model.h"
 #include "reports/report_cells.h"
 
@@ -44,7 +45,10 @@ bool PrintAttendance(const QAbstractItemModel& rows, const QString& periodLine, 
         line.truncate(0);
         for (const auto& [column, width] : PrintedColumns) {
             line += u'|';
-            modGeneral::AppendCellText(line, rows.index(row, column).data().toString(), width);
+            QString text = rows.index(row, column).data().toString();
+            if (column == AttendanceModel::TimeIn || column == AttendanceModel::TimeOut)
+                text.remove(NextDaySign.toString()); // there is room for the clock alone
+            modGeneral::AppendCellText(line, text, width);
         }
         sink(line);
     }

@@ -91,8 +91,8 @@ void frmAbsensi::SetUpGrid() {
                                                {AttendanceModel::Dept, u"MMMM"_s},
                                                {AttendanceModel::Divisi, u"MMMM"_s},
                                                {AttendanceModel::Tanggal, u"00-MMM-0000"_s},
-                                               {AttendanceModel::TimeIn, u"00:00"_s},
-                                               {AttendanceModel::TimeOut, u"00:00"_s},
+                                               {AttendanceModel::TimeIn, u"00:00 (+1)"_s},
+                                               {AttendanceModel::TimeOut, u"00:00 (+1)"_s},
                                                {AttendanceModel::Status, u"MMMM"_s},
                                                {AttendanceModel::Tcid, u"T00000000-00000"_s}};
     for (const auto& [column, sample] : samples)

@@ -87,7 +87,7 @@ TEST_F(AttendanceTest, EveryEmployeeOnEveryDayDaysOutermost) {
     EXPECT_EQ(model.RowOf({u"0012"_s, On(u"2026-03-08")}), -1);
     Run(u"DELETE FROM TimeCardDetail WHERE TCID='T20260305-W0012'"_s);
     Refresh({u" 0012 "_s, {}, {}, {}}); // from the earliest to the latest day of this employee
-    EXPECT_EQ(Shown({Tanggal, TimeIn, TimeOut}), QStringList{u"05-Mar-2026|07:45|00:00"_s});
+    EXPECT_EQ(Shown({Tanggal, TimeIn, TimeOut}), QStringList{u"05-Mar-2026|07:45|00:00 (+1)"_s});
 }
 
 TEST_F(AttendanceTest, CriteriaChooseEmployeesAndDays) {
@@ -264,7 +264,8 @@ TEST_F(AttendanceTest, WhatAnotherDeskWroteIsNotOverwritten) {
 
 TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
     AddEmployee(u"123456789"_s, u"Abdurrahman Wahid Hasyim"_s, u"x"_s, u"PRODUKSI1"_s);
-    AddCard(u"T20261120123456789"_s, u"123456789"_s, u"IN"_s, u"2026-11-20"_s, u"2026-11-20 07:05:00"_s);
+    AddCard(u"T20261120123456789"_s, u"123456789"_s, u"IN"_s, u"2026-11-20"_s, u"2026-11-20 07:05:00"_s,
+            u"2026-11-21 00:10:00"_s);
     Run(u"UPDATE TimeCardHeader SET Keterangan='Lupa absen —\né dan lagi sampai lebih dari tiga puluh'"_s);
     const DayRange range{On(u"2026-11-20"), On(u"2026-11-20")};
     Refresh({u"123456789"_s, {}, {}, range});
@@ -278,7 +279,7 @@ TEST_F(AttendanceTest, PrintsFixedColumnsUnderThePeriod) {
                      u"|NIP     |Nama                |Dept    |Divisi  |TimeIN |TimeOUT|Status "
                      "|Keterangan"_s,
                      rule,
-                     u"|12345678|Abdurrahman Wahid Ha|PRODUKSI|        |07:05  |       |IN     |Lupa absen "
+                     u"|12345678|Abdurrahman Wahid Ha|PRODUKSI|        |07:05  |00:10  |IN     |Lupa absen "
                      "— é dan lagi sampai"_s,
                      rule}));
     EXPECT_EQ(ListedPeriod(range, {}), u"Tanggal: 20-Nov-2026"_s);
