@@ -13,18 +13,11 @@ Connection::~Connection() {
 }
 
 Cursor Connection::Query(const QString& statement, const QVariantList& values) {
-    QSqlQuery query = Prepared(engine_->Translate(statement));
-    for (const QVariant& value : values)
-        query.addBindValue(value);
-    Run(query);
-    return Cursor(std::move(query), *engine_);
+    return Cursor(Ran(engine_->Translate(statement), values), *engine_);
 }
 
 int Connection::Execute(const QString& statement, const QVariantList& values) {
-    QSqlQuery query = Prepared(engine_->Translate(statement));
-    for (const QVariant& value : values)
-        query.addBindValue(value);
-    Run(query);
+    const QSqlQuery query = Ran(engine_->Translate(statement), values);
     ++ownChanges_;
     return query.numRowsAffected();
 }
@@ -47,15 +40,12 @@ void Connection::ExecuteMany(const QString& statement, const QList<QVariantList>
 }
 
 void Connection::ExecuteNative(const QString& statement) {
-    QSqlQuery query = Prepared(statement);
-    Run(query);
+    Ran(statement);
     ++ownChanges_;
 }
 
 Cursor Connection::QueryNative(const QString& statement) {
-    QSqlQuery query = Prepared(statement);
-    Run(query);
-    return Cursor(std::move(query), *engine_);
+    return Cursor(Ran(statement), *engine_);
 }
 
 ChangeStamp Connection::Changes() {
@@ -86,9 +76,13 @@ void Connection::RunTransaction(const std::function<void()>& work) {
     rollBack.dismiss();
 }
 
+void Connection::RestorePatience() noexcept {
+    QSqlQuery query(database_);
+    query.exec(engine_->PatienceStatement(DefaultPatience));
+}
+
 void Connection::SetPatience(std::chrono::milliseconds patience) {
-    QSqlQuery query = Prepared(engine_->PatienceStatement(patience));
-    Run(query);
+    Ran(engine_->PatienceStatement(patience));
 }
 
 QSqlQuery Connection::Prepared(const QString& nativeStatement) {
@@ -99,17 +93,15 @@ QSqlQuery Connection::Prepared(const QString& nativeStatement) {
     return query;
 }
 
+QSqlQuery Connection::Ran(const QString& nativeStatement, const QVariantList& values) {
+    QSqlQuery query = Prepared(nativeStatement);
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    Run(query);
+    return query;
+}
+
 void Connection::Run(QSqlQuery& query) const {
     if (!query.exec())
         throw DatabaseError(engine_->Describe(query.lastError()));
-}
-
-ShortPatience::ShortPatience(Connection& connection, std::chrono::milliseconds patience)
-    : connection_(connection) {
-    connection_.SetPatience(patience);
-}
-
-ShortPatience::~ShortPatience() {
-    QSqlQuery query(connection_.database_);
-    query.exec(connection_.engine_->PatienceStatement(DefaultPatience));
 }

@@ -71,12 +71,13 @@ public:
 
     /// How long statements wait for another program's lock before they fail; DefaultPatience at first.
     void SetPatience(std::chrono::milliseconds patience);
+    /// Back to DefaultPatience, if the engine will.
+    void RestorePatience() noexcept;
 
 private:
-    friend class ShortPatience;
-
     void RunTransaction(const std::function<void()>& work);
     QSqlQuery Prepared(const QString& nativeStatement);
+    QSqlQuery Ran(const QString& nativeStatement, const QVariantList& values = {});
     void Run(QSqlQuery& query) const;
 
     std::unique_ptr<Engine> engine_;
@@ -86,16 +87,4 @@ private:
     std::unique_ptr<QSqlQuery> foreignChanges_;
     qint64 ownChanges_ = 0;
     bool inTransaction_ = false;
-};
-
-/// Lets statements wait less for other programs' locks, for as long as the object lives.
-class ShortPatience {
-public:
-    ShortPatience(Connection& connection, std::chrono::milliseconds patience);
-    ~ShortPatience();
-    ShortPatience(const ShortPatience&) = delete;
-    ShortPatience& operator=(const ShortPatience&) = delete;
-
-private:
-    Connection& connection_;
 };

@@ -23,7 +23,3 @@ QStringList Cursor::ColumnNames() const {
 int Cursor::ColumnOf(const QString& name) const {
     return query_.record().indexOf(name);
 }
-
-std::optional<WallTime> Cursor::Time(int column) const {
-    return ReadStored(Text(column));
-}

@@ -6,7 +6,9 @@
 #include <QStringList>
 
 #include <optional>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 class Connection;
 class Engine;
@@ -24,7 +26,15 @@ public:
     /// The text of a field, "" for null.
     QString Text(int column) const { return query_.value(column).toString(); }
     /// The moment that a field holds; nothing when it is null or no date.
-    std::optional<WallTime> Time(int column) const;
+    std::optional<WallTime> Time(int column) const { return ReadStored(Text(column)); }
+    /// What `make` gives for each of the rows that are left.
+    template<class Make>
+    auto All(Make make) {
+        std::vector<std::invoke_result_t<Make, const Cursor&>> all;
+        while (Next())
+            all.push_back(make(*this));
+        return all;
+    }
 
 private:
     friend class Connection;

@@ -1,7 +1,5 @@
 #include "database/sqlite_engine.h"
 
-#include "database/file_lookup.h"
-#include "database/sqlite_dialect.h"
 #include "database/sqlite_schema.h"
 
 #include <QDir>
@@ -10,50 +8,31 @@
 #include <QUrl>
 #include <QUuid>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int Corrupt = 11;
+constexpr int CantOpen = 14;
 /// The engine's result codes that the user can do something about.
-enum ResultCode {
-    Busy = 5,
-    Locked = 6,
-    ReadOnly = 8,
-    InputOutput = 10,
-    Corrupt = 11,
-    Full = 13,
-    CantOpen = 14,
-    Constraint = 19,
-    NotADatabase = 26
-};
+constexpr std::pair<int, ErrorKind> Kinds[] = {
+    {5, ErrorKind::Locked}, // by another program
+    {6, ErrorKind::Locked}, // by another statement
+    {8, ErrorKind::ReadOnly},   {10, ErrorKind::ReadOrWrite},      {Corrupt, ErrorKind::Damaged},
+    {13, ErrorKind::DiskFull},  {CantOpen, ErrorKind::CannotOpen}, {19, ErrorKind::Constraint},
+    {26, ErrorKind::NoDatabase}};
 
 /// The engine's extended code for a file that it has open, but that no longer stands under its name.
-constexpr int FileMoved = ReadOnly | (4 << 8);
+constexpr int FileMoved = 8 | (4 << 8);
 
 ErrorKind KindOf(int code) {
     if (code == FileMoved)
         return ErrorKind::FileMoved;
-    switch (code & 0xFF) {
-    case Busy:
-    case Locked:
-        return ErrorKind::Locked;
-    case ReadOnly:
-        return ErrorKind::ReadOnly;
-    case InputOutput:
-        return ErrorKind::ReadOrWrite;
-    case Corrupt:
-        return ErrorKind::Damaged;
-    case Full:
-        return ErrorKind::DiskFull;
-    case CantOpen:
-        return ErrorKind::CannotOpen;
-    case Constraint:
-        return ErrorKind::Constraint;
-    case NotADatabase:
-        return ErrorKind::NoDatabase;
-    default:
-        return ErrorKind::Failed;
-    }
+    const auto* found = std::ranges::find(Kinds, code & 0xFF, &std::pair<int, ErrorKind>::first);
+    return found == std::end(Kinds) ? ErrorKind::Failed : found->second;
 }
 
 /// An URI, because only there can the engine be told not to create a missing file.
@@ -92,10 +71,6 @@ QSqlError Prepare(QSqlQuery& query, const Engine& engine, const QString& path) {
 
 } // namespace
 
-QString SqliteEngine::FileAt(const QString& path) const {
-    return FindFile(path);
-}
-
 QSqlDatabase SqliteEngine::Open(const QString& path) const {
     const QString file = FileAt(path);
     if (file.isEmpty()) {
@@ -127,30 +102,10 @@ QSqlDatabase SqliteEngine::Open(const QString& path) const {
     return database;
 }
 
-QString SqliteEngine::Translate(const QString& statement) const {
-    return ToSqlite(statement);
-}
-
 DatabaseFailure SqliteEngine::Describe(const QSqlError& error) const {
     const int code = error.nativeErrorCode().toInt();
     const QString native = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     return {code == 0 ? 1 : code, u"SQLite"_s, native, KindOf(code), {native}};
-}
-
-QString SqliteEngine::BeginStatement() const {
-    return u"BEGIN IMMEDIATE"_s;
-}
-
-QString SqliteEngine::CommitStatement() const {
-    return u"COMMIT"_s;
-}
-
-QString SqliteEngine::RollbackStatement() const {
-    return u"ROLLBACK"_s;
-}
-
-QString SqliteEngine::ForeignChangesQuery() const {
-    return u"PRAGMA data_version"_s;
 }
 
 QString SqliteEngine::PatienceStatement(std::chrono::milliseconds patience) const {

@@ -40,8 +40,7 @@ QStringList FirstStep() {
     return {
         u"CREATE TABLE timecardmaster (TCID TEXT NOT NULL PRIMARY KEY, Status SMALLINT) WITHOUT ROWID"_s,
         u"CREATE TABLE TimeCardHeader (TCID TEXT NOT NULL PRIMARY KEY, NIP TEXT, Status TEXT, Keterangan "
-        u"TEXT, "
-        "NormalHours SINGLE, OTHours SINGLE, NormalAmount CURRENCY, OTAmount CURRENCY, "
+        "TEXT, NormalHours SINGLE, OTHours SINGLE, NormalAmount CURRENCY, OTAmount CURRENCY, "
         "TotalUangMakan CURRENCY) WITHOUT ROWID"_s,
         u"CREATE INDEX TimeCardHeaderNIP ON TimeCardHeader (NIP)"_s,
         u"CREATE TABLE TimeCardDetail (TCID TEXT NOT NULL, %1 NOT NULL, %2, %3, %4, %5, ShiftCode TEXT, %6, "
@@ -52,8 +51,7 @@ QStringList FirstStep() {
         u"CREATE INDEX TimeCardDetailSheet ON TimeCardDetail (substr(TCID,1,9))"_s,
         u"CREATE INDEX TimeCardDetailExtendedSheet ON TimeCardDetail (substr(TCID,1,11))"_s,
         u"CREATE TABLE Employee (NIP TEXT NOT NULL PRIMARY KEY, Nama TEXT, Dept TEXT, Divisi TEXT, PathImage "
-        u"TEXT, "
-        "GP CURRENCY, RateOT DOUBLE, TMakan DOUBLE, EmpType TEXT, sc NUMBER) WITHOUT ROWID"_s,
+        "TEXT, GP CURRENCY, RateOT DOUBLE, TMakan DOUBLE, EmpType TEXT, sc NUMBER) WITHOUT ROWID"_s,
         u"CREATE TABLE Shift (Code TEXT NOT NULL PRIMARY KEY, %1, %2) WITHOUT ROWID"_s.arg(
             TimeColumn(u"TimeIn"), TimeColumn(u"TimeOut")),
         u"CREATE TABLE ShiftEmployee (NIP TEXT NOT NULL, %1 NOT NULL, ShiftCode TEXT, "
@@ -71,10 +69,9 @@ QStringList FirstStep() {
         u"CREATE TABLE User_Job (UserID TEXT NOT NULL, GroupID TEXT NOT NULL, PRIMARY KEY (UserID, GroupID)) "
         "WITHOUT ROWID"_s,
         u"CREATE VIEW qry_TimeCardAll AS SELECT h.Status, h.NIP, e.Nama, h.Keterangan, e.Dept, h.TCID, "
-        u"e.Divisi, "
-        "d.Tanggal, d.TimeIN, d.TimeOUT, d.TimeINOT, d.TimeOutOT, d.BeriUangMakan, h.NormalHours, h.OTHours, "
-        "h.NormalAmount, h.OTAmount FROM TimeCardHeader h INNER JOIN TimeCardDetail d ON h.TCID=d.TCID "
-        "INNER JOIN Employee e ON h.NIP=e.NIP"_s,
+        "e.Divisi, d.Tanggal, d.TimeIN, d.TimeOUT, d.TimeINOT, d.TimeOutOT, d.BeriUangMakan, h.NormalHours, "
+        "h.OTHours, h.NormalAmount, h.OTAmount FROM TimeCardHeader h INNER JOIN TimeCardDetail d ON "
+        "h.TCID=d.TCID INNER JOIN Employee e ON h.NIP=e.NIP"_s,
     };
 }
 
@@ -88,12 +85,10 @@ QStringList SecondStep() {
         u"ALTER TABLE Employee ADD COLUMN IdMesin TEXT"_s,
         u"CREATE TABLE Setting (Name TEXT NOT NULL PRIMARY KEY, Value TEXT) WITHOUT ROWID"_s,
         u"CREATE TABLE EmployeePay (NIP TEXT NOT NULL, %1 NOT NULL, EmpType TEXT, GP CURRENCY, RateOT "
-        u"DOUBLE, "
-        "TMakan DOUBLE, PRIMARY KEY (NIP, Berlaku)) WITHOUT ROWID"_s.arg(DayColumn(u"Berlaku")),
+        "DOUBLE, TMakan DOUBLE, PRIMARY KEY (NIP, Berlaku)) WITHOUT ROWID"_s.arg(DayColumn(u"Berlaku")),
         u"CREATE TABLE ShiftPattern (Name TEXT NOT NULL PRIMARY KEY, Cycle TEXT NOT NULL) WITHOUT ROWID"_s,
         u"CREATE TABLE ShiftNeed (ShiftCode TEXT NOT NULL, Weekday INTEGER NOT NULL CHECK (Weekday BETWEEN 1 "
-        u"AND "
-        "7), Needed INTEGER NOT NULL, PRIMARY KEY (ShiftCode, Weekday)) WITHOUT ROWID"_s,
+        "AND 7), Needed INTEGER NOT NULL, PRIMARY KEY (ShiftCode, Weekday)) WITHOUT ROWID"_s,
     };
 }
 

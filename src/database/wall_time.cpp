@@ -8,6 +8,8 @@ using namespace std::chrono;
 
 namespace {
 
+constexpr qint64 JulianDayOfEpoch = 2440588;
+
 void AppendNumber(QString& text, unsigned value, int width) {
     std::array<char16_t, 10> digits{};
     for (int i = width - 1; i >= 0; --i) {
@@ -81,18 +83,6 @@ std::optional<Day> ReadCalendarDay(QStringView text) {
 }
 
 } // namespace
-
-Day DayOf(WallTime time) {
-    return floor<days>(time);
-}
-
-Seconds TimeOfDay(WallTime time) {
-    return time - DayOf(time);
-}
-
-WallTime TimeOnDay(Day day, Seconds timeOfDay) {
-    return day + timeOfDay;
-}
 
 std::optional<Day> MakeDay(int yearPart, int monthPart, int dayPart) {
     if (yearPart < 0 || monthPart < 1 || dayPart < 1)
@@ -190,13 +180,11 @@ QString ShownMinute(WallTime time) {
 }
 
 QDate ToQDate(Day day) {
-    const year_month_day date{day};
-    return QDate(static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
-                 static_cast<int>(static_cast<unsigned>(date.day())));
+    return QDate::fromJulianDay(day.time_since_epoch().count() + JulianDayOfEpoch);
 }
 
 Day FromQDate(QDate date) {
-    return MakeDay(date.year(), date.month(), date.day()).value_or(DayZero);
+    return date.isValid() ? Day{days{date.toJulianDay() - JulianDayOfEpoch}} : DayZero;
 }
 
 WallTime FromQDateTime(const QDateTime& moment) {

@@ -23,9 +23,15 @@ inline std::optional<WallTime> TimeIfSet(std::optional<WallTime> time) {
     return time == EmptyTime ? std::nullopt : time;
 }
 
-Day DayOf(WallTime time);
-Seconds TimeOfDay(WallTime time);
-WallTime TimeOnDay(Day day, Seconds timeOfDay);
+inline Day DayOf(WallTime time) {
+    return std::chrono::floor<std::chrono::days>(time);
+}
+inline Seconds TimeOfDay(WallTime time) {
+    return time - DayOf(time);
+}
+inline WallTime TimeOnDay(Day day, Seconds timeOfDay) {
+    return day + timeOfDay;
+}
 
 /// A day from its parts; nothing when the calendar lacks it.
 std::optional<Day> MakeDay(int year, int month, int day);

@@ -3,6 +3,7 @@
 #include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
 #include "core/supervisor_check.h"
+#include "database/short_patience.h"
 #include "timecard/frmAED_Absen.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
