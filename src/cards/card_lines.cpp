@@ -97,10 +97,9 @@ bool EachCardLine(Connection& connection, const CardFilter& filter, WithIdentifi
 std::vector<StatusCount> CountStatuses(Connection& connection, const CardFilter& filter) {
     Selection selection = SelectionOf(filter);
     selection.conditions << u"a.Status IS NOT NULL"_s;
-    Cursor rows = connection.Query(u"SELECT a.NIP, a.Status, Count(*)"_s + selection.Text()
-                                   + u" GROUP BY a.NIP, a.Status"_s);
-    std::vector<StatusCount> counts;
-    while (rows.Next())
-        counts.push_back({rows.Text(0), rows.Text(1), static_cast<qint64>(rows.Value(2).Number())});
-    return counts;
+    return connection
+        .Query(u"SELECT a.NIP, a.Status, Count(*)"_s + selection.Text() + u" GROUP BY a.NIP, a.Status"_s)
+        .All([](const Cursor& row) {
+            return StatusCount{row.Text(0), row.Text(1), static_cast<qint64>(row.Value(2).Number())};
+        });
 }

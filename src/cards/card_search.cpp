@@ -3,6 +3,7 @@
 #include "cards/card_fields.h"
 #include "cards/card_store.h"
 #include "cards/listed_employees.h"
+#include "core/query_values.h"
 
 #include <QRegularExpression>
 
@@ -95,10 +96,7 @@ Cursor CardSearch::Query(Connection& connection, const QString& columns, int lim
 std::vector<FoundDay> CardSearch::Read(Connection& connection, int limit) {
     Cursor rows = Query(connection, u"*"_s, limit);
     const FoundDays found(rows);
-    std::vector<FoundDay> page;
-    while (rows.Next())
-        page.push_back(found.Current());
-    return page;
+    return rows.All([&found](const Cursor&) { return found.Current(); });
 }
 
 std::vector<FoundDay> CardSearch::Next(Connection& connection) {
@@ -148,9 +146,10 @@ bool WholeResult::operator()(const std::function<void(const FoundDay&)>& take) {
 }
 
 qsizetype CountCards(Connection& connection, const QString& whereClause) {
-    Cursor rows = connection.Query(u"Select Count(*) from (Select Distinct TCID from qry_TimeCardAll  "_s
-                                   + whereClause + u") AS Cards"_s);
-    return rows.Next() ? static_cast<qsizetype>(rows.Value(0).Number()) : 0;
+    return b_stored_procedure::GetFirstValue(
+               connection, u"Select Count(*) from (Select Distinct TCID from qry_TimeCardAll  "_s
+                               + whereClause + u") AS Cards"_s)
+        .toLongLong();
 }
 
 modAbsen::ComputationReport CalculateFoundCards(Connection& connection, const QString& whereClause,
@@ -195,9 +194,9 @@ std::optional<FoundDay> FindAgain(Connection& connection, const FoundDay& row) {
         found = AsFound(card, {});
     const auto employees = ReadListedEmployees(connection, {.nip = found.header.nip}, {});
     if (!employees.empty()) {
-        found.nama = employees.front().nama;
-        found.dept = employees.front().dept;
-        found.divisi = employees.front().divisi;
+        const ListedEmployee& employee = employees.front();
+        std::tie(found.nama, found.dept, found.divisi) =
+            std::tie(employee.nama, employee.dept, employee.divisi);
     }
     return found;
 }

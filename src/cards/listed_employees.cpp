@@ -19,10 +19,8 @@ std::vector<ListedEmployee> ReadListedEmployees(Connection& connection, const Ca
         statement += u" WHERE "_s + conditions.join(u" AND "_s);
     if (!order.isEmpty())
         statement += u" ORDER BY "_s + order;
-    Cursor rows = connection.Query(statement);
-    std::vector<ListedEmployee> employees;
-    while (rows.Next())
-        employees.push_back(
-            {rows.Text(0), rows.Text(1), all ? rows.Text(2) : QString(), all ? rows.Text(3) : QString()});
-    return employees;
+    return connection.Query(statement).All([all](const Cursor& row) {
+        return ListedEmployee{row.Text(0), row.Text(1), all ? row.Text(2) : QString(),
+                              all ? row.Text(3) : QString()};
+    });
 }

@@ -36,9 +36,8 @@ std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& she
 
 Day SheetDate(Connection& connection, const QString& sheet, Day today) {
     const QString prefix = sheet.contains(u'-') ? u"Left(TCID,11)="_s : u"Left(TCID,9)="_s;
-    WallTime date = today;
     // Cards are named in upper case, whatever extension was typed.
-    modGeneral::QueryValues(
-        connection, u"select Tanggal from TimeCardDetail where "_s + prefix + Quoted(sheet.toUpper()), date);
-    return DayOf(date);
+    const auto date = ReadStored(b_stored_procedure::GetFirstValue(
+        connection, u"select Tanggal from TimeCardDetail where "_s + prefix + Quoted(sheet.toUpper())));
+    return date ? DayOf(*date) : today;
 }

@@ -5,11 +5,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::vector<CodeName> ReadList(Connection& connection, const QString& query) {
-    Cursor rows = connection.Query(query);
-    std::vector<CodeName> list;
-    while (rows.Next())
-        list.push_back({rows.Text(0), rows.Text(1)});
-    return list;
+    return connection.Query(query).All([](const Cursor& row) { return CodeName{row.Text(0), row.Text(1)}; });
 }
 
 } // namespace
@@ -36,11 +32,9 @@ std::vector<CodeName> Statuses(Connection& connection) {
 }
 
 std::vector<ShiftRow> Shifts(Connection& connection) {
-    Cursor rows = connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s);
-    std::vector<ShiftRow> shifts;
-    while (rows.Next())
-        shifts.push_back({rows.Text(0), rows.Time(1), rows.Time(2)});
-    return shifts;
+    return connection.Query(u"select Code,TimeIn,TimeOut from Shift"_s).All([](const Cursor& row) {
+        return ShiftRow{row.Text(0), row.Time(1), row.Time(2)};
+    });
 }
 
 std::vector<CodeName> EmployeeStatuses(Connection& connection) {

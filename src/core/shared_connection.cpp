@@ -86,11 +86,10 @@ QString ErrorMessage(const std::exception& error) {
 void ShowDatabaseError(const SharedConnection& shared, Dialogs& dialogs, const std::exception* pending) {
     if (!pending)
         return;
-    if (!shared.Exists()) {
+    if (shared.Exists())
+        dialogs.Warn(ErrorMessage(*pending));
+    else
         dialogs.Plain(UserText(*pending));
-        return;
-    }
-    dialogs.Warn(ErrorMessage(*pending));
 }
 
 } // namespace b_global

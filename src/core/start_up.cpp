@@ -4,21 +4,11 @@
 #include "core/supervisor_check.h"
 #include "database/file_lookup.h"
 
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The hourglass, for as long as the start lasts, however it ends.
-class Hourglass {
-public:
-    explicit Hourglass(modAbsen::StartScreen& screen) : screen_(screen) { screen_.SetHourglass(true); }
-    ~Hourglass() { screen_.SetHourglass(false); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-private:
-    modAbsen::StartScreen& screen_;
-};
 
 void LoadPictures(const ProgramFolder& folder, modAbsen::StartScreen& screen) {
     using modAbsen::Background;
@@ -40,7 +30,8 @@ bool modAbsen::InitApplication(Program& program, StartScreen& screen,
                                const std::function<QString()>& userCountry, const SetUpCompany& setUp) {
     bool ready = false;
     Trapped(program, u"InitApplication"_s, [&] {
-        const Hourglass hourglass(screen);
+        screen.SetHourglass(true);
+        const auto arrow = qScopeGuard([&screen] { screen.SetHourglass(false); });
         LoadPictures(program.folder, screen);
         const bool anyCountry =
             b_global::ReadSetting(program.folder, u"regional"_s).compare(u"any", Qt::CaseInsensitive) == 0;

@@ -2,6 +2,7 @@
 
 #include "core/passwords.h"
 #include "core/query_values.h"
+#include "database/recordset.h"
 #include "database/statement.h"
 
 using namespace Qt::StringLiterals;
@@ -9,11 +10,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool IsSupervisor(Connection& connection, const QString& userId) {
-    int count = 0;
-    modGeneral::QueryValues(
-        connection,
-        u"Select count(1) from User_Job where UserID="_s + Quoted(userId) + u" and GroupID='SPV'"_s, count);
-    return count != 0;
+    const QString statement =
+        u"Select count(1) from User_Job where UserID="_s + Quoted(userId) + u" and GroupID='SPV'"_s;
+    return b_stored_procedure::GetFirstValue(connection, statement).toInt() != 0;
 }
 
 bool CheckLogin(Program& program, const QString& handedOver) {

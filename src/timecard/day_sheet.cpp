@@ -31,13 +31,8 @@ QHash<QString, QString> ReadDayRoster(Connection& connection, Day day) {
 }
 
 std::vector<SheetEmployee> ReadEmployees(Connection& connection, const QString& orderBy) {
-    Cursor rows = connection.Query(u"select * from employee "_s + orderBy);
-    const int dept = rows.ColumnOf(u"Dept"_s);
-    const int divisi = rows.ColumnOf(u"Divisi"_s);
-    const int nip = rows.ColumnOf(u"NIP"_s);
-    const int nama = rows.ColumnOf(u"Nama"_s);
-    std::vector<SheetEmployee> employees;
-    while (rows.Next())
-        employees.push_back({rows.Text(dept) + u'/' + rows.Text(divisi), rows.Text(nip), rows.Text(nama)});
-    return employees;
+    return connection.Query(u"select Dept, Divisi, NIP, Nama from employee "_s + orderBy)
+        .All([](const Cursor& row) {
+            return SheetEmployee{row.Text(0) + u'/' + row.Text(1), row.Text(2), row.Text(3)};
+        });
 }

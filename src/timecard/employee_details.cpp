@@ -1,7 +1,7 @@
 #include "timecard/employee_details.h"
 
+#include "core/query_values.h"
 #include "database/file_lookup.h"
-#include "database/recordset.h"
 #include "database/statement.h"
 
 #include <QFileInfo>
@@ -18,11 +18,11 @@ QString PhotoPath(const ProgramFolder& folder, const QString& pathImage) {
 } // namespace
 
 EmployeeDetails LoadEmployeeDetails(Connection& connection, const QString& nip) {
-    const Recordset employee(connection, u"select * from employee where nip="_s + Quoted(nip));
-    if (employee.AtEnd())
-        return {};
-    return {employee.Field(u"Nama"_s).Text(), employee.Field(u"Dept"_s).Text(),
-            employee.Field(u"Divisi"_s).Text(), employee.Field(u"PathImage"_s).Text()};
+    EmployeeDetails details;
+    modGeneral::QueryValues(connection,
+                            u"select Nama, Dept, Divisi, PathImage from employee where nip="_s + Quoted(nip),
+                            details.nama, details.dept, details.divisi, details.pathImage);
+    return details;
 }
 
 QString PhotoFile(const ProgramFolder& folder, const QString& pathImage) {
