@@ -7,9 +7,9 @@
 
 #include <QFileInfo>
 #include <QMetaType>
+#include <QRegularExpression>
 #include <QSet>
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <span>
@@ -25,59 +25,34 @@ constexpr int OlderVersionNumber = 90012;
 enum class Content { Text, Number, Date, Flag };
 
 bool IsNumber(const FieldValue& value) {
-    switch (value.Stored().typeId()) {
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-        return true;
-    case QMetaType::Double:
-        return std::isfinite(value.Number());
-    default:
-        return false; // a text in a column of numbers
-    }
+    const int type = value.Stored().typeId(); // a text may stand in a column of numbers
+    return type == QMetaType::Int || type == QMetaType::LongLong
+           || (type == QMetaType::Double && std::isfinite(value.Number()));
 }
 
 bool IsReadable(const FieldValue& value, Content content) {
-    if (value.IsNull())
-        return true;
     switch (content) {
-    case Content::Text:
-        return true;
     case Content::Number:
-        return IsNumber(value);
+        return value.IsNull() || IsNumber(value);
     case Content::Date:
-        return value.Time().has_value();
+        return value.IsNull() || value.Time().has_value();
     case Content::Flag:
-        return IsNumber(value) && (value.Number() == 0 || value.Number() == 1);
+        return value.IsNull() || (IsNumber(value) && (value.Number() == 0 || value.Number() == 1));
+    case Content::Text:
+        break;
     }
-    return false;
+    return true;
 }
 
-QString NameOf(Content content) {
-    switch (content) {
-    case Content::Text:
-        return u"text"_s;
-    case Content::Number:
-        return u"number"_s;
-    case Content::Date:
-        return u"date"_s;
-    case Content::Flag:
-        return u"flag"_s;
-    }
-    return {};
-}
+constexpr QStringView Names[] = {u"text", u"number", u"date", u"flag"}; ///< of the contents
 
 /// Whether the card identifier is a sheet identifier followed by the employee number, in upper case.
 bool IsCardOf(const QString& tcid, const QString& nip) {
-    constexpr qsizetype plainLength = 9;
-    if (tcid.size() < plainLength + nip.size() || tcid != CardIdentifier(tcid.chopped(nip.size()), nip))
-        return false;
-    const QStringView sheet = QStringView(tcid).chopped(nip.size());
-    const QStringView date = sheet.sliced(1, plainLength - 1);
-    const QStringView extension = sheet.sliced(plainLength);
     // Any digits pass for the date: the program names a sheet by the day as it was typed.
-    return sheet.front() == u'T'
-           && std::all_of(date.begin(), date.end(), [](QChar c) { return c >= u'0' && c <= u'9'; })
-           && (extension.isEmpty() || (extension.startsWith(u'-') && extension.size() > 1));
+    static const QRegularExpression sheet(QRegularExpression::anchoredPattern(u"T[0-9]{8}(-.+)?"_s),
+                                          QRegularExpression::DotMatchesEverythingOption);
+    return tcid == CardIdentifier(tcid.chopped(qMin(tcid.size(), nip.size())), nip)
+           && sheet.match(tcid.chopped(nip.size())).hasMatch();
 }
 
 constexpr qint64 RowsPerProgress = 10000;
@@ -126,9 +101,9 @@ private:
                 progress_(rowsRead_);
             for (size_t i = 0; i < table.contents.size(); ++i) {
                 const int column = static_cast<int>(i);
-                if (table.contents[i] != Content::Text && !IsReadable(rows.Value(column), table.contents[i]))
+                if (!IsReadable(rows.Value(column), table.contents[i]))
                     tell(u"%1 \"%2\" is no %3"_s.arg(names[column], rows.Text(column),
-                                                     NameOf(table.contents[i])));
+                                                     Names[static_cast<size_t>(table.contents[i])]));
             }
             checkRow(rows, tell);
         }

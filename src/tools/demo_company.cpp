@@ -1,5 +1,6 @@
 #include "tools/demo_company.h"
 
+#include "cards/card_lines.h"
 #include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
@@ -9,7 +10,7 @@
 #include "tools/demo_staff.h"
 #include "database/new_database_file.h"
 
-#include <span>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono;
@@ -67,67 +68,63 @@ constexpr CodeAndText AbsenceTypes[] = {
     {CardStatus::Holiday, u"Libur"}, {CardStatus::Sick, u"Sakit"},
 };
 
-void WriteCodes(Connection& connection, const QString& insert, std::span<const CodeAndText> codes) {
-    RowWriter writer(connection, insert);
-    for (const CodeAndText& entry : codes)
-        writer.Add({entry.code.toString(), entry.text.toString()});
-    writer.Flush();
+template<class Rows, class RowOf>
+void WriteAll(Connection& connection, const QString& insert, const Rows& rows, RowOf rowOf) {
+    QList<QVariantList> values;
+    for (const auto& row : rows)
+        values << rowOf(row);
+    connection.ExecuteMany(insert, values);
 }
 
 void WriteCodeTables(Connection& connection) {
-    WriteCodes(connection, u"INSERT INTO Departments (DeptCode, DeptName) VALUES (?,?)"_s, Departments);
-    WriteCodes(connection, u"INSERT INTO Division (DivKode, DivName) VALUES (?,?)"_s, Divisions);
-    WriteCodes(connection, u"INSERT INTO AbsenTipe (Kode, Keterangan) VALUES (?,?)"_s, AbsenceTypes);
-
-    RowWriter statuses(connection,
-                       u"INSERT INTO [Employee Status] (ID, Status, Description) VALUES (?,?,?)"_s);
+    const auto codeAndText = [](const CodeAndText& entry) {
+        return QVariantList{entry.code.toString(), entry.text.toString()};
+    };
+    WriteAll(connection, u"INSERT INTO Departments (DeptCode, DeptName) VALUES (?,?)"_s, Departments,
+             codeAndText);
+    WriteAll(connection, u"INSERT INTO Division (DivKode, DivName) VALUES (?,?)"_s, Divisions, codeAndText);
+    WriteAll(connection, u"INSERT INTO AbsenTipe (Kode, Keterangan) VALUES (?,?)"_s, AbsenceTypes,
+             codeAndText);
     int id = 0;
-    for (const CodeAndText& status : Statuses)
-        statuses.Add({++id, status.code.toString(), status.text.toString()});
-    statuses.Flush();
-
-    RowWriter shifts(connection, u"INSERT INTO Shift (Code, TimeIn, TimeOut) VALUES (?,?,?)"_s);
-    for (const DemoShift& shift : DemoShifts())
-        shifts.Add(
-            {shift.code.toString(), StoredTime(DayZero + shift.start), StoredTime(DayZero + shift.end)});
-    shifts.Flush();
+    WriteAll(connection, u"INSERT INTO [Employee Status] (ID, Status, Description) VALUES (?,?,?)"_s,
+             Statuses, [&](const CodeAndText& status) { return QVariantList{++id} + codeAndText(status); });
+    WriteAll(connection, u"INSERT INTO Shift (Code, TimeIn, TimeOut) VALUES (?,?,?)"_s, DemoShifts(),
+             [](const DemoShift& shift) {
+                 return QVariantList{shift.code.toString(), StoredTime(DayZero + shift.start),
+                                     StoredTime(DayZero + shift.end)};
+             });
 }
 
 /// Everybody's password is the user's own number or name, so that the demo is easy to use.
 void WriteUsers(Connection& connection, const std::vector<DemoEmployee>& staff) {
-    RowWriter users(connection, u"INSERT INTO [User] (UserID, [Password]) VALUES (?,?)"_s);
-    for (const QString& name : {u"pelon"_s, u"budi"_s})
-        users.Add({name, name});
+    QStringList names{u"pelon"_s, u"budi"_s};
     for (const DemoEmployee& employee : staff)
-        users.Add({employee.nip, employee.nip});
-    users.Flush();
-
-    RowWriter jobs(connection, u"INSERT INTO User_Job (UserID, GroupID) VALUES (?,?)"_s);
-    jobs.Add({u"pelon"_s, u"SPV"_s});
-    jobs.Add({u"budi"_s, u"ADM"_s});
-    jobs.Flush();
+        names << employee.nip;
+    WriteAll(connection, u"INSERT INTO [User] (UserID, [Password]) VALUES (?,?)"_s, names,
+             [](const QString& name) {
+                 return QVariantList{name, name};
+             });
+    connection.Execute(u"INSERT INTO User_Job (UserID, GroupID) VALUES ('pelon','SPV'),('budi','ADM')"_s);
 }
 
 void WriteStaff(Connection& connection, const std::vector<DemoEmployee>& staff) {
-    RowWriter writer(connection,
-                     u"INSERT INTO Employee (NIP, Nama, Dept, Divisi, PathImage, GP, RateOT, TMakan, "
-                     "EmpType) VALUES (?,?,?,?,?,?,?,?,?)"_s);
-    for (const DemoEmployee& employee : staff)
-        writer.Add({employee.nip, employee.nama, employee.dept, employee.divisi,
-                    employee.pathImage.isEmpty() ? QVariant() : QVariant(employee.pathImage), employee.gp,
-                    employee.rateOT, employee.tMakan, employee.empType});
-    writer.Flush();
+    WriteAll(connection,
+             u"INSERT INTO Employee (NIP, Nama, Dept, Divisi, PathImage, GP, RateOT, TMakan, EmpType) VALUES "
+             "(?,?,?,?,?,?,?,?,?)"_s,
+             staff, [](const DemoEmployee& employee) {
+                 return QVariantList{employee.nip,
+                                     employee.nama,
+                                     employee.dept,
+                                     employee.divisi,
+                                     employee.pathImage.isEmpty() ? QVariant() : QVariant(employee.pathImage),
+                                     employee.gp,
+                                     employee.rateOT,
+                                     employee.tMakan,
+                                     employee.empType};
+             });
 }
 
-/// Days from the first to the last one.
-struct Period {
-    Day first;
-    Day last;
-
-    qint64 Length() const { return (last - first).count() + 1; }
-};
-
-Period AttendanceOf(const DemoOptions& options) {
+DayRange AttendanceOf(const DemoOptions& options) {
     const Day after = options.until + days{1};
     year_month_day first = year_month_day{after} - std::chrono::months{options.months};
     if (!first.ok())
@@ -136,36 +133,22 @@ Period AttendanceOf(const DemoOptions& options) {
 }
 
 /// Whole months, from the attendance's first to the one in which the day after it lies.
-Period RosterOf(const DemoOptions& options) {
+DayRange RosterOf(const DemoOptions& options) {
     const year_month_day first{AttendanceOf(options).first};
     const year_month_day last{options.until + days{1}};
     return {Day{first.year() / first.month() / 1}, Day{last.year() / last.month() / std::chrono::last}};
 }
 
-/// Counts rows as they are made, most of which end as table rows.
-class WorkDone {
-public:
-    WorkDone(qint64 total, const DemoProgress& progress) : total_(total), progress_(progress) {}
+/// Told how many more rows were made.
+using Advance = std::function<void(qint64 rows)>;
 
-    void Advance(qint64 rows) {
-        done_ += rows;
-        if (progress_)
-            progress_(static_cast<int>(100 * done_ / total_));
-    }
-
-private:
-    qint64 total_;
-    qint64 done_ = 0;
-    const DemoProgress& progress_;
-};
-
-void WriteRoster(Connection& connection, const std::vector<DemoEmployee>& staff, const Period& period,
-                 WorkDone& work) {
+void WriteRoster(Connection& connection, const std::vector<DemoEmployee>& staff, const DayRange& period,
+                 const Advance& advance) {
     RowWriter writer(connection, u"INSERT INTO ShiftEmployee (NIP, Tgl, ShiftCode) VALUES (?,?,?)"_s);
     for (const DemoEmployee& employee : staff) {
         for (Day day = period.first; employee.HasRoster() && day <= period.last; day += days{1})
             writer.Add({employee.nip, StoredDay(day), PlannedShift(employee, day).code.toString()});
-        work.Advance(period.Length());
+        advance(period.Days());
     }
     writer.Flush();
 }
@@ -228,21 +211,27 @@ private:
 DemoSummary FillDemoCompany(Connection& connection, const DemoOptions& options,
                             const DemoProgress& progress) {
     const std::vector<DemoEmployee> staff = MakeDemoStaff(options.employees);
-    const Period attendance = AttendanceOf(options);
-    const Period roster = RosterOf(options);
+    const DayRange attendance = AttendanceOf(options);
+    const DayRange roster = RosterOf(options);
     return connection.InTransaction([&]() -> DemoSummary {
-        WorkDone work(options.employees * (roster.Length() + 2 * attendance.Length()), progress);
+        qint64 done = 0;
+        const Advance advance = [&, total = options.employees
+                                            * (roster.Days() + 2 * attendance.Days())](qint64 rows) {
+            done += rows;
+            if (progress)
+                progress(static_cast<int>(100 * done / total));
+        };
         WriteCodeTables(connection);
         WriteUsers(connection, staff);
         WriteStaff(connection, staff);
-        WriteRoster(connection, staff, roster, work);
+        WriteRoster(connection, staff, roster, advance);
 
         // One sheet was opened again for a correction; the others are closed.
         const Day reopened = attendance.last - weeks{1};
         AttendanceWriter writer(connection);
         for (Day day = attendance.first; day <= attendance.last; day += days{1}) {
             writer.AddDay(staff, day, day == reopened ? SheetStatus::Open : SheetStatus::Closed);
-            work.Advance(qint64{2} * options.employees);
+            advance(qint64{2} * options.employees);
         }
         writer.Flush();
         return {attendance.first, writer.CardCount(), writer.SheetCount()};
