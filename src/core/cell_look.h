@@ -6,20 +6,24 @@
 /// colours. A chip is a code that is told by its colour, too.
 enum class CellLook {
     Plain,
-    Tinted,   ///< set off from its neighbours: a day of rest
-    Marked,   ///< the one that counts now: today
-    Hatched,  ///< nothing can stand there
-    Doubtful, ///< its contents need attention
-    Quiet,    ///< there is nothing to look at
+    Tinted,    ///< set off from its neighbours: a day of rest
+    Marked,    ///< the one that counts now: today
+    Hatched,   ///< nothing can stand there
+    Doubtful,  ///< its contents need attention
+    Quiet,     ///< there is nothing to look at
+    AmberChip, ///< the chips, from light to dark
+    VioletChip,
     GreenChip,
-    SlateChip,
-    AmberChip,
     OrangeChip,
+    SlateChip,
+    TealChip,
+    RedChip,
     BlueChip,
+    PlumChip,
 };
 
 constexpr bool IsChip(CellLook look) {
-    return look >= CellLook::GreenChip;
+    return look >= CellLook::AmberChip;
 }
 
 inline constexpr int CellLookRole = Qt::UserRole;

@@ -9,7 +9,9 @@ namespace {
 constexpr std::pair<QStringView, CellLook> Looks[] = {
     {CardStatus::In, CellLook::GreenChip},         {CardStatus::Out, CellLook::SlateChip},
     {CardStatus::OutShort, CellLook::SlateChip},   {CardStatus::OnBreak, CellLook::AmberChip},
-    {CardStatus::LeftEarly, CellLook::OrangeChip}, {CardStatus::OnDuty, CellLook::BlueChip},
+    {CardStatus::LeftEarly, CellLook::OrangeChip}, {CardStatus::OnDuty, CellLook::VioletChip},
+    {CardStatus::Excused, CellLook::TealChip},     {CardStatus::Sick, CellLook::RedChip},
+    {CardStatus::OnLeave, CellLook::BlueChip},     {CardStatus::Holiday, CellLook::PlumChip},
     {CardStatus::Absent, CellLook::Quiet},
 };
 

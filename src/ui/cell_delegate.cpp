@@ -12,6 +12,8 @@ namespace {
 
 /// How much narrower than usual a text can be written and still be read.
 constexpr qreal NarrowestText = 0.55;
+/// Between a chip and the lines of the grid.
+constexpr int ChipGap = 4;
 /// What widths in whole pixels may lack.
 constexpr int Rounding = 2;
 
@@ -27,26 +29,34 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     QStyleOptionViewItem cell = option;
     initStyleOption(&cell, index);
+    const CellLook look = LookOf(index);
+    const std::optional<Theme::Colours> colours = Theme::LookColours(look);
     QColor textColour = cell.palette.color(QPalette::Text);
     QBrush fill = cell.backgroundBrush;
     if (cell.state.testFlag(QStyle::State_Selected))
         fill = cell.palette.highlight();
-    const CellLook look = LookOf(index);
-    if (const auto colours = Theme::LookColours(look)) {
-        if (colours->fill.isValid())
-            fill = QBrush(colours->fill, look == CellLook::Hatched ? Qt::BDiagPattern : Qt::SolidPattern);
-        if (colours->text.isValid())
-            textColour = colours->text;
-    }
-    cell.font.setBold(IsChip(look));
+    if (colours && colours->fill.isValid() && !IsChip(look))
+        fill = QBrush(colours->fill, look == CellLook::Hatched ? Qt::BDiagPattern : Qt::SolidPattern);
+    if (colours && colours->text.isValid())
+        textColour = colours->text;
+    const bool edited = IsEdited(index);
+    if (edited)
+        textColour = Qt::black;
     if (grid_->EditsCells())
-        ColourEdited(index, fill, textColour);
+        fill = edited ? QBrush(Theme::Tone(u"edited")) : TintedRow(index, fill);
     painter->save();
     if (fill.style() != Qt::NoBrush)
         painter->fillRect(cell.rect, fill);
-    painter->setPen(textColour);
+    painter->fillRect(QRect(cell.rect.bottomLeft(), QSize(cell.rect.width(), 1)), Theme::Tone(u"line"));
+    cell.font.setBold(IsChip(look));
     painter->setFont(cell.font);
-    PaintText(*painter, cell, index);
+    painter->setPen(textColour);
+    if (IsChip(look) && !edited && !cell.text.isEmpty())
+        PaintChip(*painter, cell, colours->fill);
+    else
+        PaintText(*painter, cell, index);
+    if (grid_->IsMarkedUnsaved(index))
+        PaintUnsaved(*painter, cell.rect, index);
     painter->restore();
 }
 
@@ -73,20 +83,48 @@ void CellDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& cell
     painter.drawText(room, static_cast<int>(cell.displayAlignment), text);
 }
 
-void CellDelegate::ColourEdited(const QModelIndex& index, QBrush& fill, QColor& textColour) const {
-    const QModelIndex current = grid_->currentIndex();
-    const bool fixed = index.column() < grid_->FixedCols();
+/// Codes are short: their chips have the same width, as far as the column has room.
+void CellDelegate::PaintChip(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& fill) const {
+    const QFontMetrics metrics(cell.font);
+    const int text = qMax(metrics.horizontalAdvance(cell.text), metrics.horizontalAdvance(u"MM"_s));
+    const QRect chip(cell.rect.left() + ChipGap, cell.rect.top() + ChipGap,
+                     qMin(cell.rect.width() - 2 * ChipGap, text + 2 * Theme::CellPadding),
+                     cell.rect.height() - 2 * ChipGap - 1);
+    const QPen pen = painter.pen();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(chip, chip.height() / 2.0, chip.height() / 2.0);
+    painter.setPen(pen);
+    painter.drawText(chip, Qt::AlignCenter, cell.text);
+}
+
+/// A corner of the cell, or a dot where the rows are numbered.
+void CellDelegate::PaintUnsaved(QPainter& painter, const QRect& cell, const QModelIndex& index) const {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Theme::Tone(u"failed"));
+    const qreal size = cell.height() / 3.0;
+    if (index.column() < grid_->FixedCols())
+        painter.drawEllipse(QPointF(cell.left() + Theme::CellPadding, cell.center().y()), size / 3, size / 3);
+    else
+        painter.drawPolygon(QPolygonF{cell.topRight() + QPointF(1 - size, 0), cell.topRight() + QPointF(1, 0),
+                                      cell.topRight() + QPointF(1, size)});
+}
+
+/// The cell that keys go to, while they go to this grid or its editor: also under a list or a message that
+/// stands over the window.
+bool CellDelegate::IsEdited(const QModelIndex& index) const {
+    const QWidget* focus = grid_->window()->focusWidget();
+    return grid_->EditsCells() && index == grid_->currentIndex() && index.column() >= grid_->FixedCols()
+           && (focus == grid_ || grid_->isAncestorOf(focus));
+}
+
+QBrush CellDelegate::TintedRow(const QModelIndex& index, const QBrush& fill) const {
     const CellLook look = LookOf(index);
-    const bool keepsFill = look == CellLook::Hatched || look == CellLook::Doubtful || IsChip(look);
-    if (index == current && !fixed) {
-        fill = Theme::EditedCell();
-        textColour = Qt::black;
-    } else if (grid_->IsMarkedUnsaved(index)) {
-        fill = Theme::Warning().fill;
-        textColour = Theme::Warning().text;
-    } else if (fixed) {
-        fill = index.row() == current.row() ? grid_->palette().highlight() : QBrush(Theme::HeaderFill());
-    } else if (index.row() == current.row() && !keepsFill) {
-        fill = grid_->palette().highlight();
-    }
+    const bool inRow = index.row() == grid_->currentIndex().row();
+    if (index.column() < grid_->FixedCols())
+        return inRow ? grid_->palette().highlight() : QBrush(Theme::Tone(u"header"));
+    return inRow && look != CellLook::Hatched && look != CellLook::Doubtful ? grid_->palette().highlight()
+                                                                            : fill;
 }

@@ -7,7 +7,7 @@
 class DataGrid;
 
 /// Paints a cell: the row's own colour or that of what is to be noticed about the cell, which it keeps in a
-/// selected row; then the text, set off from the lines of the grid.
+/// selected row; the line below it; the text, a status as a chip; and a mark on what is not saved.
 class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
@@ -19,8 +19,12 @@ public:
 
 private:
     void PaintText(QPainter& painter, const QStyleOptionViewItem& cell, const QModelIndex& index) const;
-    /// The colours that editing gives a cell, over those that it has.
-    void ColourEdited(const QModelIndex& index, QBrush& fill, QColor& textColour) const;
+    void PaintChip(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& fill) const;
+    void PaintUnsaved(QPainter& painter, const QRect& cell, const QModelIndex& index) const;
+    bool IsEdited(const QModelIndex& index) const;
+    /// What stands behind a cell of a grid that is edited: the present row is tinted, the first columns are
+    /// painted as headers.
+    QBrush TintedRow(const QModelIndex& index, const QBrush& fill) const;
 
     DataGrid* grid_;
 };

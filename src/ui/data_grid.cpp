@@ -40,6 +40,7 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
     setSelectionMode(SingleSelection);
     setAlternatingRowColors(true);
     setWordWrap(false);
+    setShowGrid(false); // the delegate draws the lines that there are
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollMode(ScrollPerPixel);
     setTabKeyNavigation(false);
@@ -47,7 +48,7 @@ DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
     setHorizontalHeader(new GridHeader(this));
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
+    verticalHeader()->setDefaultSectionSize(Theme::RowHeight(fontMetrics()));
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setSectionsClickable(true);

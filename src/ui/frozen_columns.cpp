@@ -22,6 +22,7 @@ FrozenColumns::FrozenColumns(DataGrid& grid, int count, Cells cells)
     setSelectionMode(NoSelection);
     setAlternatingRowColors(grid.alternatingRowColors());
     setWordWrap(false);
+    setShowGrid(false);
     setVerticalScrollMode(grid.verticalScrollMode());
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

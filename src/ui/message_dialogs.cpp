@@ -28,8 +28,6 @@ void SetUp(QMessageBox& box) {
     box.setObjectName(u"MessageBox"_s);
     // What is shown is text, whatever characters a value in it has.
     box.setTextFormat(Qt::PlainText);
-    for (QAbstractButton* button : box.buttons())
-        button->setIcon({});
 }
 
 } // namespace

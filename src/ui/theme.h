@@ -8,11 +8,12 @@
 #include <optional>
 
 class QApplication;
+class QFontMetrics;
 class QWidget;
 
 /// The one look of all windows: colours, fonts and spacing stand here and nowhere else. Widgets say what they
-/// are by the dynamic property "look" ("heading", "quiet", "notice"; theme.cpp has them all), legend labels
-/// by the properties "chip" and "cell".
+/// are by the dynamic property "look" ("heading", "quiet", "band"; theme.qss has them all), legend labels by
+/// the properties "chip" and "cell".
 namespace Theme {
 
 /// Sets style, palette, font and style sheet. Sizes follow the system's font.
@@ -30,12 +31,17 @@ std::optional<Colours> LookColours(CellLook look);
 /// The width of a field in which the sample can be read in full, with the font that the field has.
 int FieldWidth(const QWidget& field, const QString& sample);
 
-QColor QuietText();
-QColor HeaderFill();
-/// The cell that is being edited, and the editor itself.
-QColor EditedCell();
-/// What needs attention.
-Colours Warning();
+/// A colour of the program by its name; theme.cpp has them all.
+QColor Tone(QStringView name);
+inline QColor QuietText() {
+    return Tone(u"quiet");
+}
+
+/// Gives a widget the colour of what it tells, by its property "tone".
+void SetTone(QWidget& widget, const QString& tone);
+
+/// How high a row of a grid is.
+int RowHeight(const QFontMetrics& metrics);
 
 /// Distances in pixels: between groups, inside a group.
 inline constexpr int GroupGap = 8;
