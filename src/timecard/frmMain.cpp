@@ -1,12 +1,14 @@
 #include "timecard/frmMain.h"
 
 #include "cards/sheet_identifier.h"
+#include "core/day_words.h"
 #include "core/status_codes.h"
 #include "core/supervisor_check.h"
 #include "database/short_patience.h"
 #include "timecard/frmAED_Absen.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
+#include "ui/theme.h"
 #include "ui/typing.h"
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
@@ -25,7 +27,8 @@ namespace {
 
 enum Button { In, Out, Admin };
 
-constexpr QSize FirstSize(1366, 740);
+constexpr QSize LeastFirstSize(1366, 768);
+constexpr int WidestName = 280;
 constexpr int TickMilliseconds = 1200;
 constexpr Seconds RefreshEvery{5};
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
@@ -50,30 +53,18 @@ bool RefreshIsDue(WallTime lastTick, WallTime now) {
            || lastTick.time_since_epoch() / RefreshEvery != now.time_since_epoch() / RefreshEvery;
 }
 
-/// A closed sheet is not read: what its cards say is not known.
-QString CountsText(const SheetModel::Counts& counts, bool closed) {
-    if (closed)
-        return u"%1 karyawan · lembar ditutup"_s.arg(counts.employees);
-    const QString others = counts.others > 0 ? u" · %1 lainnya"_s.arg(counts.others) : QString();
-    return u"%1 karyawan · %2 masuk · %3 keluar · %4 belum hadir"_s.arg(counts.employees)
-               .arg(counts.in)
-               .arg(counts.out)
-               .arg(counts.absent)
-           + others;
-}
-
 } // namespace
 
 frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNeeds needs)
     : program_(program), skin_(skin), needs_(std::move(needs)), sheet_(program.clock), failures_(program),
       ui_(std::make_unique<Ui::frmMain>()) {
     ui_->setupUi(this);
-    lblCounts_ = new QLabel(this);
-    lblCounts_->setObjectName(u"lblCounts"_s);
-    lblRoster_ = new QLabel(this);
-    lblRoster_->setObjectName(u"lblRoster"_s);
-    lblUpdated_ = new QLabel(this);
-    lblUpdated_->setObjectName(u"lblUpdated"_s);
+    for (const auto& [label, name] : {std::pair{&lblCounts_, u"lblCounts"_s},
+                                      {&lblRoster_, u"lblRoster"_s},
+                                      {&lblUpdated_, u"lblUpdated"_s}}) {
+        *label = new QLabel(this);
+        (*label)->setObjectName(name);
+    }
     ui_->statusbar->addWidget(lblCounts_);
     ui_->statusbar->addWidget(lblRoster_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
@@ -82,6 +73,7 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     ui_->picCloseTcid->hide();
     ui_->lblOtherDay->hide();
     ui_->lblAdminMode->hide();
+    ui_->lblNotRefreshed->hide();
     ConnectControls();
 }
 
@@ -126,7 +118,7 @@ bool frmMain::Form_Load() {
     LoadEmployees(SheetModel::FirstOrder());
     Timer1_Timer();
     Timer1.start();
-    RestorePlace(*this, FirstSize);
+    RestorePlace(*this, LeastFirstSize);
     ui_->MSHFlexGrid1->setFocus();
     return true;
 }
@@ -147,16 +139,20 @@ void frmMain::SetUpGrid() {
     grid.AnswerHeaders(SheetModel::SortableColumns());
     grid.horizontalHeader()->setToolTip(
         u"Klik judul Dept, NIP atau Nama, atau Ctrl+2, Ctrl+3, Ctrl+4, untuk mengurutkan"_s);
-    const QFontMetrics metrics = grid.fontMetrics();
-    const int padding = metrics.horizontalAdvance(u"MMM"_s);
-    const int time = metrics.horizontalAdvance(u"00:00:00"_s) + padding;
-    for (const int column : {SheetModel::TimeIn, SheetModel::TimeOut, SheetModel::Hours,
-                             SheetModel::OvertimeIn, SheetModel::OvertimeOut, SheetModel::OvertimeHours})
-        grid.setColumnWidth(column, time);
-    grid.setColumnWidth(SheetModel::Status, metrics.horizontalAdvance(u"Status"_s) + padding);
-    grid.setColumnWidth(SheetModel::Dept, metrics.horizontalAdvance(u"MMMM/MM"_s) + padding);
-    grid.setColumnWidth(SheetModel::Nip, metrics.horizontalAdvance(u"00000000"_s) + padding);
-    grid.StretchColumn(SheetModel::Nama, metrics.horizontalAdvance(u"Muhammad Ramadhan"_s) + padding);
+    SizeColumns();
+}
+
+/// Names take what most of them need, the times share the rest.
+void frmMain::SizeColumns() {
+    DataGrid& grid = *ui_->MSHFlexGrid1;
+    const auto width = [&grid](const QString& sample) {
+        return grid.fontMetrics().horizontalAdvance(sample) + 3 * Theme::CellPadding;
+    };
+    grid.setColumnWidth(SheetModel::Status, width(u"Status"_s));
+    grid.setColumnWidth(SheetModel::Dept, width(u"MMMM/MM"_s));
+    grid.setColumnWidth(SheetModel::Nip, width(u"00000000"_s));
+    grid.setColumnWidth(SheetModel::Nama, qMin(WidestName, width(u"Muhammad Ramadhan Nugroho"_s)));
+    grid.ShareRoom(SheetModel::TimeIn, width(u"00:00:00"_s));
 }
 
 void frmMain::SetAdminMode(bool on) {
@@ -171,6 +167,7 @@ void frmMain::Timer1_Timer() {
     sheetDate_ = FromQDate(ui_->txtTanggal->date());
     const Seconds rest = SecondOfMinute(now) % RefreshEvery;
     ui_->lblTimer->setText(ShownTime(now) + u'-' + QString::number(rest.count()));
+    ui_->lblDay->setText(DayInWords(DayOf(now)));
     if (DayOf(lastTick_) != DayOf(now))
         ui_->boxSheet->StartDay(DayOf(now));
     const bool due = RefreshIsDue(lastTick_, now);
@@ -217,11 +214,29 @@ void frmMain::ReadSheet(Cause cause) {
 void frmMain::ShowState(bool refreshed) {
     ui_->picCloseTcid->setVisible(sheet_.IsClosed());
     ui_->lblOtherDay->setVisible(!ui_->boxSheet->IsOfToday());
-    lblCounts_->setText(CountsText(sheet_.Count(), sheet_.IsClosed()));
+    ui_->lblOtherDay->setText(u"Perhatian: ini lembar %1, bukan lembar hari ini."_s.arg(
+        DayInWords(FromQDate(ui_->txtTanggal->date()))));
+    ui_->lblNotRefreshed->setVisible(!refreshed);
+    ui_->lblNotRefreshed->setText(
+        u"Lembar ini tidak dapat diperbarui sejak pukul %1. Yang tampil mungkin sudah berubah."_s.arg(
+            ShownTime(lastRefresh_)));
+    ShowCounts();
     ShowRoster();
     const QString file = QFileInfo(program_.Db().FileName()).fileName();
     lblUpdated_->setText((refreshed ? u"diperbarui %1 · %2"_s : u"TIDAK dapat diperbarui sejak %1 · %2"_s)
                              .arg(ShownTime(lastRefresh_), file));
+}
+
+/// A closed sheet is not read: what its cards say is not known.
+void frmMain::ShowCounts() {
+    const SheetModel::Counts counts = sheet_.Count();
+    for (const auto& [label, count] : {std::pair{ui_->lblIn, counts.in},
+                                       {ui_->lblOut, counts.out},
+                                       {ui_->lblOthers, counts.others},
+                                       {ui_->lblAbsent, counts.absent}})
+        label->setText(sheet_.IsClosed() ? u"–"_s : QString::number(count));
+    lblCounts_->setText(
+        (sheet_.IsClosed() ? u"%1 karyawan · lembar ditutup"_s : u"%1 karyawan"_s).arg(counts.employees));
 }
 
 void frmMain::ShowRoster() {

@@ -55,6 +55,7 @@ private:
 
     void ConnectControls();
     void SetUpGrid();
+    void SizeColumns();
 
     void Form_KeyDown(int key);
     void cmdButtons_Click(int index);
@@ -80,6 +81,7 @@ private:
     bool RefreshSheet(Cause cause);
     void ReadSheet(Cause cause);
     void ShowState(bool refreshed);
+    void ShowCounts();
     void ShowRoster();
 
     Program& program_;

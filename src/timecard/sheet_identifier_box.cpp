@@ -3,6 +3,7 @@
 #include "cards/sheet_identifier.h"
 #include "core/supervisor_check.h"
 #include "ui/day_tabs.h"
+#include "ui/icons.h"
 #include "ui/theme.h"
 #include "ui/typing.h"
 #include "ui_sheet_identifier_box.h"
@@ -29,6 +30,7 @@ void SheetIdentifierBox::Connect(Program& program, DayTabs& tabs) {
     program_ = &program;
     tabTgl_ = &tabs;
     SizeFields();
+    ShowLock();
     connect(ui_->cmdTCID, &QPushButton::clicked, this, &SheetIdentifierBox::cmdTCID_Click);
     connect(ui_->txtTCID, &QLineEdit::textChanged, this, &SheetIdentifierBox::txtTCID_Change);
     connect(ui_->txtTCID, &QLineEdit::editingFinished, this, &SheetIdentifierBox::txtTCID_LostFocus);
@@ -68,9 +70,15 @@ void SheetIdentifierBox::cmdTCID_Click() {
     choice_.SetUnlocked(unlock);
     for (QWidget* field : {ui_->txtTCID, ui_->txtTcIDRight, ui_->txtExt})
         field->setEnabled(unlock);
-    ui_->cmdTCID->setText(unlock ? u"&Kunci"_s : u"Buka &kunci"_s);
+    ShowLock();
     if (unlock)
         ui_->txtTcIDRight->setFocus();
+}
+
+void SheetIdentifierBox::ShowLock() {
+    const bool unlocked = choice_.IsUnlocked();
+    ui_->cmdTCID->setText(unlocked ? u"&Kunci"_s : u"Buka &kunci"_s);
+    ui_->cmdTCID->setIcon(Icon(unlocked ? u"unlock"_s : u"lock"_s));
 }
 
 void SheetIdentifierBox::txtTCID_Change(const QString& sheet) {

@@ -45,6 +45,7 @@ private:
 
     Day Today() const { return program_->clock.Today(); }
     void SizeFields();
+    void ShowLock();
     void Compose(const QString& day);
     void SwitchToDay(const QString& day);
     void ShowDayTab();

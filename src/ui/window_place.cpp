@@ -43,13 +43,14 @@ void SaveColumns(const QWidget& window) {
     EachGrid(window, [](const DataGrid& grid, QSettings& settings) { grid.SaveColumns(settings); });
 }
 
-void RestorePlace(QWidget& window, QSize firstSize) {
+void RestorePlace(QWidget& window, QSize leastSize) {
     RestoreColumns(window);
     if (window.restoreGeometry(Settings(u"windows"_s).value(window.objectName()).toByteArray()))
         return;
     // In the middle of the screen: over a smaller window's middle its title might not be reached.
     const QRect room = window.screen()->availableGeometry();
-    window.resize(firstSize.boundedTo(room.size() - FrameRoom));
+    const QSize share = room.size() * 9 / 10;
+    window.resize(share.expandedTo(leastSize).boundedTo(room.size() - FrameRoom));
     window.move(room.center() - QRect(QPoint(), window.size() + FrameRoom).center());
 }
 
