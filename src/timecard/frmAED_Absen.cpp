@@ -3,6 +3,7 @@
 #include "core/code_lists.h"
 #include "core/passwords.h"
 #include "ui/pick_list.h"
+#include "ui/theme.h"
 #include "ui/typing.h"
 #include "ui_frmAED_Absen.h"
 
@@ -64,6 +65,8 @@ void frmAED_Absen::Form_Activate() {
     idle_.start();
     const WallTime moment = entry_.Moment();
     ui_->lblMode->setText(entry_.IsClockIn() ? u"ABSEN MASUK"_s : u"ABSEN KELUAR"_s);
+    for (QWidget* coloured : {static_cast<QWidget*>(ui_->modeBand), static_cast<QWidget*>(ui_->lblDone)})
+        Theme::SetTone(*coloured, entry_.IsClockIn() ? u"in"_s : u"out"_s);
     ui_->lblMoment->setText(ShownDay(DayOf(moment)) + u"   "_s + ShownTime(moment));
     ShowEmployee({});
     SetRecorded(false);
@@ -152,6 +155,8 @@ void frmAED_Absen::SetRecorded(bool recorded) {
           static_cast<QWidget*>(ui_->cmdButtons_1), static_cast<QWidget*>(ui_->cmdButtons_2)})
         input->setEnabled(!recorded);
     ui_->lblDone->setVisible(recorded);
+    ui_->lblWho->setVisible(recorded);
+    ui_->picFields->setVisible(!recorded);
     ui_->lblHelp->setVisible(!recorded);
     ShowDetail(recorded);
 }
@@ -177,6 +182,7 @@ bool frmAED_Absen::BeginNext(const QKeyEvent& key) {
 
 void frmAED_Absen::ShowEmployee(const EmployeeDetails& employee) {
     ui_->txtNama->setText(employee.nama);
+    ui_->lblWho->setText(employee.nama);
     ui_->txtDept->setText(employee.dept);
     ui_->txtDivisi->setText(employee.divisi);
     ShowPhoto(employee.pathImage);
