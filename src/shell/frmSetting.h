@@ -4,8 +4,8 @@
 
 #include <QDialog>
 
-#include <array>
 #include <functional>
+#include <map>
 #include <memory>
 
 namespace Ui {
@@ -38,16 +38,14 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    enum Entry { Browser, Roster, ShiftCodes, Search, EntryCount };
-
     void Form_Load();
     void Form_QueryUnload();
-    void cmdButtons_Click(int index);
-    void cmdEditAbsensi_Click();
-    /// Opens the entry's window, the same every time, and waits until it is closed.
-    void Open(Entry entry);
+    /// The cards in groups, in the order in which they are read.
+    void LayCards();
+    /// Opens the card's window, the same every time, and waits until it is closed.
+    void cmdButtons_Click(size_t index);
 
     SettingNeeds needs_;
-    std::array<std::unique_ptr<QDialog>, EntryCount> windows_;
+    std::map<size_t, std::unique_ptr<QDialog>> windows_;
     std::unique_ptr<Ui::frmSetting> ui_;
 };
