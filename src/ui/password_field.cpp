@@ -1,5 +1,7 @@
 #include "ui/password_field.h"
 
+#include "ui/caps_lock.h"
+
 #include <QKeyEvent>
 #include <QLabel>
 
@@ -21,18 +23,40 @@ void PasswordField::keyPressEvent(QKeyEvent* event) {
     QLineEdit::keyPressEvent(event);
 }
 
-/// Qt does not tell the state of the lock, but a letter's case against the Shift key does.
+void PasswordField::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_CapsLock)
+        AskForCapsLock();
+    QLineEdit::keyReleaseEvent(event);
+}
+
+void PasswordField::focusInEvent(QFocusEvent* event) {
+    AskForCapsLock();
+    QLineEdit::focusInEvent(event);
+}
+
+void PasswordField::showEvent(QShowEvent* event) {
+    AskForCapsLock();
+    QLineEdit::showEvent(event);
+}
+
+/// Where the state of the lock is not told, a letter's case against the Shift key tells it.
 void PasswordField::NoteCapsLock(const QKeyEvent& event) {
-    if (!capsLockLabel_)
-        return;
-    if (event.key() == Qt::Key_CapsLock) {
-        capsLockLabel_->clear();
-        return;
-    }
+    if (event.key() == Qt::Key_CapsLock)
+        return TellCapsLock(false);
     const QString text = event.text();
     if (text.size() != 1 || text.toUpper() == text.toLower())
         return;
     const bool upper = text == text.toUpper();
     const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
-    capsLockLabel_->setText(upper != shift ? u"Caps Lock menyala."_s : QString());
+    TellCapsLock(upper != shift);
+}
+
+void PasswordField::AskForCapsLock() {
+    if (const std::optional<bool> on = CapsLockIsOn())
+        TellCapsLock(*on);
+}
+
+void PasswordField::TellCapsLock(bool on) {
+    if (capsLockLabel_)
+        capsLockLabel_->setText(on ? u"Caps Lock menyala."_s : QString());
 }

@@ -15,9 +15,15 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void NoteCapsLock(const QKeyEvent& event);
+    void TellCapsLock(bool on);
+    /// Where the window system tells; else the label stays as it is.
+    void AskForCapsLock();
 
     QLabel* capsLockLabel_ = nullptr;
 };
