@@ -13,6 +13,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
         return Text(index.row(), index.column());
     case Qt::TextAlignmentRole:
         return headerData(index.column(), Qt::Horizontal, role);
+    case FigureRole:
+        return static_cast<int>(columns_[static_cast<size_t>(index.column())].figure);
     case CellLookRole:
         return static_cast<int>(LookOf(index.row(), index.column()));
     default:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/cell_look.h"
+#include "core/shown_figure.h"
 
 #include <QAbstractTableModel>
 #include <QString>
@@ -10,6 +11,7 @@
 struct TableColumn {
     QString title;
     Qt::AlignmentFlag across = Qt::AlignLeft; ///< where cells and title stand in the column
+    Figure figure = Figure::Plain;
 };
 
 /// What the models of all grids have in common: a model says what its columns are, how many rows there are,

@@ -16,10 +16,19 @@ bool IsFigure(int column) {
     return column == SerialNo || (column >= TimeIn && column <= TimeOutOt) || column >= NormalHours;
 }
 
+Figure FigureOf(int column) {
+    if (column == BeriUangMakan)
+        return Figure::Flag;
+    if (column == NormalHours || column == OtHours)
+        return Figure::Hours;
+    return column == NormalAmount || column == OtAmount ? Figure::Amount : Figure::Plain;
+}
+
 std::vector<TableColumn> Columns() {
     std::vector<TableColumn> columns;
     for (int column = 0; column < ColumnCount; ++column)
-        columns.push_back({SearchColumnName(column), IsFigure(column) ? Qt::AlignRight : Qt::AlignLeft});
+        columns.push_back(
+            {SearchColumnName(column), IsFigure(column) ? Qt::AlignRight : Qt::AlignLeft, FigureOf(column)});
     return columns;
 }
 

@@ -1,5 +1,6 @@
 #include "ui/cell_delegate.h"
 
+#include "core/shown_figure.h"
 #include "ui/data_grid.h"
 #include "ui/theme.h"
 
@@ -58,6 +59,11 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (grid_->IsMarkedUnsaved(index))
         PaintUnsaved(*painter, cell.rect, index);
     painter->restore();
+}
+
+void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->text = ShownFigure(static_cast<Figure>(index.data(FigureRole).toInt()), option->text);
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -17,6 +17,9 @@ public:
                const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
 private:
     void PaintText(QPainter& painter, const QStyleOptionViewItem& cell, const QModelIndex& index) const;
     void PaintChip(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& fill) const;
