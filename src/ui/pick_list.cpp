@@ -107,7 +107,11 @@ void PickList::Place(double left, double top) {
     setFixedWidth(qMin(qMax(width, hint_->sizeHint().width() + 3 * Theme::GroupGap), room.width()));
     adjustSize();
 
-    QPoint place = anchor_ ? anchor_->mapToGlobal(QPoint(0, anchor_->height() + 2)) : QPoint(0, 0);
+    constexpr int gap = 2;
+    QPoint place = anchor_ ? anchor_->mapToGlobal(QPoint(0, anchor_->height() + gap)) : QPoint(0, 0);
+    // Above its field where there is no room below: it never covers what it is for.
+    if (anchor_ && place.y() + this->height() > room.bottom() + 1)
+        place.ry() -= anchor_->height() + 2 * gap + this->height();
     if (left >= 0 && top >= 0)
         place = QPoint(qRound(left), qRound(top));
     place.setX(qMax(room.left(), qMin(place.x(), room.right() + 1 - this->width())));

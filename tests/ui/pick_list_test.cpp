@@ -133,4 +133,8 @@ TEST(PickList, StaysOnTheScreenBesideItsEdgeAndWithLongTexts) {
         Keys(u"⎋");
         open.closed = 0;
     }
+    open.Db().Execute(u"update Employee set Nama='Siti'"_s);
+    open.window.move(0, room.bottom() - 60);
+    open.Show();
+    EXPECT_LT(open.list->geometry().bottom(), open.field->mapToGlobal(QPoint()).y()) << "it covers no field";
 }
