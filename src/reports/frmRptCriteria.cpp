@@ -110,7 +110,7 @@ void frmRptCriteria::ShowEmployeeName() {
     if (ui_->txtEmpl->text() == All)
         return;
     ui_->lblEmplName->setText(
-        EmployeeName(program_.Db(), ui_->txtEmpl->text()).value_or(u"NIP ini tidak terdaftar."_s));
+        EmployeeName(program_.Db(), ui_->txtEmpl->text()).value_or(u"NIK ini tidak terdaftar."_s));
 }
 
 void frmRptCriteria::cmdLov_Click() {

@@ -127,7 +127,7 @@ TEST(frmRptCriteria, TakesAnEmployeeFromTheListOrAsTyped) {
         EXPECT_EQ(TextOf(window, "lblEmplName"), u"Agus Salim"_s);
         const std::tuple<QString, QString, QStringList> cases[] = {
             {u" 0012 "_s, u"Siti Aminah"_s, {u"NIP : 0012"_s}},
-            {u"0099"_s, u"NIP ini tidak terdaftar."_s, {}},
+            {u"0099"_s, u"NIK ini tidak terdaftar."_s, {}},
             {u" "_s, QString(), {u"NIP : 0012"_s, u"NIP : 0013"_s}},
             {u"<all>"_s, QString(), {u"NIP : 0012"_s, u"NIP : 0013"_s}},
         };
