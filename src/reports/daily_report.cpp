@@ -1,7 +1,6 @@
-#include "reports/daily_report.h"
-
 #include "reports/attendance_rows.h"
 #include "reports/report_cells.h"
+#include "reports/report_list.h"
 
 using namespace Qt::StringLiterals;
 

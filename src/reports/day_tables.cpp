@@ -1,12 +1,20 @@
-#include "reports/day_tables.h"
-
+#include "reports/attendance_rows.h"
 #include "reports/report_cells.h"
+#include "reports/report_list.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int RemarkWidth = 34;
+
+/// What sets a report of day tables apart.
+struct DayTables {
+    QString title;
+    CardFilter filter;
+    /// What is said of an employee above the table.
+    std::function<QStringList(const ListedEmployee&)> heading;
+};
 
 /// The cell of each day, and the line of a day on which somebody has no card: the same for every employee,
 /// made once.
@@ -43,8 +51,7 @@ void WriteDays(const std::vector<TableDay>& days, const AttendanceRows& attendan
     }
 }
 
-} // namespace
-
+/// One employee after the other: the heading, then a table of every day of the period.
 ListedCount PrintDayTables(Connection& connection, const DayTables& tables, const LineSink& sink,
                            const Progress& progress) {
     const auto employees = ReadListedEmployees(connection, tables.filter, {});
@@ -67,4 +74,26 @@ ListedCount PrintDayTables(Connection& connection, const DayTables& tables, cons
         sink(rule);
     }
     return std::ssize(employees);
+}
+
+} // namespace
+
+ListedCount PrintEmployeeDetailReport(Connection& connection, const ReportCriteria& criteria,
+                                      const LineSink& sink, const Progress& progress) {
+    CardFilter filter{DayRange{criteria.date1, criteria.date2}};
+    if (criteria.employee != AllChoice)
+        filter.nip = criteria.employee;
+    const auto heading = [](const ListedEmployee& employee) {
+        return QStringList{u"NIP : "_s + OneLine(employee.nip), u"Nama: "_s + OneLine(employee.nama)};
+    };
+    return PrintDayTables(connection, {u"ABSENSI DETAIL KARYAWAN"_s, filter, heading}, sink, progress);
+}
+
+ListedCount PrintDepartmentReport(Connection& connection, const ReportCriteria& criteria,
+                                  const LineSink& sink, const Progress& progress) {
+    const auto heading = [](const ListedEmployee& employee) {
+        return QStringList{u"NIP   : "_s + OneLine(employee.nip), u"Nama  : "_s + OneLine(employee.nama),
+                           u"Dept  : "_s + OneLine(employee.dept), u"Divisi: "_s + OneLine(employee.divisi)};
+    };
+    return PrintDayTables(connection, {u"ABSENSI KARYAWAN "_s, criteria.Filter(), heading}, sink, progress);
 }

@@ -1,10 +1,5 @@
 #include "reports/report_list.h"
 
-#include "reports/daily_report.h"
-#include "reports/department_report.h"
-#include "reports/employee_detail_report.h"
-#include "reports/summary_report.h"
-
 #include <algorithm>
 
 namespace {

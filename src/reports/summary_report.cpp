@@ -1,9 +1,8 @@
-#include "reports/summary_report.h"
-
 #include "cards/listed_employees.h"
 #include "core/code_lists.h"
 #include "core/status_codes.h"
 #include "reports/report_cells.h"
+#include "reports/report_list.h"
 
 #include <algorithm>
 #include <numeric>
