@@ -168,7 +168,12 @@ TEST_F(TimeCard, WhatCannotBeComputedIsNamedAndStopsNoNeighbour) {
     put(left[3], u"O'1"_s);
     put(left[4], u"1003"_s);
     put(u"f"_s, u"1001"_s);
-    const auto report = CalculateTimeCards(Db(), left + QStringList{u"f"_s, u""_s});
+    // Its first day counts and the other is left alone.
+    Run(u"INSERT INTO TimeCardDetail (TCID,Tanggal,TimeIN,TimeOUT) VALUES "
+        "('f','2026-11-21','2026-11-21 08:00:00','2026-11-21 12:00:00')"_s);
+    const auto report = CalculateTimeCards(Db(), left + QStringList{u"f"_s, u""_s, u"f"_s, left[0]});
+    EXPECT_EQ(RowsOf(u"select TimeOutOT from TimeCardDetail where TCID='f' order by Tanggal"_s),
+              (QStringList{u"2026-11-20 16:00:00"_s, u"-"_s}));
     EXPECT_EQ(report.computed, 1);
     QStringList named;
     for (const auto& card : report.notComputed) {

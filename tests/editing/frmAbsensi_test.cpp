@@ -135,6 +135,7 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
 
     Keys(u"XX⏎"); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
+    EXPECT_EQ(TextOf(*KeyboardUser::InFront(), "lblReason"), u"Kode XX tidak dikenal."_s);
     Keys(u"⏎"); // one too many
     EXPECT_EQ(browser.RowsOf(Cards).size(), 2);
     Keys(u"⎋");

@@ -1,6 +1,5 @@
 #include "shifts/frmShiftEmployee.h"
 
-#include "database/sqlite_dialect.h"
 #include "support/failures.h"
 #include "support/window_company.h"
 #include "ui/data_grid.h"
@@ -308,12 +307,4 @@ TEST(frmShiftEmployee, NamesStayInSightBesideTheirDays) {
         names->verticalScrollBar()->setValue(3);
         EXPECT_EQ(grid.verticalScrollBar()->value(), 3) << "the wheel over the names";
     });
-}
-
-TEST(frmShiftEmployee, AMonthIsFoundByItsIndex) {
-    Roster roster;
-    const QString statement = u"select * from ShiftEmployee where year(Tgl)=2026 and Month(Tgl)=11"_s;
-    Cursor plan = roster.Db().QueryNative(u"EXPLAIN QUERY PLAN "_s + ToSqlite(statement));
-    ASSERT_TRUE(plan.Next());
-    EXPECT_TRUE(plan.Text(3).contains(u"ShiftEmployeeMonth"_s)) << plan.Text(3).toStdString();
 }

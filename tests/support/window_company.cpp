@@ -112,3 +112,13 @@ void WindowCompany::ChooseFromMenu(const QString& entry) {
     ASSERT_EQ(menu->activeAction()->text(), entry);
     Keys(u"⏎");
 }
+
+void WindowCompany::ChooseAsSupervisor(const QString& entry) {
+    WillLogIn(u"pelon"_s, u"pelon"_s);
+    ChooseFromMenu(entry);
+}
+
+void WindowCompany::TickAfter(Seconds seconds) {
+    clock.now += seconds;
+    Tick();
+}

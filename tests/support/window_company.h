@@ -72,7 +72,9 @@ public:
     void Record(Qt::Key key, const QString& nip, const QString& password);
     /// Opens the "Edit" menu with F10 and walks down to an entry.
     void ChooseFromMenu(const QString& entry);
+    void ChooseAsSupervisor(const QString& entry);
     void Tick() { window->Timer1_Timer(); }
+    void TickAfter(Seconds seconds);
 
     std::unique_ptr<frmMain> window;
 };

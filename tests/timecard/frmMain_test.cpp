@@ -46,8 +46,7 @@ void TypeOver(QLineEdit& box, const QString& text) {
 
 TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     WindowCompany desk;
-    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    desk.ChooseAsSupervisor(u"Tutup Lembar ini"_s);
     EXPECT_EQ(desk.RowsOf(Sheets), QStringList{u"T20261122|1"_s});
     EXPECT_TRUE(desk.Part<QWidget>("picCloseTcid").isVisible());
     EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), u"Lembar T20261122 ditutup."_s);
@@ -55,8 +54,7 @@ TEST(frmMain, ASupervisorClosesAndReopensTheSheet) {
     Keys(u"②⑧");
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
 
-    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    desk.ChooseFromMenu(u"Buka lagi lembar ini"_s);
+    desk.ChooseAsSupervisor(u"Buka lagi lembar ini"_s);
     EXPECT_EQ(desk.RowsOf(Sheets), QStringList{u"T20261122|0"_s});
     EXPECT_FALSE(desk.Part<QWidget>("picCloseTcid").isVisible());
     desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
@@ -101,8 +99,7 @@ TEST(frmMain, AdminModeIsTurnedOnWithACheckAndOffWithoutAndOpensEditorAndAdminis
     grid.selectRow(1);
     Keys(u"⏎");
     EXPECT_TRUE(opened.isEmpty());
-    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    desk.ChooseFromMenu(u"Admin Mode"_s);
+    desk.ChooseAsSupervisor(u"Admin Mode"_s);
     EXPECT_TRUE(desk.Part<QAction>("mnAdminMode").isChecked());
     EXPECT_TRUE(desk.Part<QLabel>("lblAdminMode").isVisible());
     Keys(u"⏎");
@@ -232,22 +229,18 @@ TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
 TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     WindowCompany desk;
     RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
-    desk.clock.now = Moment(u"2026-11-22 07:58:13");
-    desk.Tick();
+    desk.TickAfter(Seconds{1});
     EXPECT_EQ(desk.Said("lblTimer"), u"07:58:13-3"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"A"_s);
-    desk.clock.now = Moment(u"2026-11-22 07:58:15");
-    desk.Tick();
+    desk.TickAfter(Seconds{2});
     EXPECT_EQ(desk.Said("lblTimer"), u"07:58:15-0"_s);
     EXPECT_EQ(desk.Said("lblDay"), u"Minggu, 22 November 2026"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s);
-    desk.clock.now = Moment(u"2026-11-22 07:58:17");
-    desk.Tick();
+    desk.TickAfter(Seconds{2});
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:15"_s) << "not at every tick";
     // The tick of 20 seconds fell out: the next one makes up for it, and the running hours move.
-    desk.clock.now = Moment(u"2026-11-22 07:58:21");
-    desk.Tick();
+    desk.TickAfter(Seconds{4});
     EXPECT_EQ(desk.Cell(1, SheetModel::Hours), u"00:28:21"_s);
     const auto counts = [&desk] {
         return TextOf(*desk.window, {"lblIn", "lblOut", "lblOthers", "lblAbsent", "lblCounts"});
@@ -256,12 +249,10 @@ TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     desk.Grid().selectRow(2);
     EXPECT_EQ(desk.Said("lblRoster"), u"Siti Aminah: tidak ada di jadwal shift 22-Nov-2026"_s);
     desk.Run(u"UPDATE TimeCardHeader SET Status='TL'"_s);
-    desk.clock.now += Seconds{5};
-    desk.Tick();
+    desk.TickAfter(Seconds{5});
     EXPECT_EQ(counts(), u"0|0|1|2|3 karyawan"_s);
     CloseSheet(desk.Db(), u"T20261122"_s);
-    desk.clock.now += Seconds{5};
-    desk.Tick();
+    desk.TickAfter(Seconds{5});
     EXPECT_EQ(counts(), u"–|–|–|–|3 karyawan · lembar ditutup"_s);
 }
 
@@ -276,13 +267,11 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmp
     EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
     const QString selected = desk.Cell(60, SheetModel::Nip);
     RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
-    desk.clock.now += Seconds{10};
-    desk.Tick();
+    desk.TickAfter(Seconds{10});
     EXPECT_EQ(grid.currentIndex().row(), 60);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
     desk.AddEmployee(u"0011"_s, u"Karyawan baru"_s, u"x"_s, u"PROD"_s);
-    desk.clock.now += Seconds{5};
-    desk.Tick();
+    desk.TickAfter(Seconds{5});
     EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0011"_s);
     EXPECT_EQ(desk.Cell(grid.currentIndex().row(), SheetModel::Nip), selected);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
@@ -305,8 +294,7 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     const auto other = desk.OtherDesk();
     other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
     const auto nextRefresh = [&] {
-        desk.clock.now += Seconds{5};
-        desk.Tick();
+        desk.TickAfter(Seconds{5});
         QApplication::processEvents();
     };
     for (int i = 0; i < 3; ++i)
@@ -333,16 +321,14 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
     nextRefresh();
     other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
-    desk.clock.now += Seconds{5};
-    desk.Tick();
+    desk.TickAfter(Seconds{5});
     Keys(u"②");
     QApplication::processEvents();
     EXPECT_EQ(desk.dialogs.texts.size(), 4);
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
     nextRefresh();
     other->ExecuteNative(u"ALTER TABLE timecardmaster RENAME TO Gone"_s);
-    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    desk.ChooseAsSupervisor(u"Tutup Lembar ini"_s);
     nextRefresh();
     EXPECT_EQ(desk.dialogs.texts.size(), 5);
     other->ExecuteNative(u"ALTER TABLE Gone RENAME TO timecardmaster"_s);
@@ -430,8 +416,7 @@ TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
     Keys(u"②");
     EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
     EXPECT_TRUE(desk.dialogs.Last().contains(u"Perintah database ditolak"_s));
-    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    desk.ChooseFromMenu(u"Tutup Lembar ini"_s);
+    desk.ChooseAsSupervisor(u"Tutup Lembar ini"_s);
     EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), QString());
     EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
