@@ -141,9 +141,16 @@ TEST(frmMain, TheUnlockedIdentifierIsComposedFromItsFields) {
     for (int i = 0; i < 2; ++i)
         desk.Part<QAbstractButton>("UpDown1_Up").click();
     EXPECT_EQ(sheet.text(), u"T20261131"_s) << "the last day that the spinner gives";
+    // A day that the month lacks leaves every tab to be chosen.
+    auto& tabs = desk.Part<QTabBar>("tabTgl");
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(29).center());
+    EXPECT_EQ(sheet.text(), u"T20261130"_s);
+    tabs.setFocus();
+    Keys(u"←");
+    EXPECT_EQ(sheet.text(), u"T20261129"_s);
     desk.Part<QPushButton>("cmdTCID").click();
     EXPECT_FALSE(day.isEnabled() || extension.isEnabled() || sheet.isEnabled());
-    EXPECT_EQ(sheet.text(), u"T20261131"_s);
+    EXPECT_EQ(sheet.text(), u"T20261129"_s);
 }
 
 TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTabsFollow) {
@@ -297,6 +304,10 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
         desk.TickAfter(Seconds{5});
         QApplication::processEvents();
     };
+    const auto refreshAfterRenaming = [&](const QString& table, const QString& to) {
+        other->ExecuteNative(u"ALTER TABLE %1 RENAME TO %2"_s.arg(table, to));
+        nextRefresh();
+    };
     for (int i = 0; i < 3; ++i)
         nextRefresh();
     EXPECT_EQ(desk.dialogs.texts.size(), 1);
@@ -307,32 +318,27 @@ TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     EXPECT_EQ(desk.Cell(2, SheetModel::Status), u"IN"_s);
     EXPECT_TRUE(desk.Said("lblUpdated").startsWith(u"TIDAK dapat diperbarui sejak 07:58:12"_s));
     EXPECT_TRUE(desk.Part<QLabel>("lblNotRefreshed").isVisible());
-    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
-    nextRefresh();
+    refreshAfterRenaming(u"Gone"_s, u"TimeCardDetail"_s);
     EXPECT_EQ(desk.Said("lblUpdated"), u"diperbarui 07:58:32 · DATA.mdb"_s);
     EXPECT_FALSE(desk.Part<QLabel>("lblNotRefreshed").isVisible());
 
-    other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
-    nextRefresh();
+    refreshAfterRenaming(u"TimeCardDetail"_s, u"Gone"_s);
     EXPECT_EQ(desk.dialogs.texts.size(), 3) << "the next outage is told again";
 
     // One outage is told once, whoever meets it first: the clock, a moment before the key, or a sheet to be
     // closed.
-    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
-    nextRefresh();
+    refreshAfterRenaming(u"Gone"_s, u"TimeCardDetail"_s);
     other->ExecuteNative(u"ALTER TABLE TimeCardDetail RENAME TO Gone"_s);
     desk.TickAfter(Seconds{5});
     Keys(u"②");
     QApplication::processEvents();
     EXPECT_EQ(desk.dialogs.texts.size(), 4);
-    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO TimeCardDetail"_s);
-    nextRefresh();
+    refreshAfterRenaming(u"Gone"_s, u"TimeCardDetail"_s);
     other->ExecuteNative(u"ALTER TABLE timecardmaster RENAME TO Gone"_s);
     desk.ChooseAsSupervisor(u"Tutup Lembar ini"_s);
     nextRefresh();
     EXPECT_EQ(desk.dialogs.texts.size(), 5);
-    other->ExecuteNative(u"ALTER TABLE Gone RENAME TO timecardmaster"_s);
-    nextRefresh();
+    refreshAfterRenaming(u"Gone"_s, u"timecardmaster"_s);
     ASSERT_TRUE(QFile::remove(desk.DatabaseFile()));
     nextRefresh();
     EXPECT_TRUE(desk.dialogs.Last().contains(u"File database tidak ditemukan lagi."_s));
@@ -420,19 +426,4 @@ TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
     EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), QString());
     EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
-}
-
-TEST(frmMain, ADayThatTheMonthLacksLeavesEveryTabToBeChosen) {
-    WindowCompany desk;
-    Unlock(desk);
-    auto& tabs = desk.Part<QTabBar>("tabTgl");
-    auto& sheet = desk.Part<QLineEdit>("txtTCID");
-    tabs.setCurrentIndex(29);
-    desk.window->findChild<QAbstractButton*>(u"UpDown1_Up"_s)->click();
-    ASSERT_EQ(sheet.text(), u"T20261131"_s);
-    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(29).center());
-    EXPECT_EQ(sheet.text(), u"T20261130"_s);
-    tabs.setFocus();
-    Keys(u"←");
-    EXPECT_EQ(sheet.text(), u"T20261129"_s);
 }

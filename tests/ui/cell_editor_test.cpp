@@ -143,6 +143,13 @@ TEST(CellEditor, SavesARowOnceWhenTheCursorLeavesIt) {
     EXPECT_EQ(host.Text1().selectedText(), u"old"_s);
     Keys(u"⏎↓");
     EXPECT_EQ(host.saved, QList<int>{0}) << "an unchanged text leaves the row as it was";
+    host.failing = true;
+    Keys(u"x⏎↓");
+    EXPECT_TRUE(host.grid->IsMarkedUnsaved(host.sheet.index(2, 0)));
+    host.failing = false;
+    Keys(u"↑↓");
+    EXPECT_EQ(host.saved, (QList<int>{0, 2, 2})) << "until it is saved";
+    EXPECT_FALSE(host.grid->IsMarkedUnsaved(host.sheet.index(2, 0)));
 }
 
 TEST(CellEditor, ThrowsAwayWhatIsTypedOnEscapeErasureScrollAndLeaving) {
