@@ -9,6 +9,7 @@
 #include <QShowEvent>
 
 using namespace Qt::StringLiterals;
+using Answer = Dialogs::Answer;
 
 namespace {
 
@@ -110,8 +111,7 @@ TEST(frmEditAbsensiOne, MakesACardForADayThatHasNone) {
     CardEditor editor;
     editor.clock.now = Moment(u"2026-11-25 09:00:00");
     editor.Open([](QWidget& window) {
-        auto& status = Part<QComboBox>(window, "txtStatus");
-        EXPECT_TRUE(status.hasFocus());
+        EXPECT_TRUE(Part<QComboBox>(window, "txtStatus").hasFocus());
         Keys(u"S");
         EXPECT_EQ(TextOf(window, "lblStatusText"), u"Sakit"_s);
         Press("cmdButtons_1", window);
@@ -122,7 +122,7 @@ TEST(frmEditAbsensiOne, MakesACardForADayThatHasNone) {
 
 TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
     CardEditor editor(u"OUT"_s);
-    editor.dialogs.answers = {Dialogs::Answer::Cancel, Dialogs::Answer::No, Dialogs::Answer::Yes};
+    editor.dialogs.answers = {Answer::Cancel, Answer::No, Answer::Yes};
     editor.Open([&](QWidget& window) {
         TypeInto(window, "txtTOUT", u"22Nov2026 1600"_s);
         Press("cmdCalcHrs", window);
@@ -147,7 +147,7 @@ TEST(frmEditAbsensiOne, ComputesAfterSavingWhatWasTyped) {
 TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
     CardEditor editor(u"IN"_s, u"2026-11-22 07:45:12"_s, {});
     editor.clock.now = Moment(u"2026-11-25 09:00:00");
-    editor.dialogs.answers = {Dialogs::Answer::No}; // the status stays IN
+    editor.dialogs.answers = {Answer::No}; // the status stays IN
     editor.Open([](QWidget& window) {
         EXPECT_FALSE(Part<QCheckBox>(window, "chkTimeIO").isChecked());
         EXPECT_EQ(TextOf(window, "txtTOUT"), u"25-Nov-2026 00:00"_s);
@@ -159,13 +159,12 @@ TEST(frmEditAbsensiOne, AForgottenTimeStartsOnTheCardsDay) {
         EXPECT_FALSE(TextOf(window, "lblNormalHint").isEmpty()) << "no departure typed yet";
         EXPECT_EQ(TextOf(window, {"txtTOUT", "txtOTIN", "txtOTOUT"}),
                   u"22-Nov-2026 00:00|22-Nov-2026 00:00|22-Nov-2026 00:00"_s);
-        const auto& out = Part<QLineEdit>(window, "txtTOUT");
         Part<QWidget>(window, "chkTimeIO").setFocus();
         Keys(u"↹↹16:30↹");
         EXPECT_EQ(TextOf(window, "lblNormalHint"), QString());
         for (const char* name : {"chkOTIO", "chkTimeIO", "chkTimeIO"})
             Press(name, window);
-        EXPECT_EQ(out.text(), u"22-Nov-2026 16:30"_s) << "what was typed stays";
+        EXPECT_EQ(TextOf(window, "txtTOUT"), u"22-Nov-2026 16:30"_s) << "what was typed stays";
         Press("cmdButtons_1", window);
     });
     EXPECT_EQ(editor.RowsOf(Days),
@@ -218,7 +217,7 @@ TEST(frmEditAbsensiOne, AfterAComputationThatFailsTheSavedCardCanBeSavedAgain) {
     CardEditor editor(u"OUT"_s);
     editor.Run(u"CREATE TRIGGER refuse BEFORE UPDATE OF ShiftCode ON TimeCardDetail "
                "BEGIN SELECT RAISE(ABORT,'disk on fire'); END"_s);
-    editor.dialogs.answers = {Dialogs::Answer::Yes};
+    editor.dialogs.answers = {Answer::Yes};
     const int result = editor.Open([&](QWidget& window) {
         Part<QLineEdit>(window, "txtKeterangan").setText(u"satu"_s);
         Press("cmdCalcHrs", window);
@@ -260,18 +259,16 @@ TEST(frmEditAbsensiOne, AmountsSayWhatOfThemCountsAndSecondsAreThoseOfTheCardOrN
     CardEditor editor(u"OUT"_s, u"2026-11-22 07:45:12"_s, u"2026-11-22 17:03:30"_s);
     editor.Run(u"UPDATE TimeCardHeader SET NormalAmount=0.00002, OTAmount=1250000.5"_s);
     editor.Open([&](QWidget& window) {
-        auto& normal = Part<QLineEdit>(window, "txtNAmount");
-        auto& overtime = Part<QLineEdit>(window, "txtOTAmount");
-        EXPECT_EQ(normal.text(), u"0"_s) << "no exponent, whose first digit would be saved";
-        EXPECT_EQ(overtime.text(), u"1250000.5"_s);
+        EXPECT_EQ(TextOf(window, {"txtNAmount", "txtOTAmount"}), u"0|1250000.5"_s)
+            << "no exponent, whose first digit would be saved";
         TypeInto(window, "txtNAmount", u"1,250,000"_s);
         EXPECT_TRUE(TextOf(window, "lblNormalHint").contains(u"\",\""_s));
         TypeInto(window, "txtOTAmount", u"Rp 1,250,000.75"_s);
-        EXPECT_EQ(overtime.text(), u"1250000.75"_s) << "only what makes a number can be typed";
+        EXPECT_EQ(TextOf(window, "txtOTAmount"), u"1250000.75"_s) << "only what makes a number can be typed";
         EXPECT_EQ(TextOf(window, "lblOvertimeHint"), QString());
         TypeInto(window, "txtTIN", u"21Nov2026"_s);
         TypeInto(window, "txtTOUT", u"1704"_s);
-        editor.dialogs.answers = {Dialogs::Answer::No, Dialogs::Answer::Yes};
+        editor.dialogs.answers = {Answer::No, Answer::Yes};
         Press("cmdButtons_1", window);
         EXPECT_TRUE(window.isVisible());
         EXPECT_TRUE(editor.dialogs.questions[0].startsWith(u"1,250,000 akan disimpan sebagai 1. Simpan?"_s));
@@ -321,7 +318,6 @@ TEST(frmEditAbsensiOne, AnotherDesksChangeIsNotOverwrittenAndTheTypingStays) {
 }
 
 TEST(frmEditAbsensiOne, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
-    using Answer = Dialogs::Answer;
     for (const auto& [box, typed, answer, stored] :
          {std::tuple{"txtTOUT", u"21Nov2026 0500"_s, Answer::No, u"17:00:00|16:30:00"_s},
           {"txtTOUT", u"21Nov2026 0500"_s, Answer::Yes, u"05:00:00|16:30:00"_s},
@@ -343,7 +339,6 @@ TEST(frmEditAbsensiOne, ADepartureBeforeTheArrivalIsStoredOnlyWhenWanted) {
 }
 
 TEST(frmEditAbsensiOne, ADepartureOffersOut) {
-    using Answer = Dialogs::Answer;
     for (const auto& [answer, status, out] : {std::tuple{Answer::Yes, u"OUT"_s, u"2026-11-22 17:05:00"_s},
                                               {Answer::No, u"IN"_s, u"2026-11-22 17:05:00"_s},
                                               {Answer::Cancel, u"IN"_s, u"-"_s}}) {
@@ -384,7 +379,6 @@ TEST(frmEditAbsensiOne, AnAmountTooLargeForMoneyCanBeLookedAtAndLeft) {
 }
 
 TEST(frmEditAbsensiOne, LeavingWithUnsavedChangesAsksExceptByBatal) {
-    using Answer = Dialogs::Answer;
     // A time that cannot be read is a change, too, but none that can be saved.
     for (const auto& [box, answer, leaves, keterangan] :
          {std::tuple{"txtKeterangan", Answer::Cancel, false, u"-"_s},

@@ -122,3 +122,15 @@ void WindowCompany::TickAfter(Seconds seconds) {
     clock.now += seconds;
     Tick();
 }
+
+void WindowCompany::Unlock() {
+    WillLogIn(u"pelon"_s, u"pelon"_s);
+    Part<QPushButton>("cmdTCID").click();
+}
+
+void WindowCompany::RecordElsewhere(const QString& tcid, const QString& day) const {
+    const auto other = OtherDesk();
+    other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES (?,'0013','IN')"_s, {tcid});
+    other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES (?,?,?)"_s,
+                   {tcid, day, day + u" 07:30:00"_s});
+}

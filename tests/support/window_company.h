@@ -73,6 +73,10 @@ public:
     /// Opens the "Edit" menu with F10 and walks down to an entry.
     void ChooseFromMenu(const QString& entry);
     void ChooseAsSupervisor(const QString& entry);
+    /// Lets the sheet's identifier be typed, which asks for a supervisor.
+    void Unlock();
+    /// Budi (0013) came at half past seven, as another desk recorded it.
+    void RecordElsewhere(const QString& tcid, const QString& day) const;
     void Tick() { window->Timer1_Timer(); }
     void TickAfter(Seconds seconds);
 

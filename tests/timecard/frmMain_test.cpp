@@ -11,36 +11,13 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Cards = u"select h.TCID, h.NIP, h.Status, d.Tanggal, d.TimeIN, d.TimeOUT, d.BeriUangMakan "
-                      "from TimeCardHeader h left join TimeCardDetail d on d.TCID=h.TCID order by h.TCID"_s;
+const QString Cards = u"select TCID from TimeCardHeader"_s;
 const QString Sheets = u"select TCID, Status from timecardmaster order by TCID"_s;
-
-/// Lets the sheet's identifier be typed, which asks for a supervisor.
-void Unlock(WindowCompany& desk) {
-    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    desk.Part<QPushButton>("cmdTCID").click();
-}
-
-/// Budi (0013) came at half past seven, as another desk recorded it.
-void RecordBudi(const TestCompany& company, const QString& tcid, const QString& day) {
-    const auto other = company.OtherDesk();
-    other->Execute(u"INSERT INTO TimeCardHeader (TCID, NIP, Status) VALUES (?,'0013','IN')"_s, {tcid});
-    other->Execute(u"INSERT INTO TimeCardDetail (TCID, Tanggal, TimeIN) VALUES (?,?,?)"_s,
-                   {tcid, day, day + u" 07:30:00"_s});
-}
-
-void TypeOver(QLineEdit& box, const QString& text) {
-    box.setFocus();
-    box.selectAll();
-    Keys(u"⌦");
-    Keys(text);
-}
 
 } // namespace
 
@@ -84,7 +61,7 @@ TEST(frmMain, SupervisorFunctionsDoNothingForOthers) {
     Keys(u"③"); // for admin mode only
     EXPECT_EQ(opened, 0);
     desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
+    desk.RecordElsewhere(u"T202611220013"_s, u"2026-11-22"_s);
     desk.Part<QPushButton>("cmdButtons_2").click();
     EXPECT_EQ(opened, 1);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"IN"_s) << "what was done there is shown at once";
@@ -110,93 +87,6 @@ TEST(frmMain, AdminModeIsTurnedOnWithACheckAndOffWithoutAndOpensEditorAndAdminis
     desk.ChooseFromMenu(u"Admin Mode"_s);
     EXPECT_FALSE(desk.window->AdminMode());
     EXPECT_FALSE(desk.Part<QAction>("mnAdminMode").isChecked());
-}
-
-TEST(frmMain, TheUnlockedIdentifierIsComposedFromItsFields) {
-    WindowCompany desk;
-    Unlock(desk);
-    auto& day = desk.Part<QLineEdit>("txtTcIDRight");
-    auto& extension = desk.Part<QLineEdit>("txtExt");
-    auto& sheet = desk.Part<QLineEdit>("txtTCID");
-    ASSERT_TRUE(day.isEnabled() && extension.isEnabled() && sheet.isEnabled());
-    EXPECT_FALSE(desk.Part<QLineEdit>("txtTcIDLeft").isEnabled());
-
-    TypeOver(extension, u"a"_s);
-    TypeOver(day, u"7"_s);
-    Keys(u"↹");
-    EXPECT_EQ(sheet.text(), u"T20261107-A"_s);
-    TypeOver(day, u""_s);
-    Keys(u"↹");
-    EXPECT_EQ(day.text() + sheet.text(), u"07T20261107-A"_s);
-    TypeOver(day, u"22"_s);
-    Keys(u"↹");
-    EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible()) << "another sheet of today";
-    TypeOver(extension, u""_s);
-    TypeOver(day, u"1"_s);
-    Keys(u"↹");
-    desk.Part<QAbstractButton>("UpDown1_Down").click();
-    EXPECT_EQ(sheet.text(), u"T20261101"_s);
-    TypeOver(day, u"30"_s);
-    Keys(u"↹");
-    for (int i = 0; i < 2; ++i)
-        desk.Part<QAbstractButton>("UpDown1_Up").click();
-    EXPECT_EQ(sheet.text(), u"T20261131"_s) << "the last day that the spinner gives";
-    // A day that the month lacks leaves every tab to be chosen.
-    auto& tabs = desk.Part<QTabBar>("tabTgl");
-    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(29).center());
-    EXPECT_EQ(sheet.text(), u"T20261130"_s);
-    tabs.setFocus();
-    Keys(u"←");
-    EXPECT_EQ(sheet.text(), u"T20261129"_s);
-    desk.Part<QPushButton>("cmdTCID").click();
-    EXPECT_FALSE(day.isEnabled() || extension.isEnabled() || sheet.isEnabled());
-    EXPECT_EQ(sheet.text(), u"T20261129"_s);
-}
-
-TEST(frmMain, OnlyASupervisorSwitchesToAnotherDayButAnybodyBackToTodayWhichTheTabsFollow) {
-    WindowCompany desk;
-    auto& tabs = desk.Part<QTabBar>("tabTgl");
-    auto& sheet = desk.Part<QLineEdit>("txtTCID");
-    EXPECT_EQ(tabs.count(), 30);
-    EXPECT_EQ(tabs.currentIndex(), 21);
-    desk.WillLogIn(u"budi"_s, u"budi"_s);
-    tabs.setCurrentIndex(4);
-    EXPECT_EQ(sheet.text(), u"T20261122"_s);
-    EXPECT_EQ(tabs.currentIndex(), 21);
-
-    RecordBudi(desk, u"T202611050013"_s, u"2026-11-05"_s);
-    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-    tabs.setCurrentIndex(4);
-    EXPECT_EQ(sheet.text(), u"T20261105"_s);
-    EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
-    tabs.setFocus();
-    Keys(u" "); // the day that is open already: no login
-    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget&) { Keys(u"0012⏎rahasia⏎⎋"); });
-    desk.Part<QPushButton>("cmdButtons_0").click(); // at once, before the clock's next tick
-    EXPECT_EQ(desk.RowsOf(Cards).value(0), u"T202611050012|0012|IN|2026-11-05|2026-11-05 07:58:12|-|1"_s);
-    tabs.setCurrentIndex(21);
-    EXPECT_EQ(sheet.text(), u"T20261122"_s);
-    EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
-
-    desk.clock.now = Moment(u"2026-11-23 00:00:02");
-    desk.Tick();
-    EXPECT_EQ(tabs.currentIndex(), 21) << "the sheet is still that of the day before";
-    EXPECT_EQ(tabs.tabText(22), u"•23"_s);
-    desk.clock.now = Moment(u"2026-12-22 00:00:02");
-    desk.Tick();
-    EXPECT_EQ(tabs.count(), 31);
-    EXPECT_EQ(sheet.text(), u"T20261122"_s);
-    EXPECT_TRUE(desk.Part<QLabel>("lblOtherDay").isVisible());
-    EXPECT_EQ(tabs.property("look"), u"unmarked"_s);
-    // Today has the number of the sheet's day, and so the tab that is current already.
-    QTest::mouseClick(&tabs, Qt::RightButton, {}, tabs.tabRect(21).center());
-    EXPECT_EQ(sheet.text(), u"T20261122"_s);
-    tabs.setFocus();
-    tabs.setCurrentIndex(21);
-    Keys(u" ");
-    EXPECT_EQ(sheet.text(), u"T20261222"_s);
-    EXPECT_FALSE(desk.Part<QLabel>("lblOtherDay").isVisible());
 }
 
 TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
@@ -235,7 +125,7 @@ TEST(frmMain, AfterMidnightAnArrivalIsAskedForItsDayUnlessTheSheetWasChosen) {
 
 TEST(frmMain, TheClockShowsTheCountToTheNextRefreshAndRefreshesOthersEntries) {
     WindowCompany desk;
-    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
+    desk.RecordElsewhere(u"T202611220013"_s, u"2026-11-22"_s);
     desk.TickAfter(Seconds{1});
     EXPECT_EQ(desk.Said("lblTimer"), u"07:58:13-3"_s);
     EXPECT_EQ(desk.Cell(1, SheetModel::Status), u"A"_s);
@@ -273,7 +163,7 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmp
     grid.verticalScrollBar()->setValue(50);
     EXPECT_EQ(desk.Cell(0, SheetModel::Nip), u"0012"_s);
     const QString selected = desk.Cell(60, SheetModel::Nip);
-    RecordBudi(desk, u"T202611220013"_s, u"2026-11-22"_s);
+    desk.RecordElsewhere(u"T202611220013"_s, u"2026-11-22"_s);
     desk.TickAfter(Seconds{10});
     EXPECT_EQ(grid.currentIndex().row(), 60);
     EXPECT_EQ(grid.verticalScrollBar()->value(), 50);
@@ -389,41 +279,5 @@ TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
     EXPECT_TRUE(desk.IsLogged("Sub/Function: QPushButton.KeyRelease"));
     EXPECT_TRUE(desk.window->isVisible());
     desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
-    EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
-}
-
-TEST(frmMain, WhatIsNoSheetIdentifierOpensNoEntryAndSaysSo) {
-    WindowCompany desk;
-    desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
-    Unlock(desk);
-    auto& sheet = desk.Part<QLineEdit>("txtTCID");
-    for (const auto& typed : {u""_s, u"TX"_s, u"T2026112"_s}) {
-        for (const auto key : {Qt::Key_F2, Qt::Key_F8}) {
-            desk.dialogs.texts.clear();
-            TypeOver(sheet, typed);
-            KeyboardUser::Press(key);
-            EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-            EXPECT_TRUE(desk.dialogs.Last().startsWith(u"\"%1\" bukan kode lembar absen"_s.arg(typed)));
-        }
-    }
-    for (const auto& [entry, undone] : {std::pair{u"Tutup Lembar ini"_s, u"ditutup"_s},
-                                        std::pair{u"Buka lagi lembar ini"_s, u"dibuka"_s}}) {
-        desk.WillLogIn(u"pelon"_s, u"pelon"_s);
-        desk.ChooseFromMenu(entry);
-        EXPECT_TRUE(desk.dialogs.Last().startsWith(
-            u"\"T2026112\" bukan kode lembar absen, jadi tidak ada lembar yang %1."_s.arg(undone)));
-    }
-    TypeOver(sheet, u"t20261122-b"_s);
-    EXPECT_EQ(sheet.text(), u"T20261122-B"_s);
-    EXPECT_TRUE(ReadSheetCards(desk.Db(), u"T202611"_s).empty());
-    EXPECT_EQ(ReadSheetCards(desk.Db(), u"T20261122"_s).size(), 1U);
-
-    sheet.setText(u"T20261122-'or'1'='1"_s);
-    Keys(u"②");
-    EXPECT_EQ(KeyboardUser::InFront(), desk.window.get());
-    EXPECT_TRUE(desk.dialogs.Last().contains(u"Perintah database ditolak"_s));
-    desk.ChooseAsSupervisor(u"Tutup Lembar ini"_s);
-    EXPECT_EQ(desk.Part<QStatusBar>("statusbar").currentMessage(), QString());
-    EXPECT_TRUE(desk.RowsOf(Sheets).isEmpty());
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }
