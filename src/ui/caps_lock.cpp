@@ -23,7 +23,8 @@ std::optional<bool> CapsLockIsOn() {
     constexpr unsigned capsLockLamp = 1;
     using ReadLamps = int (*)(Display*, unsigned, unsigned*);
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    // Without a screen there is the interface, but no display.
+    if (!x11 || !x11->display())
         return std::nullopt;
     const auto read = reinterpret_cast<ReadLamps>(QLibrary::resolve(u"X11"_s, 6, "XkbGetIndicatorState"));
     unsigned lamps = 0;

@@ -88,8 +88,9 @@ TEST(Theme, StatusesAreToldApartByTheirLightnessAloneAndByThoseWhoDoNotSeeAllCol
                 const double apart = std::hypot(one[0] - two[0], one[1] - two[1], one[2] - two[2]);
                 EXPECT_GE(apart, 10) << eye << status.toString().toStdString()
                                      << other.toString().toStdString();
-                if (eye == eyes[0].first)
+                if (eye == eyes[0].first) {
                     EXPECT_GE(std::abs(one[0] - two[0]), 5) << status.toString().toStdString();
+                }
             }
         }
     }
