@@ -93,9 +93,10 @@ void CellDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& cell
 void CellDelegate::PaintChip(QPainter& painter, const QStyleOptionViewItem& cell, const QColor& fill) const {
     const QFontMetrics metrics(cell.font);
     const int text = qMax(metrics.horizontalAdvance(cell.text), metrics.horizontalAdvance(u"MM"_s));
-    const QRect chip(cell.rect.left() + ChipGap, cell.rect.top() + ChipGap,
+    const int above = qBound(1, (cell.rect.height() - metrics.height() - 2) / 2, ChipGap);
+    const QRect chip(cell.rect.left() + ChipGap, cell.rect.top() + above,
                      qMin(cell.rect.width() - 2 * ChipGap, text + 2 * Theme::CellPadding),
-                     cell.rect.height() - 2 * ChipGap - 1);
+                     cell.rect.height() - 2 * above - 1);
     const QPen pen = painter.pen();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -127,10 +128,8 @@ bool CellDelegate::IsEdited(const QModelIndex& index) const {
 }
 
 QBrush CellDelegate::TintedRow(const QModelIndex& index, const QBrush& fill) const {
-    const CellLook look = LookOf(index);
     const bool inRow = index.row() == grid_->currentIndex().row();
     if (index.column() < grid_->FixedCols())
         return inRow ? grid_->palette().highlight() : QBrush(Theme::Tone(u"header"));
-    return inRow && look != CellLook::Hatched && look != CellLook::Doubtful ? grid_->palette().highlight()
-                                                                            : fill;
+    return inRow && fill.style() == Qt::NoBrush ? QBrush(Theme::Tone(u"row")) : fill;
 }

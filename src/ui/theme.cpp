@@ -26,17 +26,40 @@ struct NamedColour {
 /// Every colour of the program, once. "outline" is that of inputs and buttons, three times as light or dark
 /// as the ground beside it.
 constexpr NamedColour Tones[] = {
-    {u"window", u"#F4F6F8"},        {u"card", u"#FFFFFF"},          {u"text", u"#1B2430"},
-    {u"quiet", u"#566273"},         {u"icon", u"#3A4656"},          {u"line", u"#E1E6EC"},
-    {u"outline", u"#7F8C9B"},       {u"alternate", u"#F9FBFC"},     {u"header", u"#EAEFF4"},
-    {u"header-hover", u"#DFE7EF"},  {u"header-line", u"#D3DBE3"},   {u"hover", u"#F0F5FA"},
-    {u"pressed", u"#E1EBF5"},       {u"accent", u"#0B5CAD"},        {u"accent-hover", u"#0A4F95"},
-    {u"on-accent", u"#FFFFFF"},     {u"selection", u"#CFE4FA"},     {u"edited", u"#FFFF00"},
-    {u"failed", u"#C62828"},        {u"care", u"#B45309"},          {u"band", u"#FFF1C2"},
-    {u"band-text", u"#5C4300"},     {u"band-line", u"#E8CF80"},     {u"in", u"#1B7F4B"},
-    {u"in-hover", u"#166B3F"},      {u"out", u"#455468"},           {u"out-hover", u"#374455"},
-    {u"other", u"#6B3FA0"},         {u"absent", u"#B45309"},        {u"disabled", u"#EEF1F4"},
-    {u"disabled-line", u"#D8DEE5"}, {u"disabled-text", u"#8A95A3"}, {u"disabled-value", u"#3A4656"},
+    {u"window", u"#F4F6F8"},
+    {u"card", u"#FFFFFF"},
+    {u"text", u"#1B2430"},
+    {u"quiet", u"#566273"},
+    {u"icon", u"#3A4656"},
+    {u"line", u"#E1E6EC"},
+    {u"outline", u"#7F8C9B"},
+    {u"alternate", u"#F9FBFC"},
+    {u"header", u"#EAEFF4"},
+    {u"header-hover", u"#DFE7EF"},
+    {u"header-line", u"#D3DBE3"},
+    {u"hover", u"#F0F5FA"},
+    {u"pressed", u"#E1EBF5"},
+    {u"accent", u"#0B5CAD"},
+    {u"accent-hover", u"#0A4F95"},
+    {u"on-accent", u"#FFFFFF"},
+    {u"selection", u"#CFE4FA"},
+    {u"row", u"#E8F2FD"},
+    {u"edited", u"#FFFF00"},
+    {u"failed", u"#C62828"},
+    {u"care", u"#B45309"},
+    {u"band", u"#FFF1C2"},
+    {u"band-text", u"#5C4300"},
+    {u"band-line", u"#E8CF80"},
+    {u"in", u"#1B7F4B"},
+    {u"in-hover", u"#166B3F"},
+    {u"out", u"#455468"},
+    {u"out-hover", u"#374455"},
+    {u"other", u"#6B3FA0"},
+    {u"absent", u"#B45309"},
+    {u"disabled", u"#EEF1F4"},
+    {u"disabled-line", u"#D8DEE5"},
+    {u"disabled-text", u"#8A95A3"},
+    {u"disabled-value", u"#3A4656"},
 };
 
 struct LookRow {
@@ -152,6 +175,10 @@ int Theme::FieldWidth(const QWidget& field, const QString& sample) {
 
 void Theme::SetTone(QWidget& widget, const QString& tone) {
     widget.setProperty("tone", tone);
+    Restyle(widget);
+}
+
+void Theme::Restyle(QWidget& widget) {
     widget.style()->unpolish(&widget);
     widget.style()->polish(&widget);
 }

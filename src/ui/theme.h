@@ -40,6 +40,9 @@ inline QColor QuietText() {
 /// Gives a widget the colour of what it tells, by its property "tone".
 void SetTone(QWidget& widget, const QString& tone);
 
+/// For a widget of which a property that the style sheet asks for has changed.
+void Restyle(QWidget& widget);
+
 /// How high a row of a grid is.
 int RowHeight(const QFontMetrics& metrics);
 
