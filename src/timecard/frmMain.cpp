@@ -5,10 +5,10 @@
 #include "core/status_codes.h"
 #include "core/supervisor_check.h"
 #include "database/short_patience.h"
+#include "timecard/desk_layout.h"
 #include "timecard/frmAED_Absen.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
-#include "ui/theme.h"
 #include "ui/typing.h"
 #include "ui/window_place.h"
 #include "ui_frmMain.h"
@@ -28,7 +28,8 @@ namespace {
 enum Button { In, Out, Admin };
 
 constexpr QSize LeastFirstSize(1366, 768);
-constexpr int WidestName = 280;
+/// What stands beside the columns: frames, margins and the scroll bar.
+constexpr int Frames = 60;
 constexpr int TickMilliseconds = 1200;
 constexpr Seconds RefreshEvery{5};
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
@@ -139,20 +140,7 @@ void frmMain::SetUpGrid() {
     grid.AnswerHeaders(SheetModel::SortableColumns());
     grid.horizontalHeader()->setToolTip(
         u"Klik judul Dept, NIP atau Nama, atau Ctrl+2, Ctrl+3, Ctrl+4, untuk mengurutkan"_s);
-    SizeColumns();
-}
-
-/// Names take what most of them need, the times share the rest.
-void frmMain::SizeColumns() {
-    DataGrid& grid = *ui_->MSHFlexGrid1;
-    const auto width = [&grid](const QString& sample) {
-        return grid.fontMetrics().horizontalAdvance(sample) + 3 * Theme::CellPadding;
-    };
-    grid.setColumnWidth(SheetModel::Status, width(u"Status"_s));
-    grid.setColumnWidth(SheetModel::Dept, width(u"MMMM/MM"_s));
-    grid.setColumnWidth(SheetModel::Nip, width(u"00000000"_s));
-    grid.setColumnWidth(SheetModel::Nama, qMin(WidestName, width(u"Muhammad Ramadhan Nugroho"_s)));
-    grid.ShareRoom(SheetModel::TimeIn, width(u"00:00:00"_s));
+    SizeSheetColumns(grid, qMin(LeastFirstSize.width(), screen()->availableGeometry().width()) - Frames);
 }
 
 void frmMain::SetAdminMode(bool on) {
@@ -384,6 +372,11 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
         MSHFlexGrid1_MouseDown(*column);
     Form_KeyDown(event->key());
     QMainWindow::keyPressEvent(event);
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    LayDesk(*ui_, *this);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -48,6 +48,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -55,7 +56,6 @@ private:
 
     void ConnectControls();
     void SetUpGrid();
-    void SizeColumns();
 
     void Form_KeyDown(int key);
     void cmdButtons_Click(int index);
