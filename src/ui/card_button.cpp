@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int Margin = 12;
+/// Of one of the two lines of words, in characters.
+constexpr int LineLength = 38;
 
 } // namespace
 
@@ -30,11 +32,8 @@ QFont CardButton::TitleFont() const {
 }
 
 QSize CardButton::sizeHint() const {
-    const QFontMetrics title(TitleFont());
-    const int lines = title.height() + Theme::FieldGap + fontMetrics().height();
-    const int words = qMax(title.size(Qt::TextShowMnemonic, text()).width(),
-                           fontMetrics().horizontalAdvance(accessibleDescription()));
-    return {3 * Margin + lines + words, 2 * Margin + lines};
+    const int lines = QFontMetrics(TitleFont()).height() + Theme::FieldGap + 2 * fontMetrics().height();
+    return {3 * Margin + lines / 2 + LineLength * fontMetrics().averageCharWidth(), 2 * Margin + lines};
 }
 
 void CardButton::paintEvent(QPaintEvent*) {
@@ -44,15 +43,16 @@ void CardButton::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_PushButtonBevel, option);
 
     QRect room = rect().adjusted(Margin, Margin, -Margin, -Margin);
-    const int side = room.height() * 3 / 4;
+    const int side = room.height() / 2;
     icon().paint(&painter, QRect(room.left(), room.center().y() - side / 2, side, side), Qt::AlignCenter,
                  isEnabled() ? QIcon::Normal : QIcon::Disabled);
-    room.setLeft(room.left() + room.height() + Margin);
+    room.setLeft(room.left() + side + Margin);
     const QString tone = isEnabled() ? u"text"_s : u"disabled-text"_s;
     painter.setPen(Theme::Tone(tone));
     painter.setFont(TitleFont());
     painter.drawText(room, Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, text());
     painter.setPen(Theme::Tone(isEnabled() ? u"quiet"_s : tone));
     painter.setFont(font());
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignBottom, accessibleDescription());
+    room.setTop(room.top() + QFontMetrics(TitleFont()).height() + Theme::FieldGap);
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, accessibleDescription());
 }
