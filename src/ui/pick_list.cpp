@@ -109,9 +109,17 @@ void PickList::Place(double left, double top) {
 
     constexpr int gap = 2;
     QPoint place = anchor_ ? anchor_->mapToGlobal(QPoint(0, anchor_->height() + gap)) : QPoint(0, 0);
-    // Above its field where there is no room below: it never covers what it is for.
-    if (anchor_ && place.y() + this->height() > room.bottom() + 1)
-        place.ry() -= anchor_->height() + 2 * gap + this->height();
+    if (anchor_) {
+        // Above its field where there is more room than below: it never covers what it is for.
+        const int below = room.bottom() + 1 - place.y();
+        const int above = place.y() - 2 * gap - anchor_->height() - room.top();
+        if (const int missing = this->height() - qMax(below, above); missing > 0) {
+            grid_->setFixedHeight(grid_->height() - missing);
+            adjustSize();
+        }
+        if (this->height() > below)
+            place.setY(room.top() + above - this->height());
+    }
     if (left >= 0 && top >= 0)
         place = QPoint(qRound(left), qRound(top));
     place.setX(qMax(room.left(), qMin(place.x(), room.right() + 1 - this->width())));
