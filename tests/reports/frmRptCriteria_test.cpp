@@ -183,6 +183,23 @@ TEST(frmRptCriteria, AFailureIsLoggedUnderItsRoutineAndLeavesTheFormerReport) {
     EXPECT_TRUE(criteria.IsLogged("frmRptCriteria.PrintSummaryReport"));
 }
 
+TEST(frmRptCriteria, AReportThatIsStoppedLeavesTheFormerOne) {
+    Criteria criteria;
+    criteria.Run(u"INSERT INTO Employee (NIP) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n "
+                 "WHERE i<500) SELECT i FROM n"_s);
+    criteria.Open(u"AbsensiDivisi"_s, [&](QWidget& window) {
+        criteria.PressOk();
+        const QStringList before = criteria.ReportLines();
+        Part<QWidget>(window, "txtDate1").setFocus();
+        criteria.user.WhenIn(u"WorkProgress"_s, [](QWidget&) { Keys(u"⎋"); });
+        Keys(u"1/1/1990⎇o");
+        EXPECT_TRUE(KeyboardUser::WaitUntil(
+            [&] { return TextOf(window, "lblDone") == u"Dibatalkan. Laporan sebelumnya tetap ada."_s; }));
+        EXPECT_EQ(criteria.ReportLines(), before);
+    });
+    EXPECT_EQ(criteria.shownReports.size(), 1);
+}
+
 TEST(frmRptCriteria, AnUnknownReportCanOnlyBeLeft) {
     Criteria criteria;
     criteria.Open(u""_s, [&](QWidget& window) {

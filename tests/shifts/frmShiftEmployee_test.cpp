@@ -277,6 +277,9 @@ TEST(frmShiftEmployee, OffersTheShiftCodesAndPointsOutOthers) {
         roster.SetPeriod(u"202611"_s);
         EXPECT_TRUE(roster.Cell(0, 2).data(Qt::ToolTipRole).toString().endsWith(u" · cuti"_s)) << "no hours";
         EXPECT_EQ(roster.Look(0, 2), CellLook::Plain);
+        roster.Run(u"DELETE FROM Shift WHERE Code='cuti'"_s);
+        roster.SetPeriod(u"202611"_s);
+        EXPECT_EQ(roster.Look(0, 2), CellLook::Doubtful) << "no shift any more";
     });
     EXPECT_EQ(roster.Stored(u"0012"_s), u"01 MALAM, 02 cuti"_s);
 }
