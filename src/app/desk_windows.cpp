@@ -1,13 +1,20 @@
 #include "app/desk_windows.h"
 
+#include "company/frmMaster.h"
+#include "company/frmPengaturan.h"
+#include "company/frmSetup.h"
 #include "editing/frmAbsensi.h"
 #include "editing/frmEditAbsensi.h"
 #include "editing/frmEditAbsensiOne.h"
 #include "reports/frmRptCriteria.h"
 #include "shifts/frmShiftCode.h"
 #include "shifts/frmShiftEmployee.h"
+#include "tools/demo_company.h"
 
 #include <QApplication>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 DeskWindows::DeskWindows(Program& program, b_form_skin::Backgrounds& skin,
                          std::function<QString()> userCountry)
@@ -19,7 +26,34 @@ DeskWindows::DeskWindows(Program& program, b_form_skin::Backgrounds& skin,
     };
     needs.openSettings = [this] { OpenSettings(); };
     needs.userCountry = std::move(userCountry);
+    needs.setUp = [this] { return SetUp(); };
     desk_ = std::make_unique<frmMain>(program, skin, std::move(needs));
+}
+
+bool DeskWindows::Start() {
+    if (!desk_->Form_Load())
+        return false;
+    desk_->show();
+    if (founded_)
+        QTimer::singleShot(0, desk_.get(), [this] {
+            frmMaster(program_, skin_, desk_.get()).exec();
+            desk_->RefreshSheetNow();
+        });
+    return true;
+}
+
+bool DeskWindows::SetUp() {
+    const QString existing = b_global::DatabaseFile(program_.folder);
+    SetupNeeds needs;
+    needs.makeDemo = [this](const QString& file, const Progress& progress) {
+        MakeDemoCompany(file, {.until = program_.clock.Today() - std::chrono::days{1}},
+                        [&progress](int percent) { progress(percent, 100); });
+    };
+    frmSetup setUp(program_, existing.isEmpty() ? program_.folder.Path() + u"/DATA.mdb"_s : existing,
+                   std::move(needs), QApplication::activeWindow());
+    const bool goOn = setUp.exec() == QDialog::Accepted;
+    founded_ = setUp.HasFounded();
+    return goOn;
 }
 
 void DeskWindows::OpenSettings() {
@@ -34,6 +68,12 @@ void DeskWindows::OpenSettings() {
         };
         needs.search = [this](QWidget* over) {
             return std::make_unique<frmEditAbsensi>(program_, skin_, over);
+        };
+        needs.masterData = [this](QWidget* over) {
+            return std::make_unique<frmMaster>(program_, skin_, over);
+        };
+        needs.companySettings = [this](QWidget* over) {
+            return std::make_unique<frmPengaturan>(program_, skin_, over);
         };
         needs.setAdminMode = [this](bool on) { desk_->SetAdminMode(on); };
         settings_ = std::make_unique<frmSetting>(std::move(needs), skin_, desk_.get());

@@ -16,7 +16,13 @@ public:
 
     frmMain& Desk() { return *desk_; }
 
+    /// Loads the main window and shows it, with the employees' window over it where a company was just
+    /// founded; false when the program must end.
+    bool Start();
+
 private:
+    /// Lets the user set a company up; false when there is none to go on with.
+    bool SetUp();
     void OpenSettings();
     std::unique_ptr<QDialog> MakeBrowser(QWidget* over);
     /// True when the card was written.
@@ -25,6 +31,7 @@ private:
     Program& program_;
     b_form_skin::Backgrounds& skin_;
     std::unique_ptr<frmMain> desk_;
+    bool founded_ = false;
     /// Made when it is first opened; it keeps the windows that it has opened.
     std::unique_ptr<frmSetting> settings_;
 };

@@ -1,5 +1,6 @@
 #include "app/desk_windows.h"
 #include "core/platform_files.h"
+#include "core/supervisor_check.h"
 #include "core/version.h"
 #include "shell/frmLogin.h"
 #include "ui/guarded_application.h"
@@ -44,19 +45,20 @@ int main(int argc, char** argv) {
     modGeneral::ErrorLog log;
     b_global::SharedConnection database;
     b_form_skin::Backgrounds skin;
-    Program program{
-        ProgramFolder(HomeFolder(application)),
-        clock,
-        dialogs,
-        log,
-        database,
-        [&](LoginHandOver& channel) { frmLogin(clock, channel, skin, QApplication::activeWindow()).exec(); },
-        ShowTextFile};
+    Program program{ProgramFolder(HomeFolder(application)),
+                    clock,
+                    dialogs,
+                    log,
+                    database,
+                    [&](LoginHandOver& channel) {
+                        const bool demo = modGeneral::HasDemoUser(database.Get());
+                        frmLogin(clock, channel, skin, QApplication::activeWindow(), demo).exec();
+                    },
+                    ShowTextFile};
 
     const auto guard = application.ReportTo(program);
     DeskWindows windows(program, skin);
-    if (!windows.Desk().Form_Load())
+    if (!windows.Start())
         return 1;
-    windows.Desk().show();
     return QApplication::exec();
 }

@@ -1,5 +1,6 @@
 #include "company/employee_entry.h"
 
+#include "cards/card_store.h"
 #include "company/employee_checks.h"
 #include "company/users.h"
 
@@ -21,4 +22,8 @@ void SaveEmployee(Connection& connection, const EmployeeEntry& entry) {
             store.SavePay({*entry.pay});
         users.Write(password);
     });
+}
+
+bool HasCards(Connection& connection, const QString& nip) {
+    return !CardStore(connection).WithCards({nip}).isEmpty();
 }

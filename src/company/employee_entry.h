@@ -12,3 +12,6 @@ struct EmployeeEntry {
 /// Writes all of it in one transaction. Throws ProgramError with the user's text where something is wrong;
 /// nothing is written then. Throws DatabaseError.
 void SaveEmployee(Connection& connection, const EmployeeEntry& entry);
+
+/// Whether cards stand on the number. Throws DatabaseError.
+bool HasCards(Connection& connection, const QString& nip);

@@ -7,9 +7,11 @@
 using namespace Qt::StringLiterals;
 
 frmLogin::frmLogin(const Clock& clock, LoginHandOver& channel, const b_form_skin::Backgrounds& skin,
-                   QWidget* parent)
+                   QWidget* parent, bool tellsDemo)
     : QDialog(parent), clock_(clock), channel_(channel), ui_(std::make_unique<Ui::frmLogin>()) {
     ui_->setupUi(this);
+    if (!tellsDemo)
+        ui_->Label4->setText(ui_->Label4->text().section(u" (untuk"_s, 0, 0));
     ui_->txtPassword->SetCapsLockLabel(ui_->lblCapsLock);
     connect(ui_->cmdOK, &QPushButton::clicked, this, &frmLogin::cmdOK_Click);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmLogin::cmdCancel_Click);

@@ -12,12 +12,12 @@ class frmLogin;
 }
 
 /// Asks for a user ID and password. It checks nothing: what was typed goes into the channel, as user ID,
-/// password and date joined by "~", or "<CANCEL>".
+/// password and date joined by "~", or "<CANCEL>". It tells of the demo's user where there is one.
 class frmLogin : public QDialog {
     Q_OBJECT
 public:
     frmLogin(const Clock& clock, LoginHandOver& channel, const b_form_skin::Backgrounds& skin,
-             QWidget* parent);
+             QWidget* parent, bool tellsDemo = true);
     ~frmLogin() override;
 
 protected:

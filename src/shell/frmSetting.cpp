@@ -36,6 +36,10 @@ constexpr Card Cards[] = {
      u"Mengatur kode shift dengan jam masuk dan jam keluarnya", &SettingNeeds::shiftCodes},
     {u"Absensi", u"cmdEditAbsensi", u"search", u"Edit &Data Absensi",
      u"Mencari kartu absen dan memperbaikinya langsung di tabel", &SettingNeeds::search},
+    {u"Data", u"cmdMaster", u"people", u"DATA &MASTER",
+     u"Karyawan, departemen, divisi, kode absensi dan pengguna", &SettingNeeds::masterData},
+    {u"Data", u"cmdPengaturan", u"settings", u"&PENGATURAN",
+     u"Nama perusahaan dan aturan yang berlaku di semua komputer", &SettingNeeds::companySettings},
 };
 
 } // namespace

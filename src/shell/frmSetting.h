@@ -21,6 +21,8 @@ struct SettingNeeds {
     MakeWindow roster = {};
     MakeWindow shiftCodes = {};
     MakeWindow search = {};
+    MakeWindow masterData = {};
+    MakeWindow companySettings = {};
     std::function<void(bool on)> setAdminMode = {};
 };
 

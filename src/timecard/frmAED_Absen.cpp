@@ -1,7 +1,9 @@
 #include "timecard/frmAED_Absen.h"
 
 #include "core/code_lists.h"
+#include "core/company_settings.h"
 #include "core/passwords.h"
+#include "ui/photo.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
 #include "ui/typing.h"
@@ -10,7 +12,6 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QFocusEvent>
-#include <QImageReader>
 #include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
@@ -22,16 +23,6 @@ enum Button { Detail, Simpan, Batal };
 constexpr int CloseAfterMilliseconds = 2000;
 constexpr Seconds LeaveAfter{60};
 constexpr int LookForLeavingMilliseconds = 1000;
-
-/// The picture, no larger than the room for it: a camera's would take its full size in memory first. Cameras
-/// store how the picture was held beside the picture itself. Null when the file is no picture.
-QImage ReadPhoto(const QString& file, QSize room) {
-    QImageReader reader(file);
-    reader.setAutoTransform(true);
-    const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-    reader.setScaledSize(reader.size().scaled(turned ? room.transposed() : room, Qt::KeepAspectRatio));
-    return reader.read();
-}
 
 } // namespace
 
@@ -71,7 +62,10 @@ void frmAED_Absen::Form_Activate() {
     ShowEmployee({});
     SetRecorded(false);
     ClearEntry();
-    Trapped(program_, u"Form_Activate"_s, [this] { LoadPassword(); });
+    Trapped(program_, u"Form_Activate"_s, [this] {
+        LoadPassword();
+        ui_->cmdButtons_1->setVisible(ReadCompanySettings(program_.Db()).saveWithoutPassword);
+    });
 }
 
 bool frmAED_Absen::LoadPassword() {

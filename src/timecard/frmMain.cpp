@@ -107,7 +107,7 @@ void frmMain::ConnectControls() {
 }
 
 bool frmMain::Form_Load() {
-    if (!modAbsen::InitApplication(program_, skin_, needs_.userCountry))
+    if (!modAbsen::InitApplication(program_, skin_, needs_.userCountry, needs_.setUp))
         return false;
     b_form_skin::SkinWindow(*this, skin_.Picture(modAbsen::Background::Big));
     const Day today = program_.clock.Today();

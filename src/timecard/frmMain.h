@@ -26,6 +26,7 @@ struct MainWindowNeeds {
     /// Opens the administrator's window and waits until it is closed.
     std::function<void()> openSettings = {};
     std::function<QString()> userCountry = b_WinControlPanel::UserCountry;
+    modAbsen::SetUpCompany setUp = {};
 };
 
 /// The attendance desk: the day's sheet, the running clock, and the ways to clock in and out and into

@@ -11,8 +11,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The rooms from the ground up: each uses what stands before it.
-const QStringList Rooms{u"database"_s, u"core"_s,     u"compute"_s, u"cards"_s,   u"timecard"_s, u"shifts"_s,
-                        u"reports"_s,  u"exchange"_s, u"company"_s, u"editing"_s, u"shell"_s,    u"app"_s};
+const QStringList Rooms{u"database"_s, u"core"_s,    u"compute"_s,  u"cards"_s,   u"timecard"_s,
+                        u"shifts"_s,   u"reports"_s, u"exchange"_s, u"company"_s, u"editing"_s,
+                        u"shell"_s,    u"tools"_s,   u"app"_s};
 
 struct SourceFile {
     QString path; ///< below the source folder
