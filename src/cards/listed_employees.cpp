@@ -1,5 +1,6 @@
 #include "cards/listed_employees.h"
 
+#include "core/code_lists.h"
 #include "database/statement.h"
 
 using namespace Qt::StringLiterals;
@@ -12,6 +13,12 @@ std::vector<ListedEmployee> ReadListedEmployees(Connection& connection, const Ca
         if (*value)
             conditions << column + Quoted(**value);
     }
+    // Who has left is listed for the days before, and wherever a card stands.
+    if (filter.days)
+        conditions << u"(%1 or exists (select h.TCID from TimeCardHeader h inner join TimeCardDetail d on "
+                      "d.TCID=h.TCID where h.NIP=Employee.NIP and d.Tanggal between #%2# and #%3#))"_s.arg(
+                          StillThere(filter.days->first), StoredDay(filter.days->first),
+                          StoredDay(filter.days->last));
     const bool all = columns == EmployeeColumns::All;
     QString statement =
         all ? u"SELECT NIP, Nama, Dept, Divisi FROM Employee"_s : u"SELECT NIP, Nama FROM Employee"_s;

@@ -14,8 +14,9 @@ struct ListedEmployee {
 
 enum class EmployeeColumns { NumberAndName, All };
 
-/// The employees whom the filter asks for, whether or not they have cards, in the order of the columns of
-/// Employee ("Dept, Nama"); without any, in the table's own. Throws DatabaseError.
+/// The employees whom the filter asks for, whether or not they have cards; those who left before its days
+/// only if they have. In the order of the columns of Employee ("Dept, Nama"); without any, in the table's
+/// own. Throws DatabaseError.
 std::vector<ListedEmployee> ReadListedEmployees(Connection& connection, const CardFilter& filter,
                                                 const QString& order,
                                                 EmployeeColumns columns = EmployeeColumns::All);

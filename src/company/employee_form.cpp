@@ -73,13 +73,19 @@ void EmployeeForm::OfferCodes() {
     refill(*ui_->cboDivisi, CodeLists::Divisions(program_->Db()));
 }
 
-void EmployeeForm::ShowEmployee(const Employee& employee, const PayTerms& payToday) {
+void EmployeeForm::ShowEmployee(const Employee& employee, const PayTerms& payToday,
+                                const std::vector<PayRow>& payToCome) {
     before_ = employee;
     payBefore_ = payToday;
     Fill(employee, payToday);
     ui_->lblWho->setText(employee.nama.isEmpty() ? employee.nip : employee.nama);
     const bool left = employee.keluar && *employee.keluar < program_->clock.Today();
-    ui_->lblState->setText(left ? u"Sudah keluar sejak %1"_s.arg(ShownDay(*employee.keluar)) : QString());
+    QStringList state;
+    if (left)
+        state << u"Sudah keluar sejak %1"_s.arg(ShownDay(*employee.keluar));
+    for (const PayRow& row : payToCome)
+        state << u"Mulai %1: GP %2"_s.arg(ShownDay(row.from), ShownAmount(row.pay.gp));
+    ui_->lblState->setText(state.join(u'\n'));
 }
 
 void EmployeeForm::ShowNew() {
@@ -217,7 +223,7 @@ void EmployeeForm::Write() {
     SaveEmployee(program_->Db(), entry);
     if (photo)
         photo->Keep();
-    ShowEmployee(employee, pay);
+    ShowEmployee(employee, pay, {});
     Q_EMIT Saved(employee.nip);
 }
 

@@ -28,8 +28,10 @@ public:
 
     /// Reads departments and divisions anew. Throws DatabaseError.
     void OfferCodes();
-    /// Shows an employee with what is in force today, in place of what was typed.
-    void ShowEmployee(const Employee& employee, const PayTerms& payToday);
+    /// Shows an employee with the pay that is in force today and the changes to come, in place of what was
+    /// typed.
+    void ShowEmployee(const Employee& employee, const PayTerms& payToday,
+                      const std::vector<PayRow>& payToCome);
     /// An empty record for somebody new.
     void ShowNew();
     void ShowNobody();

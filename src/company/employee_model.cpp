@@ -36,6 +36,12 @@ std::function<void()> EmployeeModel::Read(Connection& connection) {
     };
 }
 
+std::vector<PayRow> EmployeeModel::PayToCome(Connection& connection, int row) const {
+    std::vector<PayRow> rows = EmployeeStore(connection).PayOf(At(row).nip);
+    std::erase_if(rows, [today = clock_.Today()](const PayRow& pay) { return pay.from <= today; });
+    return rows;
+}
+
 void EmployeeModel::RemoveStored(int row) {
     SaveEmployee(Db(), {{At(row), std::nullopt}, {}, {}});
 }

@@ -27,6 +27,8 @@ public:
 
     const Employee& At(int row) const { return rows_[static_cast<size_t>(row)]; }
     const PayTerms& PayAt(int row) const { return pay_[static_cast<size_t>(row)]; }
+    /// The changes of pay after today. Throws DatabaseError.
+    std::vector<PayRow> PayToCome(Connection& connection, int row) const;
 
     QString KeyAt(int row) const override { return At(row).nip; }
     bool MayEdit(int /*row*/, int /*column*/) const override { return false; }

@@ -70,12 +70,12 @@ void frmMaster::AddKind(const QString& name, const char* gridName, MasterModel* 
     grid->SetEmptyText(u"Belum ada %1. Tekan Tambah (Alt+T)."_s.arg(name.toLower()));
     ui_->stkGrids->addWidget(grid);
     Kind& kind = kinds_.emplace_back(Kind{model, rows, grid});
-    ui_->lstKinds->addItem(u"%1\tAlt+%2"_s.arg(name).arg(kinds_.size()));
+    ui_->lstKinds->addItem(u"%1  %2"_s.arg(kinds_.size()).arg(name));
     if (model != employees_)
         MakeEditor(kind);
     const QFontMetrics metrics = grid->fontMetrics();
     for (int column = 0; column < model->columnCount(); ++column)
-        grid->setColumnWidth(column, metrics.horizontalAdvance(u"0000000000MM"_s));
+        grid->setColumnWidth(column, metrics.horizontalAdvance(u"00-MMM-0000"_s));
     grid->StretchColumn(MasterModel::Key + 1, metrics.horizontalAdvance(u"Muhammad Ramadhan MMM"_s));
     connect(grid->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &frmMaster::Grid_RowChanged);
@@ -216,7 +216,6 @@ void frmMaster::Grid_RowChanged() {
 }
 
 void frmMaster::ShowEmployee() {
-    const int row = CurrentRow();
     const QString key = CurrentKey();
     if (key == formOf_ && !key.isEmpty())
         return;
@@ -225,10 +224,11 @@ void frmMaster::ShowEmployee() {
         return;
     }
     formOf_ = key;
+    const int row = CurrentRow();
     if (row < 0)
-        ui_->frmKaryawan->ShowNobody();
-    else
-        ui_->frmKaryawan->ShowEmployee(employees_->At(row), employees_->PayAt(row));
+        return ui_->frmKaryawan->ShowNobody();
+    ui_->frmKaryawan->ShowEmployee(employees_->At(row), employees_->PayAt(row),
+                                   employees_->PayToCome(program_.Db(), row));
 }
 
 void frmMaster::cmdTambah_Click() {
@@ -347,12 +347,7 @@ void frmMaster::Employee_Left() {
     if (!ui_->frmKaryawan->MayLeave())
         return;
     formOf_.clear();
-    const int row = CurrentRow();
-    if (row < 0)
-        ui_->frmKaryawan->ShowNobody();
-    else
-        ui_->frmKaryawan->ShowEmployee(employees_->At(row), employees_->PayAt(row));
-    formOf_ = CurrentKey();
+    ShowEmployee();
     Shown().grid->setFocus();
 }
 

@@ -33,15 +33,6 @@ std::vector<UserRow> Users::ReadAll() const {
     return users;
 }
 
-bool Users::Exists(const QString& id) const {
-    return AnyRow(connection_, u"select UserID from [User] where UserID=?"_s, {id});
-}
-
-bool Users::HasPassword(const QString& id, const QString& password) const {
-    Cursor rows = connection_.Query(u"select [Password] from [User] where UserID=?"_s, {id});
-    return rows.Next() && Passwords::MatchesAnyCase(password, rows.Text(0));
-}
-
 void Users::Add(const QString& id) const {
     CheckUserId(id);
     connection_.InTransaction([&] {

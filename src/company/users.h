@@ -29,9 +29,6 @@ public:
     explicit Users(Connection& connection) : connection_(connection) {}
 
     std::vector<UserRow> ReadAll() const;
-    bool Exists(const QString& id) const;
-    /// Whether the user has this password, by the clock's comparison.
-    bool HasPassword(const QString& id, const QString& password) const;
 
     /// Makes a user without a password yet.
     void Add(const QString& id) const;

@@ -47,3 +47,11 @@ std::optional<QString> EmployeeName(Connection& connection, const QString& nip) 
     Cursor rows = connection.Query(u"select Nama from Employee where NIP=?"_s, {nip});
     return rows.Next() ? std::optional(rows.Text(0)) : std::nullopt;
 }
+
+QString StillThere(Day day) {
+    return u"(Keluar is null or Keluar>=#%1#)"_s.arg(StoredDay(day));
+}
+
+QString PickListQuery::EntryEmployees(Day day) {
+    return u"select Nama,NIP from Employee where "_s + StillThere(day);
+}

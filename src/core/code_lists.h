@@ -44,10 +44,14 @@ std::vector<ShiftRow> Shifts(Connection& connection);
 /// Nothing for a number that no employee has. Throws DatabaseError.
 std::optional<QString> EmployeeName(Connection& connection, const QString& nip);
 
+/// The condition of a statement on employees that leaves out those who have left before the day.
+QString StillThere(Day day);
+
 /// What the pick lists of the windows show: the columns are headed as here.
 namespace PickListQuery {
 
-inline const QString EntryEmployees = QStringLiteral("select Nama,NIP from Employee");
+/// Those who may clock in on the day.
+QString EntryEmployees(Day day);
 inline const QString BrowserEmployees = QStringLiteral("select NIP, Nama from Employee ORDER BY NIP");
 inline const QString ReportEmployees = QStringLiteral("select [NIP], [Nama] from [Employee] ORDER BY [NIP]");
 inline const QString BrowserStatuses =

@@ -12,7 +12,8 @@ constexpr int RemarkWidth = 30;
 
 ListedCount PrintDailyReport(Connection& connection, const ReportCriteria& criteria, const LineSink& sink,
                              const Progress& progress) {
-    const auto employees = ReadListedEmployees(connection, {}, criteria.sort, EmployeeColumns::NumberAndName);
+    const auto employees = ReadListedEmployees(connection, {.days = DayRange{criteria.date1, criteria.date1}},
+                                               criteria.sort, EmployeeColumns::NumberAndName);
     AttendanceRows attendance(RemarkWidth);
     if (!attendance.Read(connection, {DayRange{criteria.date1, criteria.date1}}, employees, progress))
         return std::nullopt;

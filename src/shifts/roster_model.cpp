@@ -7,6 +7,7 @@
 #include "shifts/shift_time.h"
 
 #include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -50,20 +51,25 @@ RosterModel::RosterModel(const Clock& clock, QObject* parent)
 
 bool RosterModel::LoadEmployees(Connection& connection, const Progress& progress) {
     std::vector<RosterEmployee> employees;
-    QHash<QString, int> rowsByNip;
+    QHash<QString, int> placesByNip;
     Cursor rows = connection.Query(u"Select * from employee"_s);
     const int nip = rows.ColumnOf(u"NIP"_s);
     const int nama = rows.ColumnOf(u"Nama"_s);
+    const int keluar = rows.ColumnOf(u"Keluar"_s);
     while (rows.Next()) {
-        rowsByNip.insert(rows.Text(nip), static_cast<int>(employees.size()));
-        employees.push_back({rows.Text(nip), rows.Text(nama)});
+        placesByNip.insert(rows.Text(nip), static_cast<int>(employees.size()));
+        const auto left = rows.Time(keluar);
+        employees.push_back(
+            {rows.Text(nip), rows.Text(nama), left ? std::optional(DayOf(*left)) : std::nullopt});
         if (!ShouldContinue(progress, static_cast<qsizetype>(employees.size()), 0))
             return false;
     }
     beginResetModel();
     employees_ = std::move(employees);
-    rowsByNip_ = std::move(rowsByNip);
+    placesByNip_ = std::move(placesByNip);
     roster_.assign(employees_.size(), Days{});
+    rows_.resize(employees_.size());
+    std::iota(rows_.begin(), rows_.end(), size_t{0});
     month_.reset();
     SetDayLooks();
     endResetModel();
@@ -80,19 +86,37 @@ bool RosterModel::LoadRoster(Connection& connection, const QString& period, cons
     const int tgl = rows.ColumnOf(u"Tgl"_s);
     const int shiftCode = rows.ColumnOf(u"ShiftCode"_s);
     const qsizetype most = DayColumns * static_cast<qsizetype>(employees_.size());
-    lastRow_ = -1;
+    lastPlace_ = -1;
     for (qsizetype done = 1; rows.Next(); ++done) {
         if (const auto time = rows.Time(tgl))
             PlaceShift(roster, rows.Text(nip), DayOf(*time), rows.Text(shiftCode));
         if (!ShouldContinue(progress, done, qMax(most, done)))
             return false;
     }
+    std::vector<size_t> shown = RowsOf(read.value);
+    const bool othersShown = shown != rows_;
+    if (othersShown)
+        beginResetModel();
+    rows_ = std::move(shown);
     roster_ = std::move(roster);
     month_ = read.value;
     SetDayLooks();
+    if (othersShown)
+        endResetModel();
     NotifyColumns(FirstDay, ColumnCount - 1);
     Q_EMIT headerDataChanged(Qt::Horizontal, FirstDay, ColumnCount - 1);
     return true;
+}
+
+std::vector<size_t> RosterModel::RowsOf(std::chrono::year_month month) const {
+    const Day first{month / 1};
+    std::vector<size_t> rows;
+    for (size_t place = 0; place < employees_.size(); ++place) {
+        const auto& keluar = employees_[place].keluar;
+        if (!keluar || *keluar >= first)
+            rows.push_back(place);
+    }
+    return rows;
 }
 
 /// The numbers that cells hold stay as they are; only what is known of their codes is read anew.
@@ -112,12 +136,12 @@ void RosterModel::ReadShiftCodes(Connection& connection) {
 /// A shift of someone who is no employee any more has no place.
 void RosterModel::PlaceShift(std::vector<Days>& roster, const QString& nip, Day day,
                              const QString& shiftCode) {
-    if (lastRow_ < 0 || employees_[static_cast<size_t>(lastRow_)].nip != nip)
-        lastRow_ = rowsByNip_.value(nip, -1);
-    if (lastRow_ < 0)
+    if (lastPlace_ < 0 || employees_[static_cast<size_t>(lastPlace_)].nip != nip)
+        lastPlace_ = placesByNip_.value(nip, -1);
+    if (lastPlace_ < 0)
         return;
     const std::chrono::year_month_day date{day};
-    roster[static_cast<size_t>(lastRow_)][static_cast<unsigned>(date.day()) - 1] = NumberOf(shiftCode);
+    roster[static_cast<size_t>(lastPlace_)][static_cast<unsigned>(date.day()) - 1] = NumberOf(shiftCode);
 }
 
 int RosterModel::NumberOf(const QString& code) {
@@ -155,7 +179,7 @@ void RosterModel::SaveCell(Connection& connection, const QModelIndex& cell) cons
     if (!day)
         throw StatementError(u"Tanggal %1 tidak ada dalam bulan ini. Tidak ada yang disimpan."_s.arg(
             cell.column() - FirstDay + 1));
-    const QString& nip = employees_.at(static_cast<size_t>(cell.row())).nip;
+    const QString& nip = employees_[PlaceOf(cell.row())].nip;
     Recordset shift(connection, u"select * from ShiftEmployee Where NIP="_s + Quoted(nip) + u" and Tgl=#"_s
                                     + StoredDay(*day) + u'#');
     if (shift.AtEnd())
@@ -190,7 +214,7 @@ void RosterModel::SetDayLooks() {
 }
 
 const RosterModel::Code& RosterModel::CodeOf(int row, int column) const {
-    const int number = roster_[static_cast<size_t>(row)][static_cast<size_t>(column - FirstDay)];
+    const int number = roster_[PlaceOf(row)][static_cast<size_t>(column - FirstDay)];
     return codes_[static_cast<size_t>(number)];
 }
 
@@ -205,7 +229,7 @@ CellLook RosterModel::LookOf(int row, int column) const {
 QString RosterModel::DescribeCell(const QModelIndex& cell) const {
     if (cell.column() < FirstDay)
         return {};
-    const RosterEmployee& employee = employees_[static_cast<size_t>(cell.row())];
+    const RosterEmployee& employee = employees_[PlaceOf(cell.row())];
     if (!month_)
         return u"Jadwal bulan ini belum terbaca. Tekan Refresh untuk membacanya."_s;
     const std::optional<Day> day = DayOfCell(cell);
@@ -235,7 +259,7 @@ QString RosterModel::Text(int row, int column) const {
         return QString::number(row + 1);
     if (column >= FirstDay)
         return CodeOf(row, column).text;
-    const RosterEmployee& employee = employees_[static_cast<size_t>(row)];
+    const RosterEmployee& employee = employees_[PlaceOf(row)];
     return column == Nip ? employee.nip : employee.nama;
 }
 
@@ -255,7 +279,7 @@ QVariant RosterModel::headerData(int section, Qt::Orientation orientation, int r
 bool RosterModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (index.column() < FirstDay || role != Qt::EditRole)
         return false;
-    roster_[static_cast<size_t>(index.row())][static_cast<size_t>(index.column() - FirstDay)] =
+    roster_[PlaceOf(index.row())][static_cast<size_t>(index.column() - FirstDay)] =
         NumberOf(value.toString());
     Q_EMIT dataChanged(index, index);
     return true;

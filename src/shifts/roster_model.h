@@ -55,6 +55,7 @@ private:
     struct RosterEmployee {
         QString nip;
         QString nama;
+        std::optional<Day> keluar; ///< the last day of work
     };
     struct Code {
         QString text;
@@ -68,7 +69,10 @@ private:
     void PlaceShift(std::vector<Days>& roster, const QString& nip, Day day, const QString& shiftCode);
     int NumberOf(const QString& code);
     const Code& CodeOf(int row, int column) const;
-    int RowCount() const override { return static_cast<int>(employees_.size()); }
+    int RowCount() const override { return static_cast<int>(rows_.size()); }
+    /// The place of a row's employee among all.
+    size_t PlaceOf(int row) const { return rows_[static_cast<size_t>(row)]; }
+    std::vector<size_t> RowsOf(std::chrono::year_month month) const;
     QString Text(int row, int column) const override;
     CellLook LookOf(int row, int column) const override;
     std::optional<Day> DayOfColumn(int column) const;
@@ -76,13 +80,14 @@ private:
 
     const Clock& clock_;
     std::vector<RosterEmployee> employees_;
-    QHash<QString, int> rowsByNip_;
+    std::vector<size_t> rows_; ///< the employees who are shown: those who had not left before the month
+    QHash<QString, int> placesByNip_;
     std::optional<std::chrono::year_month> month_;
     std::vector<Days> roster_;
     /// The first is that of an empty cell.
     std::vector<Code> codes_;
     QHash<QString, int> numbersByCode_;
     std::array<CellLook, DayColumns> dayLooks_{};
-    /// The row that the last shift was placed in: those of an employee follow each other.
-    int lastRow_ = -1;
+    /// Whose shift was placed last: those of an employee follow each other.
+    int lastPlace_ = -1;
 };

@@ -12,6 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The group of supervisors who clock in without being employees.
+const QString MayClockIn = u"ABSEN"_s;
+
+bool HasLeft(Connection& connection, const QString& nip, Day day) {
+    return connection.Query(u"select NIP from Employee where NIP=? and Keluar<?"_s, {nip, StoredDay(day)})
+        .Next();
+}
+
 std::optional<Refusal> RecordArrival(TimeCard& card, const ClockEntry& entry, const QString& tcid,
                                      const QString& nip) {
     // An arrival counts even where the card's header is missing: it must not be overwritten.
@@ -48,8 +56,27 @@ QString RefusalText(Refusal refusal) {
         return u"Tidak bisa absen dua kali."_s;
     case Refusal::SheetClosed:
         return u"LEMBAR INI SUDAH DI TUTUP ANDA TIDAK DAPAT MEMBUAT ATAU MENAMBAH DATA ABSENSI INI"_s;
+    case Refusal::HasLeft:
+        return u"Karyawan ini tercatat sudah keluar sebelum tanggal lembar ini.\nHubungi petugas absen."_s;
     }
     return {};
+}
+
+bool IsSupervisorOnly(Connection& connection, const QString& userId) {
+    Cursor groups = connection.Query(
+        u"select GroupID from User_Job where UserID=? and UserID not in (select NIP from Employee)"_s,
+        {userId});
+    bool supervisor = false;
+    while (groups.Next()) {
+        if (groups.Text(0) == MayClockIn)
+            return false;
+        supervisor = supervisor || groups.Text(0) == u"SPV";
+    }
+    return supervisor;
+}
+
+void LetClockIn(Connection& connection, const QString& userId) {
+    connection.Execute(u"insert into User_Job (UserID, GroupID) values (?,?)"_s, {userId, MayClockIn});
 }
 
 std::optional<QString> LoadStoredPassword(Connection& connection, const QString& nip) {
@@ -65,6 +92,8 @@ std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry
     CardStore(connection).Change(tcid, [&](TimeCard& card) {
         if (IsSheetClosed(connection, entry.sheet))
             refusal = Refusal::SheetClosed;
+        else if (entry.IsClockIn() && HasLeft(connection, nip, entry.sheetDate))
+            refusal = Refusal::HasLeft;
         else if (entry.IsClockIn())
             refusal = RecordArrival(card, entry, tcid, nip);
         else

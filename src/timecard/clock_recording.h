@@ -21,14 +21,19 @@ struct ClockEntry {
 };
 
 /// Why a recording was refused; the texts are those the user is shown.
-enum class Refusal { NotClockedIn, AlreadyClockedIn, SheetClosed };
+enum class Refusal { NotClockedIn, AlreadyClockedIn, SheetClosed, HasLeft };
 QString RefusalText(Refusal refusal);
 
 /// The password kept for a user; nothing when the user is unknown. Throws DatabaseError.
 std::optional<QString> LoadStoredPassword(Connection& connection, const QString& nip);
 
+/// Whether the user is a supervisor without being an employee, and was not let clock in yet.
+bool IsSupervisorOnly(Connection& connection, const QString& userId);
+/// Lets such a user clock in from now on.
+void LetClockIn(Connection& connection, const QString& userId);
+
 /// Checks and records in one transaction: header and day row are written together or not at all, and two
 /// desks that record one employee at the same instant leave one arrival. A sheet that was closed after the
-/// entry began takes nothing. Throws DatabaseError; nothing is written then, nor when the recording is
-/// refused.
+/// entry began takes nothing, nor does one that is dated after the employee's last day. Throws DatabaseError;
+/// nothing is written then, nor when the recording is refused.
 std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip);

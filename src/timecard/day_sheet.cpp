@@ -1,5 +1,6 @@
 #include "timecard/day_sheet.h"
 
+#include "core/code_lists.h"
 #include "core/status_codes.h"
 #include "core/time_text.h"
 
@@ -30,8 +31,9 @@ QHash<QString, QString> ReadDayRoster(Connection& connection, Day day) {
     return codes;
 }
 
-std::vector<SheetEmployee> ReadEmployees(Connection& connection, const QString& orderBy) {
-    return connection.Query(u"select Dept, Divisi, NIP, Nama from employee "_s + orderBy)
+std::vector<SheetEmployee> ReadEmployees(Connection& connection, Day day, const QString& orderBy) {
+    return connection
+        .Query(u"select Dept, Divisi, NIP, Nama from employee where "_s + StillThere(day) + u' ' + orderBy)
         .All([](const Cursor& row) {
             return SheetEmployee{row.Text(0) + u'/' + row.Text(1), row.Text(2), row.Text(3)};
         });

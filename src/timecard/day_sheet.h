@@ -26,5 +26,6 @@ QString OvertimeText(const SheetEntry& entry);
 /// The roster's shift codes of a day by employee number, in one statement. Throws DatabaseError.
 QHash<QString, QString> ReadDayRoster(Connection& connection, Day day);
 
-/// The employees in the order of the clause (" ORDER BY NAMA"). Throws DatabaseError.
-std::vector<SheetEmployee> ReadEmployees(Connection& connection, const QString& orderBy);
+/// The employees who have not left before the day, in the order of the clause (" ORDER BY NAMA"). Throws
+/// DatabaseError.
+std::vector<SheetEmployee> ReadEmployees(Connection& connection, Day day, const QString& orderBy);

@@ -116,7 +116,14 @@ bool frmAED_Absen::Record() {
     if (nip.isEmpty())
         return false;
     std::optional<Refusal> refusal;
-    if (!Trapped(program_, u"Record"_s, [&] { refusal = RecordClockEntry(program_.Db(), entry_, nip); }))
+    bool recorded = false;
+    Trapped(program_, u"Record"_s, [&] {
+        if (!MayRecord(nip))
+            return;
+        refusal = RecordClockEntry(program_.Db(), entry_, nip);
+        recorded = true;
+    });
+    if (!recorded)
         return false;
     if (refusal) {
         program_.dialogs.Warn(RefusalText(*refusal));
@@ -127,6 +134,19 @@ bool frmAED_Absen::Record() {
     }
     ShowRecorded();
     Timer1.start();
+    return true;
+}
+
+/// A supervisor who is no employee stands on no sheet: whoever clocks in as one may have taken the wrong
+/// number.
+bool frmAED_Absen::MayRecord(const QString& nip) {
+    if (!entry_.IsClockIn() || !IsSupervisorOnly(program_.Db(), nip))
+        return true;
+    const QString question = u"%1 adalah supervisor, bukan karyawan: absennya tidak muncul di lembar dan "
+                             "laporan.\nCatat juga, sekarang dan seterusnya?"_s.arg(nip);
+    if (program_.dialogs.Ask(question, Dialogs::Answer::No) != Dialogs::Answer::Yes)
+        return false;
+    LetClockIn(program_.Db(), nip);
     return true;
 }
 
@@ -225,7 +245,7 @@ void frmAED_Absen::cmdButtons_Click(int index) {
 
 void frmAED_Absen::ShowEmployeeList() {
     if (!recorded_)
-        OpenPickList(program_, *ui_->txtNIK, PickListQuery::EntryEmployees,
+        OpenPickList(program_, *ui_->txtNIK, PickListQuery::EntryEmployees(entry_.sheetDate),
                      [this](const QVariantMap& values) { LOV_AfterListClose(values); });
 }
 

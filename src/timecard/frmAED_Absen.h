@@ -49,6 +49,7 @@ private:
 
     bool LoadPassword();
     bool Record();
+    bool MayRecord(const QString& nip);
     void ShowRecorded();
     /// True when the key began the next entry, or was refused it.
     bool BeginNext(const QKeyEvent& key);

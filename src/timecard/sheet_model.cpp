@@ -44,7 +44,7 @@ QString SheetModel::OrderBy(int column) const {
 
 void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
     const ChangeStamp changes = connection.Changes();
-    TakeEmployees(ReadEmployees(connection, orderBy));
+    TakeEmployees(ReadEmployees(connection, employeesOf_.value_or(clock_.Today()), orderBy));
     orderBy_ = orderBy;
     employeesRead_ = changes;
 }
@@ -79,11 +79,13 @@ void SheetModel::Refresh(Connection& connection, const QString& sheet) {
 }
 
 void SheetModel::Read(Connection& connection, const RefreshKey& key) {
-    if (key.changes != employeesRead_) {
-        std::vector<SheetEmployee> employees = ReadEmployees(connection, orderBy_);
+    const Day dayOfSheet = DayOfIdentifier(key.sheet).value_or(key.today);
+    if (key.changes != employeesRead_ || dayOfSheet != employeesOf_) {
+        std::vector<SheetEmployee> employees = ReadEmployees(connection, dayOfSheet, orderBy_);
         if (employees != employees_)
             TakeEmployees(std::move(employees));
         employeesRead_ = key.changes;
+        employeesOf_ = dayOfSheet;
     }
     const bool closed = IsSheetClosed(connection, key.sheet);
     if (!closed) {

@@ -88,6 +88,7 @@ private:
     const Clock& clock_;
     QString orderBy_;
     ChangeStamp employeesRead_;
+    std::optional<Day> employeesOf_; ///< the day on which they are there
     std::vector<SheetEmployee> employees_;
     std::vector<SheetEntry> entries_;
     std::vector<CardRow> rowsByCard_;

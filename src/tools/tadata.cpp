@@ -1,10 +1,12 @@
+#include "company/users.h"
 #include "core/clock.h"
 #include "core/platform_files.h"
 #include "core/version.h"
 #include "database/database_error.h"
+#include "database/database_file.h"
+#include "database/new_database_file.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"
-#include "database/new_database_file.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -111,6 +113,21 @@ int Check(const QString& file, const QCommandLineParser&) {
     return found ? Findings : Done;
 }
 
+int HashPasswords(const QString& file, const QCommandLineParser& options) {
+    if (!options.isSet(u"hash"_s))
+        throw UsageError(u"passwords takes --hash"_s);
+    int hashed = 0;
+    {
+        ProgressLine line;
+        hashed = Users(*OpenDatabaseFile(file)).HashPlainTexts([&](qsizetype done, qsizetype total) {
+            line.Show(u"%1 of %2 passwords"_s.arg(done).arg(total));
+            return true;
+        });
+    }
+    Print(stdout, u"%1: %2 passwords hashed\n"_s.arg(file).arg(hashed));
+    return Done;
+}
+
 struct Command {
     QString name;
     QString purpose;
@@ -137,6 +154,10 @@ std::vector<Command> Commands() {
          "2: the file cannot be read."_s,
          {},
          Check},
+        {u"passwords"_s,
+         u"Works on the passwords of all users. They go on to be valid."_s,
+         {{u"hash"_s, u"Hashes those that are stored as they were typed."_s}},
+         HashPasswords},
     };
 }
 
@@ -145,7 +166,7 @@ QString Help(const std::vector<Command>& commands) {
         u"Usage: tadata COMMAND [options] FILE\n\nMakes and checks databases of the time attendance "
         "program.\n\nCommands:\n"_s;
     for (const Command& command : commands)
-        help += u"  %1  %2\n"_s.arg(command.name, -8).arg(command.purpose);
+        help += u"  %1  %2\n"_s.arg(command.name, -10).arg(command.purpose);
     return help
            + u"\n\"tadata COMMAND --help\" tells the options of a command, \"tadata "
              "--version\" the version.\n"_s;
