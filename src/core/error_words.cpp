@@ -64,6 +64,12 @@ constexpr Words AllWords[] = {
     {Incomplete, u"Database tidak lengkap, tidak ditemukan: %1.\nPulihkan database dari cadangan."},
     {CopyNotMade, u"Salinan database tidak dapat dibuat: %1"},
 
+    {FileUnreadable, u"File %1 tidak dapat dibaca: %2"},
+    {NoTextFile, u"File %1 bukan file teks. Simpan dari lembar kerja sebagai CSV (UTF-8), lalu ulangi."},
+    {QuoteOpen, u"File %1, baris %2: tanda petik dua tidak ditutup. Perbaiki baris itu, lalu ulangi."},
+    {TooManyRows, u"Lembar kerja hanya memuat %1 baris. Simpan sebagai CSV."},
+    {NoSuchTable, u"Tidak ada tabel %1 dalam database ini."},
+
     {NumberTooLarge, u"Angka terlalu besar: %1."},
     {AmountTooLarge, u"Jumlah terlalu besar: %1 jam x %2."},
 };

@@ -45,6 +45,13 @@ enum class ErrorKind {
     Incomplete,  ///< detail: the table or column that is missing
     CopyNotMade, ///< detail: the copy's path
 
+    // Files that come in or go out. Detail: the file's path, unless told otherwise.
+    FileUnreadable, ///< details: path, why
+    NoTextFile,
+    QuoteOpen,   ///< details: path, line
+    TooManyRows, ///< detail: the most that a workbook holds
+    NoSuchTable, ///< detail: the table
+
     NumberTooLarge, ///< detail: the number
     AmountTooLarge, ///< details: hours, rate
 };
