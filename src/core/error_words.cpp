@@ -70,6 +70,12 @@ constexpr Words AllWords[] = {
     {TooManyRows, u"Lembar kerja hanya memuat %1 baris. Simpan sebagai CSV."},
     {NoSuchTable, u"Tidak ada tabel %1 dalam database ini."},
 
+    {AccessForeign, u"File %1 bukan database Access. Periksa nama filenya."},
+    {AccessProtected,
+     u"Database Access %1 dilindungi kata sandi. Buka di Access, hapus kata sandinya, lalu ulangi."},
+    {AccessDamaged, u"Database Access %1 rusak. Perbaiki di Access (Compact and Repair), lalu ulangi. (%2)"},
+    {NoTables, u"File ini tidak berisi tabel absensi. Periksa nama filenya."},
+
     {NumberTooLarge, u"Angka terlalu besar: %1."},
     {AmountTooLarge, u"Jumlah terlalu besar: %1 jam x %2."},
 };

@@ -51,6 +51,10 @@ enum class ErrorKind {
     QuoteOpen,   ///< details: path, line
     TooManyRows, ///< detail: the most that a workbook holds
     NoSuchTable, ///< detail: the table
+    AccessForeign,
+    AccessProtected,
+    AccessDamaged, ///< details: path, why in English
+    NoTables,      ///< no detail
 
     NumberTooLarge, ///< detail: the number
     AmountTooLarge, ///< details: hours, rate

@@ -4,11 +4,11 @@
 #include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
 #include "core/status_codes.h"
+#include "database/new_database_file.h"
 #include "timecard/sheet_lifecycle.h"
 #include "tools/demo_attendance.h"
 #include "tools/demo_photos.h"
 #include "tools/demo_staff.h"
-#include "database/new_database_file.h"
 
 #include <functional>
 

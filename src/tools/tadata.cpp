@@ -5,58 +5,38 @@
 #include "database/database_error.h"
 #include "database/database_file.h"
 #include "database/new_database_file.h"
+#include "tools/command.h"
 #include "tools/data_check.h"
 #include "tools/demo_company.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
-#include <cstdio>
-#include <stdexcept>
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-enum ExitStatus { Done = 0, Findings = 1, Failed = 2 };
 
 void Print(FILE* stream, const QString& text) {
     std::fputs(text.toLocal8Bit().constData(), stream);
 }
 
-/// What was asked for cannot be done as it was asked for.
-class UsageError : public std::runtime_error {
-public:
-    explicit UsageError(const QString& text) : std::runtime_error(text.toStdString()) {}
-};
+ProgressLine::~ProgressLine() {
+    if (!shown_.isEmpty())
+        Print(stderr, u"\n"_s);
+}
 
-/// One line on stderr that counts up, from the second second of the work on.
-class ProgressLine {
-public:
-    ProgressLine() { timer_.start(); }
-    ~ProgressLine() {
-        if (!shown_.isEmpty())
-            Print(stderr, u"\n"_s);
-    }
-    ProgressLine(const ProgressLine&) = delete;
-    ProgressLine& operator=(const ProgressLine&) = delete;
+void ProgressLine::Show(const QString& state) {
+    if (state == shown_ || timer_.elapsed() < 1000)
+        return;
+    shown_ = state;
+    Print(stderr, u'\r' + state);
+    std::fflush(stderr);
+}
 
-    void Show(const QString& state) {
-        if (state == shown_ || timer_.elapsed() < 1000)
-            return;
-        shown_ = state;
-        Print(stderr, u'\r' + state);
-        std::fflush(stderr);
-    }
+namespace {
 
-private:
-    QElapsedTimer timer_;
-    QString shown_;
-};
-
-int Create(const QString& file, const QCommandLineParser&) {
-    MakeDatabaseFile(file, [](Connection&) {});
+int Create(const QStringList& files, const QCommandLineParser&) {
+    MakeDatabaseFile(files[0], [](Connection&) {});
     return Done;
 }
 
@@ -84,7 +64,8 @@ Day DayOption(const QCommandLineParser& options, const QString& name) {
     return DayOf(*day);
 }
 
-int Demo(const QString& file, const QCommandLineParser& options) {
+int Demo(const QStringList& files, const QCommandLineParser& options) {
+    const QString& file = files[0];
     const DemoOptions demo{NumberOption(options, u"employees"_s, 1, 99'999),
                            NumberOption(options, u"months"_s, 0, 120), DayOption(options, u"until"_s)};
     DemoSummary summary;
@@ -99,9 +80,9 @@ int Demo(const QString& file, const QCommandLineParser& options) {
     return Done;
 }
 
-int Check(const QString& file, const QCommandLineParser&) {
+int Check(const QStringList& files, const QCommandLineParser&) {
     bool found = false;
-    const std::unique_ptr<Connection> connection = OpenUnchanged(file);
+    const std::unique_ptr<Connection> connection = OpenUnchanged(files[0]);
     ProgressLine progress;
     CheckData(
         *connection,
@@ -113,35 +94,30 @@ int Check(const QString& file, const QCommandLineParser&) {
     return found ? Findings : Done;
 }
 
-int HashPasswords(const QString& file, const QCommandLineParser& options) {
+int HashPasswords(const QStringList& files, const QCommandLineParser& options) {
     if (!options.isSet(u"hash"_s))
         throw UsageError(u"passwords takes --hash"_s);
     int hashed = 0;
     {
         ProgressLine line;
-        hashed = Users(*OpenDatabaseFile(file)).HashPlainTexts([&](qsizetype done, qsizetype total) {
+        hashed = Users(*OpenDatabaseFile(files[0])).HashPlainTexts([&](qsizetype done, qsizetype total) {
             line.Show(u"%1 of %2 passwords"_s.arg(done).arg(total));
             return true;
         });
     }
-    Print(stdout, u"%1: %2 passwords hashed\n"_s.arg(file).arg(hashed));
+    Print(stdout, u"%1: %2 passwords hashed\n"_s.arg(files[0]).arg(hashed));
     return Done;
 }
-
-struct Command {
-    QString name;
-    QString purpose;
-    QList<QCommandLineOption> options;
-    int (*run)(const QString& file, const QCommandLineParser& options);
-};
 
 std::vector<Command> Commands() {
     const QString yesterday = StoredDay(SystemClock().Today() - std::chrono::days{1});
     const DemoOptions usual;
-    return {
-        {u"create"_s, u"Makes an empty database in a new file."_s, {}, Create},
+    const QStringList file{u"FILE"_s};
+    std::vector<Command> commands{
+        {u"create"_s, u"Makes an empty database in a new file."_s, file, {}, Create},
         {u"demo"_s,
          u"Makes the database of a demo company in a new file, and the folder \"photos\" beside it."_s,
+         file,
          {{u"employees"_s, u"How many employees (%1)."_s.arg(usual.employees), u"N"_s,
            QString::number(usual.employees)},
           {u"months"_s, u"How many months of attendance (%1)."_s.arg(usual.months), u"M"_s,
@@ -152,21 +128,25 @@ std::vector<Command> Commands() {
          u"Tells rows that do not fit together, one a line, and changes nothing. Exit status 0: none, 1: "
          u"some, "
          "2: the file cannot be read."_s,
+         file,
          {},
          Check},
         {u"passwords"_s,
          u"Works on the passwords of all users. They go on to be valid."_s,
+         file,
          {{u"hash"_s, u"Hashes those that are stored as they were typed."_s}},
          HashPasswords},
     };
+    std::ranges::move(ExchangeCommands(), std::back_inserter(commands));
+    return commands;
 }
 
 QString Help(const std::vector<Command>& commands) {
-    QString help =
-        u"Usage: tadata COMMAND [options] FILE\n\nMakes and checks databases of the time attendance "
-        "program.\n\nCommands:\n"_s;
+    QString help = u"Usage: tadata COMMAND [options] FILE...\n\nMakes, checks, fills and reads databases of "
+                   u"the time attendance "
+                   "program.\n\nCommands:\n"_s;
     for (const Command& command : commands)
-        help += u"  %1  %2\n"_s.arg(command.name, -10).arg(command.purpose);
+        help += u"  %1  %2\n"_s.arg(command.name, -16).arg(command.purpose);
     return help
            + u"\n\"tadata COMMAND --help\" tells the options of a command, \"tadata "
              "--version\" the version.\n"_s;
@@ -178,18 +158,20 @@ int RunCommand(const Command& command, const QStringList& arguments) {
     parser.setApplicationDescription(command.purpose);
     parser.addOption(help);
     parser.addOptions(command.options);
-    parser.addPositionalArgument(u"FILE"_s, u"The database file."_s, command.name + u" FILE"_s);
+    for (const QString& argument : command.arguments)
+        parser.addPositionalArgument(argument, {}, argument);
     if (!parser.parse(arguments))
         throw UsageError(parser.errorText());
     if (parser.isSet(help)) {
         Print(stdout, parser.helpText());
         return Done;
     }
-    // The command itself is the first positional argument.
-    const QStringList names = parser.positionalArguments();
-    if (names.size() != 2 || names[1].isEmpty())
-        throw UsageError(u"%1 takes one FILE"_s.arg(command.name));
-    return command.run(names[1], parser);
+    const QStringList given = parser.positionalArguments();
+    if (given.size() != command.arguments.size() || given.contains(QString()))
+        throw UsageError(u"%1 takes %2"_s.arg(command.name, command.arguments.size() == 1
+                                                                ? u"one "_s + command.arguments[0]
+                                                                : command.arguments.join(u' ')));
+    return command.run(given, parser);
 }
 
 int Run(const QStringList& arguments) {
@@ -204,8 +186,10 @@ int Run(const QStringList& arguments) {
         return Done;
     }
     for (const Command& command : commands) {
-        if (command.name == wanted)
-            return RunCommand(command, arguments);
+        const qsizetype words = command.name.count(u' ') + 1;
+        // What the parser sees is the program and what follows the command.
+        if (arguments.sliced(1, std::min(words, arguments.size() - 1)).join(u' ') == command.name)
+            return RunCommand(command, arguments.first(1) + arguments.sliced(1 + words));
     }
     throw UsageError(wanted.isEmpty() ? u"no command given"_s : u"unknown command \"%1\""_s.arg(wanted));
 }
