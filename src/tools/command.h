@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/wall_time.h"
+
 #include <QCommandLineParser>
 #include <QElapsedTimer>
 #include <QString>
@@ -22,6 +24,9 @@ struct Command {
 
 /// What brings data in and out.
 std::vector<Command> ExchangeCommands();
+
+/// A day given as an option. Throws UsageError when it is none.
+Day DayOption(const QCommandLineParser& options, const QString& name);
 
 void Print(FILE* stream, const QString& text);
 

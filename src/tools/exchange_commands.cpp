@@ -1,3 +1,4 @@
+#include "company/employee_import.h"
 #include "core/clock.h"
 #include "database/database_file.h"
 #include "exchange/access_file.h"
@@ -71,6 +72,92 @@ int ImportAccess(const QStringList& files, const QCommandLineParser& options) {
     return Done;
 }
 
+template<class Form>
+std::optional<Form> FormOption(const QCommandLineParser& options, const QString& name,
+                               const std::vector<std::pair<QString, Form>>& forms) {
+    if (!options.isSet(name))
+        return std::nullopt;
+    QStringList words;
+    for (const auto& [word, form] : forms) {
+        words << word;
+        if (options.value(name) == word)
+            return form;
+    }
+    throw UsageError(u"--%1 takes %2, not \"%3\""_s.arg(name, words.join(u" or "), options.value(name)));
+}
+
+ImportOptions ImportOptionsOf(const QCommandLineParser& options, Day today) {
+    const std::chrono::year_month_day date{today};
+    ImportOptions import;
+    import.emptyClears = options.isSet(u"empty-clears"_s);
+    import.makeMissing = options.isSet(u"make-missing"_s);
+    import.payFrom = options.isSet(u"pay-from"_s) ? DayOption(options, u"pay-from"_s)
+                                                  : Day{date.year() / date.month() / std::chrono::day {
+                                                        1
+                                                    }};
+    import.numbers = FormOption<NumberForm>(options, u"numbers"_s,
+                                            {{u"1,000.5"_s, NumberForm::PointDecimals},
+                                             { u"1.000,5"_s,
+                                               NumberForm::CommaDecimals }});
+    import.dates = FormOption<DateForm>(options, u"dates"_s,
+                                        {{u"dmy"_s, DateForm::DayFirst},
+                                         { u"mdy"_s,
+                                           DateForm::MonthFirst }});
+    return import;
+}
+
+/// How the file was read, so that a reader who was mistaken is seen before anything is paid by it.
+void PrintReading(const EmployeeFile& file, const std::vector<EmployeeField>& fields,
+                  const EmployeePlan& plan) {
+    const QStringList numbers{u"without signs"_s, u"as 1,000.5"_s, u"as 1.000,5"_s};
+    const QStringList dates{u"the year first"_s, u"the day first"_s, u"the month first"_s};
+    Print(stdout,
+          u"%1: %2, separated by %3, numbers %4, dates %5\n"_s.arg(
+              file.path, file.form.isUtf8 ? u"UTF-8"_s : u"Windows-1252"_s,
+              file.form.separator == '\t' ? u"tabs"_s : u"\"%1\""_s.arg(QLatin1Char(file.form.separator)),
+              numbers[static_cast<int>(plan.numbers)], dates[static_cast<int>(plan.dates)]));
+    for (size_t i = 0; i < fields.size(); ++i) {
+        const QString& heading = file.headings[static_cast<qsizetype>(i)];
+        const QString field = EmployeeFieldName(fields[i]);
+        if (field.isEmpty())
+            Print(stdout, u"column \"%1\" is left\n"_s.arg(heading));
+        else if (field != heading)
+            Print(stdout, u"column \"%1\" is %2\n"_s.arg(heading, field));
+    }
+}
+
+int ImportEmployees(const QStringList& files, const QCommandLineParser& options) {
+    const Day today = SystemClock().Today();
+    const ImportOptions import = ImportOptionsOf(options, today);
+    const std::unique_ptr<Connection> connection = OpenUnchanged(files[0]);
+    const EmployeeFile file = ReadEmployeeFile(files[1]);
+    const std::vector<EmployeeField> fields = MatchHeadings(file.headings);
+    const EmployeePlan plan = PlanImport(*connection, file, fields, import, today);
+    PrintReading(file, fields, plan);
+    for (const ImportFinding& finding : plan.findings)
+        Print(stderr, EnglishText(finding) + u'\n');
+    if (!plan.findings.empty()) {
+        Print(stderr, u"tadata: nothing was written\n"_s);
+        return Failed;
+    }
+    PrintNotes(u"new department"_s, plan.newDepartments);
+    PrintNotes(u"new division"_s, plan.newDivisions);
+    Print(stdout,
+          u"%1 added, %2 changed, %3 unchanged; %4 paid otherwise from %5 on\n"_s.arg(
+              QString::number(plan.added), QString::number(plan.changed), QString::number(plan.unchanged),
+              QString::number(plan.pay.size()), StoredDay(import.payFrom)));
+    if (options.isSet(u"dry-run"_s)) {
+        Print(stdout, u"dry run: nothing was written\n"_s);
+        return Done;
+    }
+    ProgressLine line;
+    RunImport(*connection, plan, [&line](qsizetype done, qsizetype total) {
+        line.Show(u"%1 of %2 passwords"_s.arg(done).arg(total));
+        return true;
+    });
+    return Done;
+}
+
 int Export(const QStringList& arguments, const QCommandLineParser&) {
     const QString& file = arguments[2];
     if (!file.endsWith(u".csv"_s, Qt::CaseInsensitive) && !file.endsWith(u".xlsx"_s, Qt::CaseInsensitive))
@@ -87,6 +174,19 @@ int Export(const QStringList& arguments, const QCommandLineParser&) {
 
 std::vector<Command> ExchangeCommands() {
     return {
+        {u"import employees"_s,
+         u"Takes employees from a file of separated values: all of it, or nothing where a line is wrong "
+         u"(exit "
+         "status 2)."_s,
+         {u"DB"_s, u"FILE.csv"_s},
+         {{u"dry-run"_s, u"Tells what would be done, and writes nothing."_s},
+          {u"make-missing"_s, u"Makes the departments and divisions that are not there yet."_s},
+          {u"empty-clears"_s, u"Lets an empty cell empty what stands there; otherwise it changes nothing."_s},
+          {u"pay-from"_s, u"The day from which changed pay counts (the first of this month)."_s, u"DATE"_s},
+          {u"numbers"_s, u"How the file writes numbers where it does not show: 1,000.5 or 1.000,5."_s,
+           u"FORM"_s},
+          {u"dates"_s, u"How the file writes dates where it does not show: dmy or mdy."_s, u"FORM"_s}},
+         ImportEmployees},
         {u"import access"_s,
          u"Makes a new database out of an Access file and compares both. Exit status 0: every row and sum "
          "agrees; 2: not, and the new file is not made."_s,

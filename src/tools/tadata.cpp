@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +34,20 @@ void ProgressLine::Show(const QString& state) {
     std::fflush(stderr);
 }
 
+Day DayOption(const QCommandLineParser& options, const QString& name) {
+    constexpr int leastYear = 1950;
+    constexpr int mostYear = 2999;
+    const QString text = options.value(name);
+    const std::optional<WallTime> day = text.size() == 10 ? ReadStored(text) : std::nullopt;
+    const int year = day ? ToQDate(DayOf(*day)).year() : 0;
+    if (year < leastYear || year > mostYear)
+        throw UsageError(u"--%1 takes a day as yyyy-mm-dd in the years %2 to %3, not \"%4\""_s.arg(name)
+                             .arg(leastYear)
+                             .arg(mostYear)
+                             .arg(text));
+    return DayOf(*day);
+}
+
 namespace {
 
 int Create(const QStringList& files, const QCommandLineParser&) {
@@ -48,20 +63,6 @@ int NumberOption(const QCommandLineParser& options, const QString& name, int lea
             u"--%1 takes a number from %2 to %3, not \"%4\""_s.arg(name).arg(least).arg(most).arg(
                 options.value(name)));
     return number;
-}
-
-Day DayOption(const QCommandLineParser& options, const QString& name) {
-    constexpr int leastYear = 1950;
-    constexpr int mostYear = 2999;
-    const QString text = options.value(name);
-    const std::optional<WallTime> day = text.size() == 10 ? ReadStored(text) : std::nullopt;
-    const int year = day ? ToQDate(DayOf(*day)).year() : 0;
-    if (year < leastYear || year > mostYear)
-        throw UsageError(u"--%1 takes a day as yyyy-mm-dd in the years %2 to %3, not \"%4\""_s.arg(name)
-                             .arg(leastYear)
-                             .arg(mostYear)
-                             .arg(text));
-    return DayOf(*day);
 }
 
 int Demo(const QStringList& files, const QCommandLineParser& options) {
@@ -158,8 +159,9 @@ int RunCommand(const Command& command, const QStringList& arguments) {
     parser.setApplicationDescription(command.purpose);
     parser.addOption(help);
     parser.addOptions(command.options);
+    QString before = command.name + u' ';
     for (const QString& argument : command.arguments)
-        parser.addPositionalArgument(argument, {}, argument);
+        parser.addPositionalArgument(argument, {}, std::exchange(before, QString()) + argument);
     if (!parser.parse(arguments))
         throw UsageError(parser.errorText());
     if (parser.isSet(help)) {

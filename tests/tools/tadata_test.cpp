@@ -49,6 +49,7 @@ TEST_F(Tool, HelpIsGivenOnTheToolAndOnEachCommand) {
         {{u"create"_s, u"--help"_s}, u"create FILE"_s},
         {{u"demo"_s, u"--help"_s}, u"--until"_s},
         {{u"check"_s, u"FILE"_s, u"--help"_s}, u"check FILE"_s},
+        {{u"import"_s, u"access"_s, u"--help"_s}, u"import access OLD.mdb NEW.mdb"_s},
     };
     for (const auto& [arguments, says] : cases) {
         const Outcome outcome = Tadata(arguments);
@@ -79,6 +80,10 @@ TEST_F(Tool, RefusesWhatItDoesNotUnderstandAndMakesNothing) {
         {{u"demo"_s, file, u"--until"_s, u"1949-12-31"_s}, u"1950"_s},
         {{u"create"_s, folder.filePath(u"nowhere/DATA.mdb"_s)}, u"cannot be made"_s},
         {{u"demo"_s, folder.path()}, u"exists"_s},
+        {{u"import"_s, u"access"_s, file}, u"OLD.mdb NEW.mdb"_s},
+        {{u"import"_s, u"access"_s, file, file}, u"cannot be read"_s},
+        {{u"import"_s, u"employees"_s, file, file, u"--numbers"_s, u"1"_s}, u"1,000.5 or 1.000,5"_s},
+        {{u"export"_s, file, u"Employee"_s, u"a.txt"_s}, u".csv or .xlsx"_s},
     };
     for (const auto& [arguments, says] : cases) {
         const Outcome outcome = Tadata(arguments);
@@ -87,6 +92,36 @@ TEST_F(Tool, RefusesWhatItDoesNotUnderstandAndMakesNothing) {
         EXPECT_EQ(outcome.output, QString());
     }
     EXPECT_EQ(EntriesOf(folder.path()), QStringList());
+}
+
+TEST_F(Tool, EmployeesComeInWholeOrNotAtAllAndGoOutAgain) {
+    const QString file = MakeDemo(u"DATA.mdb"_s);
+    const QString list = folder.filePath(u"list.csv"_s);
+    const auto import = [&](const QByteArray& text, const QStringList& options) {
+        QFile out(list);
+        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(text);
+        out.close();
+        return Tadata(QStringList{u"import"_s, u"employees"_s, file, list} + options);
+    };
+    const auto employees = [&file] {
+        return RowsOf(*OpenDatabaseFile(file), u"select NIP from Employee"_s).size();
+    };
+    const Outcome wrong = import("NIP,GP\n0101,1.5\n0102,12a\n", {});
+    EXPECT_EQ(wrong.status, 2);
+    EXPECT_EQ(wrong.errors, u"line 3: GP \"12a\" is not a number\ntadata: nothing was written\n"_s);
+    const QByteArray right = "NIK;Gaji;Dept\n0101;150.000;QC\n0102;160.000;QC\n";
+    const Outcome dry = import(right, {u"--make-missing"_s, u"--dry-run"_s});
+    EXPECT_EQ(dry.status, 0);
+    EXPECT_TRUE(dry.output.contains(u"numbers as 1.000,5"_s)) << dry.output.toStdString();
+    EXPECT_EQ(employees(), 3);
+    EXPECT_EQ(import(right, {u"--make-missing"_s}).status, 0);
+    EXPECT_EQ(employees(), 5);
+    const QString out = folder.filePath(u"out.csv"_s);
+    EXPECT_EQ(Tadata({u"export"_s, file, u"employee"_s, out}).status, 0);
+    EXPECT_TRUE(BytesOf(out).contains("\"0102\",,\"QC\""));
+    EXPECT_EQ(Tadata({u"export"_s, file, u"employee"_s, out}).status, 2);
+    EXPECT_TRUE(import(BytesOf(out), {}).output.contains(u"0 added, 0 changed, 5 unchanged"_s));
 }
 
 TEST_F(Tool, CheckPrintsFindingsAndChangesNothing) {
