@@ -26,20 +26,9 @@ namespace modGeneral {
 inline void Assign(QString& target, const FieldValue& value) {
     target = value.Text();
 }
-inline void Assign(double& target, const FieldValue& value) {
-    target = value.Number();
-}
 inline void Assign(int& target, const FieldValue& value) {
     target = static_cast<int>(value.Number());
 }
-inline void Assign(bool& target, const FieldValue& value) {
-    target = value.Flag();
-}
-/// A field without a time gives the empty time.
-inline void Assign(WallTime& target, const FieldValue& value) {
-    target = value.Time().value_or(EmptyTime);
-}
-
 /// Copies the first row's fields into the variables, in order and by their types; leaves them as they are and
 /// returns false when there is no row. Throws DatabaseError.
 template<class... Variables>
