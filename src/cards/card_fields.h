@@ -3,6 +3,9 @@
 #include "cards/time_card.h"
 #include "database/field_value.h"
 
+#include <QStringList>
+#include <QVariantList>
+
 // How the members of a card and the fields of its rows become each other.
 
 // A null text is kept apart from an empty one: writing the card leaves it as it is.
@@ -51,4 +54,29 @@ Row RowOf(Each each, ValueOf valueOf) {
     Row row;
     each([&](QStringView name, auto member) { Assign(row.*member, valueOf(name)); });
     return row;
+}
+
+/// The columns of a table, in the order in which they are visited.
+template<class Each>
+QStringList NamesOf(Each each) {
+    QStringList names;
+    each([&names](QStringView name, auto) { names << name.toString(); });
+    return names;
+}
+
+/// So many places for bound values.
+inline QString Marks(qsizetype count) {
+    return QStringList(count, QStringLiteral("?")).join(u',');
+}
+
+inline QString InsertStatement(const QString& table, const QStringList& columns) {
+    return QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+        .arg(table, columns.join(u','), Marks(columns.size()));
+}
+
+template<class Row, class Each>
+QVariantList ValuesOf(const Row& row, Each each) {
+    QVariantList values;
+    each([&](QStringView, auto member) { values << Stored(row.*member).Stored(); });
+    return values;
 }

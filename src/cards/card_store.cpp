@@ -70,29 +70,6 @@ void WriteDays(Recordset& rows, const QString& tcid, const std::vector<CardDay>&
     }
 }
 
-/// The columns of a table, in the order in which they are visited.
-template<class Each>
-QStringList NamesOf(Each each) {
-    QStringList names;
-    each([&names](QStringView name, auto) { names << name.toString(); });
-    return names;
-}
-
-QString Marks(qsizetype count) {
-    return QStringList(count, u"?"_s).join(u',');
-}
-
-QString InsertStatement(const QString& table, const QStringList& columns) {
-    return u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table, columns.join(u','), Marks(columns.size()));
-}
-
-template<class Row, class Each>
-QVariantList ValuesOf(const Row& row, Each each) {
-    QVariantList values;
-    each([&](QStringView, auto member) { values << Stored(row.*member).Stored(); });
-    return values;
-}
-
 /// How many rows there are whose column holds one of the texts.
 int CountIn(Connection& connection, const QString& tableAndColumn, const QStringList& texts) {
     Cursor rows =

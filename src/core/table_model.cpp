@@ -47,3 +47,17 @@ void TableModel::NotifyColumns(int first, int last) {
 void TableModel::NotifyRow(int row) {
     Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
 }
+
+void TableModel::Reorder(RowOrder& order, const std::function<void()>& change) {
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    std::vector<int> held;
+    for (const QModelIndex& cell : before)
+        held.push_back(order.Held(cell.row()));
+    change();
+    QModelIndexList after;
+    for (qsizetype i = 0; i < before.size(); ++i)
+        after << index(order.Shown(held[static_cast<size_t>(i)]), before[i].column());
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/cell_look.h"
+#include "core/row_order.h"
 #include "core/shown_figure.h"
 
 #include <QAbstractTableModel>
@@ -38,6 +39,8 @@ protected:
     /// Tells the views of all cells between two columns, both included.
     void NotifyColumns(int first, int last);
     void NotifyRow(int row);
+    /// Lets the function change the order in which the rows are shown; views keep to their rows.
+    void Reorder(RowOrder& order, const std::function<void()>& change);
 
 private:
     virtual int RowCount() const = 0;

@@ -3,6 +3,9 @@
 #include "cards/card_conflict.h"
 #include "cards/card_store.h"
 #include "cards/sheet_identifier.h"
+#include "core/error_words.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -80,6 +83,50 @@ QStringList HiddenOn(const TimeCard& card, const ShownDayRow& row) {
     return hidden;
 }
 
+/// The days of these statuses as they are stored.
+class StoredDays {
+public:
+    StoredDays(Connection& connection, const std::vector<DayStatus>& statuses) {
+        const auto [first, last] = std::ranges::minmax(statuses, {}, &DayStatus::day);
+        const AttendanceCriteria criteria{{}, {}, {}, DayRange{first.day, last.day}};
+        attendance_ = *RefreshAttendance(connection, criteria, first.day, {});
+        for (const ListedEmployee& employee : attendance_.employees)
+            places_.insert(employee.nip, static_cast<size_t>(places_.size()));
+    }
+
+    bool Knows(const QString& nip) const { return places_.contains(nip); }
+    std::optional<AttendanceRecord> On(const DayStatus& status) const {
+        const auto place = places_.constFind(status.nip);
+        const AttendanceRecord* record =
+            place == places_.cend() ? nullptr : attendance_.Find(status.day, *place);
+        return record ? std::optional(*record) : std::nullopt;
+    }
+
+private:
+    Attendance attendance_;
+    QHash<QString, size_t> places_;
+};
+
+/// Why the status cannot be written; nothing when the card has it now.
+QString Refusal(TimeCard& card, const QString& tcid, const DayStatus& wanted,
+                const std::optional<AttendanceRecord>& stored) {
+    const QString& has = stored ? stored->status : QString();
+    if (stored.has_value() == wanted.shown.isNull() || (has != wanted.shown && has != wanted.status))
+        return u"di komputer lain sudah menjadi %1. Muat ulang, lalu ulangi."_s.arg(
+            stored ? (has.isEmpty() ? u"kartu tanpa status"_s : has) : u"hari tanpa kartu"_s);
+    if (wanted.status.isNull()) {
+        const bool bare = card.days.size() <= 1 && HiddenOn(card, {wanted.nip, wanted.day, stored}).isEmpty();
+        if (!bare || stored->timeIn || stored->timeOut)
+            return u"kartunya sudah berisi jam."_s;
+        card.days.clear();
+        return {};
+    }
+    if (!stored)
+        MakeCard(card, {wanted.nip, wanted.day, {}}, tcid);
+    card.header->status = wanted.status;
+    return {};
+}
+
 } // namespace
 
 AttendanceRecord SaveDayStatus(Connection& connection, const ShownDayRow& row, const QString& status) {
@@ -94,6 +141,45 @@ AttendanceRecord SaveDayStatus(Connection& connection, const ShownDayRow& row, c
         card.header->status = status;
     });
     return RecordOn(saved, row).value();
+}
+
+DayStatusesSaved SaveDayStatuses(Connection& connection, const std::vector<DayStatus>& statuses) {
+    DayStatusesSaved saved;
+    if (statuses.empty())
+        return saved;
+    connection.InTransaction([&] {
+        saved = {};
+        const StoredDays stored(connection, statuses);
+        QStringList tcids;
+        for (const DayStatus& status : statuses) {
+            const auto record = stored.On(status);
+            tcids << (record ? record->tcid : CardIdentifier(SheetIdentifierOf(status.day), status.nip));
+        }
+        CardStore(connection).ChangeAll(tcids, [&](QHash<QString, TimeCard>& cards) {
+            QHash<QString, TimeCard> changed = cards;
+            for (size_t i = 0; i < statuses.size(); ++i) {
+                const QString& tcid = tcids[static_cast<qsizetype>(i)];
+                QString refusal = u"karyawan ini tidak ada lagi."_s;
+                try {
+                    if (stored.Knows(statuses[i].nip))
+                        refusal = Refusal(changed[tcid], tcid, statuses[i], stored.On(statuses[i]));
+                } catch (const ProgramError& error) {
+                    refusal = UserText(error);
+                }
+                if (!refusal.isEmpty())
+                    saved.refused.emplace_back(i, refusal);
+            }
+            if (saved.refused.empty())
+                cards = changed;
+            for (size_t i = 0; i < statuses.size(); ++i) {
+                const DayStatus& status = statuses[i];
+                saved.now.push_back(saved.refused.empty() ? RecordOn(cards[tcids[static_cast<qsizetype>(i)]],
+                                                                     {status.nip, status.day, {}})
+                                                          : stored.On(status));
+            }
+        });
+    });
+    return saved;
 }
 
 QStringList HiddenOnCard(Connection& connection, const ShownDayRow& row) {

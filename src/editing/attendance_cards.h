@@ -15,6 +15,27 @@ struct ShownDayRow {
 /// then.
 AttendanceRecord SaveDayStatus(Connection& connection, const ShownDayRow& row, const QString& status);
 
+/// A status for an employee's day. A null text is no card: the one that was made for a status alone goes
+/// away.
+struct DayStatus {
+    QString nip;
+    Day day{};
+    QString shown; ///< what must stand there, null for no card
+    QString status;
+};
+
+/// What became of many of them.
+struct DayStatusesSaved {
+    /// Why some cannot be, by their place; nothing was written then.
+    std::vector<std::pair<size_t, QString>> refused;
+    /// What stands there now, place by place.
+    std::vector<std::optional<AttendanceRecord>> now;
+};
+
+/// Gives all these days their statuses as SaveDayStatus does, in one transaction of few statements. Throws
+/// DatabaseError.
+DayStatusesSaved SaveDayStatuses(Connection& connection, const std::vector<DayStatus>& statuses);
+
 /// What goes with the card when its days are deleted and cannot be seen in its row, a line for each day: its
 /// overtime, and the days that it has beside the one shown. Throws DatabaseError.
 QStringList HiddenOnCard(Connection& connection, const ShownDayRow& row);

@@ -3,11 +3,12 @@
 #include "core/status_codes.h"
 #include "core/typed_date.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// More are not sorted: the texts to sort them by would fill the memory.
+constexpr qint64 MostSortedRows = 1'000'000;
 
 QString CardText(const AttendanceRecord& record, Day day, int column) {
     const auto minute = [day](const auto& time) {
@@ -20,7 +21,7 @@ QString CardText(const AttendanceRecord& record, Day day, int column) {
     case AttendanceModel::TimeOut:
         return minute(record.timeOut);
     case AttendanceModel::Status:
-        return record.status;
+        return record.status.isNull() ? u""_s : record.status;
     case AttendanceModel::Keterangan:
         return record.keterangan;
     case AttendanceModel::Tcid:
@@ -49,10 +50,32 @@ AttendanceModel::AttendanceModel(QObject* parent)
 void AttendanceModel::Show(Attendance attendance) {
     beginResetModel();
     attendance_ = std::move(attendance);
+    employeesByNip_.clear();
+    for (const ListedEmployee& employee : attendance_.employees)
+        employeesByNip_.insert(employee.nip, static_cast<int>(employeesByNip_.size()));
+    Sort();
     endResetModel();
 }
 
-AttendanceModel::Place AttendanceModel::PlaceOf(int row) const {
+void AttendanceModel::sort(int column, Qt::SortOrder order) {
+    sortColumn_ = column;
+    sortOrder_ = order;
+    Reorder(order_, [this] { Sort(); });
+}
+
+void AttendanceModel::Sort() {
+    if (sortColumn_ <= SerialNumber || attendance_.RowCount() > MostSortedRows)
+        return order_.ShowAsHeld();
+    order_.Sort(
+        RowCount(),
+        [this](int held) {
+            const Place place = PlaceOfHeld(held);
+            return sortColumn_ == Tanggal ? StoredDay(place.day) : TextAt(place, sortColumn_);
+        },
+        sortOrder_);
+}
+
+AttendanceModel::Place AttendanceModel::PlaceOfHeld(int row) const {
     const int employees = static_cast<int>(attendance_.employees.size());
     return {static_cast<size_t>(row % employees),
             attendance_.range.first + std::chrono::days{row / employees}};
@@ -62,17 +85,26 @@ const ListedEmployee& AttendanceModel::EmployeeAt(int row) const {
     return attendance_.employees.at(PlaceOf(row).employee);
 }
 
-AttendanceModel::RowKey AttendanceModel::KeyOf(int row) const {
+AttendanceModel::DayKey AttendanceModel::KeyOf(int row) const {
     return {EmployeeAt(row).nip, PlaceOf(row).day};
 }
 
-int AttendanceModel::RowOf(const RowKey& key) const {
-    const auto& employees = attendance_.employees;
-    const auto found = std::ranges::find(employees, key.nip, &ListedEmployee::nip);
-    if (found == employees.end() || key.day < attendance_.range.first || key.day > attendance_.range.last)
+QString AttendanceModel::RowKey(int row) const {
+    const auto [nip, day] = KeyOf(row);
+    return StoredDay(day) + u' ' + nip;
+}
+
+AttendanceModel::DayKey AttendanceModel::ReadRowKey(const QString& key) {
+    const auto time = ReadStored(key.section(u' ', 0, 0));
+    return {key.section(u' ', 1), time ? DayOf(*time) : DayZero};
+}
+
+int AttendanceModel::RowOf(const DayKey& key) const {
+    const int employee = employeesByNip_.value(key.nip, -1);
+    if (employee < 0 || key.day < attendance_.range.first || key.day > attendance_.range.last)
         return -1;
     const auto days = static_cast<qsizetype>((key.day - attendance_.range.first).count());
-    return static_cast<int>(days * std::ssize(employees) + (found - employees.begin()));
+    return order_.Shown(static_cast<int>(days * std::ssize(attendance_.employees)) + employee);
 }
 
 std::optional<AttendanceRecord> AttendanceModel::RecordAt(int row) const {
@@ -95,10 +127,13 @@ CellLook AttendanceModel::LookOf(int row, int column) const {
 }
 
 QString AttendanceModel::Text(int row, int column) const {
-    const ListedEmployee& employee = EmployeeAt(row);
+    return column == SerialNumber ? QString::number(row + 1) : TextAt(PlaceOf(row), column);
+}
+
+/// A day without a card has no status; a card has one, be it an empty text.
+QString AttendanceModel::TextAt(const Place& place, int column) const {
+    const ListedEmployee& employee = attendance_.employees[place.employee];
     switch (column) {
-    case SerialNumber:
-        return QString::number(row + 1);
     case Nip:
         return employee.nip;
     case Nama:
@@ -108,11 +143,10 @@ QString AttendanceModel::Text(int row, int column) const {
     case Divisi:
         return employee.divisi;
     case Tanggal:
-        return ShownDay(PlaceOf(row).day);
+        return ShownDay(place.day);
     default:
         break;
     }
-    const Place place = PlaceOf(row);
     const AttendanceRecord* record = attendance_.Find(place.day, place.employee);
     return record ? CardText(*record, place.day, column) : QString();
 }

@@ -5,10 +5,12 @@
 #include "database/database_error.h"
 #include "editing/attendance_print.h"
 #include "editing/employee_status.h"
+#include "editing/status_cells.h"
 #include "reports/report_file.h"
 #include "ui/cell_editor.h"
 #include "ui/code_combo.h"
 #include "ui/date_box.h"
+#include "ui/grid_blocks.h"
 #include "ui/pick_list.h"
 #include "ui/theme.h"
 #include "ui/typing.h"
@@ -102,6 +104,13 @@ void frmAbsensi::SetUpGrid() {
                        grid.horizontalHeader()->sectionSizeHint(AttendanceModel::Keterangan));
 
     CellEditing editing;
+    editing.writeCells = [this](const std::vector<CellChange>& changes) {
+        return WriteStatusCells(program_.Db(), rows_, changes);
+    };
+    editing.nameColumns = {AttendanceModel::Nip, AttendanceModel::Nama};
+    editing.sorts = true;
+    editing.tell = [this](const QString& done) { ui_->lblDone->setText(done); };
+    editing.enterGoes = CellEditing::EnterGoes::Down;
     editing.pickListColumns = {AttendanceModel::Status};
     editing.mayEdit = [](const QModelIndex& cell) { return cell.column() == AttendanceModel::Status; };
     editing.checkedColumn = AttendanceModel::Status;
@@ -217,7 +226,7 @@ void frmAbsensi::cmdOpenCard_Click() {
     const int row = ui_->MSHFlexGrid1->currentIndex().row();
     if (row < 0 || !needs_.editCard)
         return;
-    const AttendanceModel::RowKey key = rows_.KeyOf(row);
+    const AttendanceModel::DayKey key = rows_.KeyOf(row);
     bool written = false;
     Trapped(program_, u"cmdOpenCard_Click"_s, [&] {
         LoadRow(row); // another desk may have made a card since, perhaps on an extended sheet
@@ -244,7 +253,7 @@ void frmAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
 }
 
 ShownDayRow frmAbsensi::RowAt(int row) const {
-    const AttendanceModel::RowKey key = rows_.KeyOf(row);
+    const AttendanceModel::DayKey key = rows_.KeyOf(row);
     return {key.nip, key.day, rows_.RecordAt(row)};
 }
 
@@ -313,6 +322,7 @@ void frmAbsensi::showEvent(QShowEvent* event) {
     if (event->spontaneous())
         return;
     Form_Load();
+    editor_->Blocks().ForgetSteps();
     ui_->txtEmpl->setFocus();
     ui_->txtEmpl->selectAll();
     if (RefreshAttendance())

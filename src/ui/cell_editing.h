@@ -19,6 +19,9 @@ struct BlockEditing {
     std::vector<int> nameColumns;
     /// The columns that are never copied.
     std::vector<int> secretColumns;
+    /// Whether the model sorts its rows: a click on a header does then, a second one the other way round, a
+    /// third puts them back as they were read.
+    bool sorts = false;
     /// Whether Delete empties the cells of a block.
     bool emptiesCells = false;
     /// Takes a sentence into the window's status line.

@@ -31,6 +31,8 @@ GridBlocks::GridBlocks(Program& program, DataGrid& grid, BlockEditing editing, s
       settle_(std::move(settle)) {
     grid.setContextMenuPolicy(Qt::ActionsContextMenu);
     AddActions();
+    if (editing_.sorts)
+        SortByHeaders();
 }
 
 void GridBlocks::AddActions() {
@@ -283,4 +285,30 @@ void GridBlocks::Find() {
     if (!findLine_)
         findLine_ = new FindLine(grid_, editing_.nameColumns);
     findLine_->Open();
+}
+
+void GridBlocks::SortByHeaders() {
+    QHeaderView& header = *grid_.horizontalHeader();
+    header.setSortIndicator(sortedBy_, Qt::AscendingOrder);
+    header.setSortIndicatorClearable(true);
+    header.setSortIndicatorShown(true);
+    connect(&header, &QHeaderView::sortIndicatorChanged, this, &GridBlocks::Sort);
+}
+
+void GridBlocks::Sort(int column, Qt::SortOrder order) {
+    QHeaderView& header = *grid_.horizontalHeader();
+    if (!settle_()) {
+        const QSignalBlocker blocker(header);
+        return header.setSortIndicator(sortedBy_, header.sortIndicatorOrder());
+    }
+    sortedBy_ = column;
+    const QModelIndex current = grid_.currentIndex();
+    const QString key = current.isValid() ? ModelOf(grid_).RowKey(current.row()) : QString();
+    const int currentColumn = current.column();
+    Trapped(program_, u"Sort"_s, [&] {
+        const BusyPointer busy;
+        grid_.model()->sort(column, order);
+    });
+    if (const int row = key.isNull() ? -1 : ModelOf(grid_).RowOfKey(key); row >= 0)
+        grid_.setCurrentIndex(grid_.model()->index(row, currentColumn));
 }

@@ -56,6 +56,8 @@ private:
     void Redo();
     void Tell(const CellHistory::Replayed& replayed, const QString& what);
     void Find();
+    void SortByHeaders();
+    void Sort(int column, Qt::SortOrder order);
 
     CellBlock Block() const;
     /// The columns in sight from this one on.
@@ -70,4 +72,5 @@ private:
     const std::function<bool()> settle_;
     CellHistory history_;
     FindLine* findLine_ = nullptr;
+    int sortedBy_ = -1;
 };

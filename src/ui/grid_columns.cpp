@@ -58,6 +58,5 @@ void DataGrid::RestoreColumns(QSettings& settings) {
     if (const int column = settings.value(SortedBy).toInt(); header.isSortIndicatorShown() && column >= 0) {
         const bool descending = settings.value(Descending).toBool();
         header.setSortIndicator(column, descending ? Qt::DescendingOrder : Qt::AscendingOrder);
-        model()->sort(column, header.sortIndicatorOrder());
     }
 }
