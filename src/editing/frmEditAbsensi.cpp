@@ -5,13 +5,14 @@
 #include "core/supervisor_check.h"
 #include "editing/computation_words.h"
 #include "editing/employee_status.h"
-#include "editing/grid_row.h"
 #include "editing/save_questions.h"
+#include "editing/search_cells.h"
 #include "editing/search_criteria.h"
 #include "editing/work_grid.h"
 #include "reports/report_file.h"
 #include "ui/busy_pointer.h"
 #include "ui/cell_editor.h"
+#include "ui/grid_blocks.h"
 #include "ui/pick_list.h"
 #include "ui/typing.h"
 #include "ui/window_place.h"
@@ -87,10 +88,17 @@ void frmEditAbsensi::SetUpGrid() {
         grid.setColumnWidth(column, padding
                                         + qMax(metrics.horizontalAdvance(Samples[column]),
                                                headings.horizontalAdvance(SearchColumnName(column))));
+    grid.FreezeEditedColumns(Nama + 1);
 }
 
 CellEditing frmEditAbsensi::GridEditing() {
     CellEditing editing;
+    editing.writeCells = [this](const std::vector<CellChange>& changes) {
+        return WriteSearchCells(program_.Db(), model_, changes);
+    };
+    editing.nameColumns = {Nip, Nama};
+    editing.tell = [this](const QString& done) { ShowState(done); };
+    editing.enterGoes = CellEditing::EnterGoes::Right;
     editing.pickListColumns = {Status, Keterangan};
     editing.checkedColumn = Status;
     editing.check = [this](const QModelIndex&, const QString& code) {
@@ -226,11 +234,9 @@ void frmEditAbsensi::cmdLov_Click(QLineEdit& anchor, const QString& reason) {
 
 /// Says why where it is not allowed.
 bool frmEditAbsensi::MayTypeInto(const QModelIndex& cell) {
-    if (SearchModel::IsWritten(cell.column()))
+    if (IsWrittenColumn(cell.column()))
         return true;
-    ShowState(cell.column() == Tcid
-                  ? u"TCID adalah kunci kartu dan tidak dapat diubah."_s
-                  : u"%1 diubah pada data karyawan, bukan di sini."_s.arg(SearchColumnName(cell.column())));
+    ShowState(WhyNotWritten(cell.column()));
     return false;
 }
 
@@ -251,7 +257,7 @@ bool frmEditAbsensi::SaveGridRow(int row) {
     if (!MaySave(row))
         return false;
     try {
-        model_.SaveRow(row);
+        editor_->Blocks().Record(model_.SaveRow(row));
         ShowState(u"Baris %1 disimpan."_s.arg(row + 1));
     } catch (const ConflictError& conflict) {
         ReportError(program_, conflict, u"SaveGridRow"_s);
@@ -363,6 +369,7 @@ void frmEditAbsensi::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (event->spontaneous())
         return;
+    editor_->Blocks().ForgetSteps();
     ui_->txtTCID->setFocus();
     ui_->txtTCID->selectAll();
     // The window is kept while it is closed; the rows are those of the moment when it opens.

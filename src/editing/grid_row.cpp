@@ -31,7 +31,9 @@ void RequireUnchanged(const TimeCard& card, const FoundDay& shown, const FoundDa
 /// The texts of a row, and which of them were typed over what was shown.
 class TypedRow {
 public:
-    TypedRow(const FoundDay& shown, const QStringList& elements) : shown_(shown), elements_(elements) {}
+    TypedRow(const FoundDay& shown, const QStringList& elements,
+             EmptyElements empty = EmptyElements::LeaveStored)
+        : shown_(shown), elements_(elements), empty_(empty) {}
 
     void WriteTo(CardHeader& header) const {
         header.nip = Element(Nip);
@@ -39,7 +41,9 @@ public:
                                              {OtHours, &CardHeader::otHours},
                                              {NormalAmount, &CardHeader::normalAmount},
                                              {OtAmount, &CardHeader::otAmount}}) {
-            if (IsTyped(column) || !(header.*member))
+            if (Clears(column))
+                (header.*member).reset();
+            else if (IsTyped(column) || !(header.*member))
                 header.*member = Money::FromText(Element(column)).Field().Number();
         }
         for (const auto& [column, member] :
@@ -55,10 +59,14 @@ public:
                                              {TimeOut, &CardDay::timeOut},
                                              {TimeInOt, &CardDay::timeInOt},
                                              {TimeOutOt, &CardDay::timeOutOt}}) {
-            if (!Element(column).isEmpty() && IsTyped(column))
+            if (Clears(column))
+                (day.*member).reset();
+            else if (!Element(column).isEmpty() && IsTyped(column))
                 day.*member = TypedTime(column, day.tanggal);
         }
         day.beriUangMakan = Element(BeriUangMakan) == u"True"_s;
+        if (Clears(BeriUangMakan))
+            day.beriUangMakan.reset();
     }
 
     /// The row as it will stand.
@@ -88,6 +96,11 @@ private:
     const QString& Element(SearchRow::Column column) const { return elements_[column - 1]; }
     bool IsTyped(SearchRow::Column column) const { return Element(column) != SearchCellText(shown_, column); }
 
+    /// An element that is left empty is cleared as little as one that is not typed.
+    bool Clears(SearchRow::Column column) const {
+        return empty_ == EmptyElements::Clear && Element(column).isEmpty();
+    }
+
     Day TypedDay() const {
         const std::optional<Day> day = DayOfRow(elements_);
         if (!day)
@@ -110,6 +123,7 @@ private:
 
     const FoundDay& shown_;
     const QStringList& elements_;
+    EmptyElements empty_;
 };
 
 } // namespace
@@ -117,20 +131,41 @@ private:
 bool SaveGridRow(Connection& connection, const FoundDay& shown, const QStringList& elements) {
     if (elements.size() <= TooFewElements)
         return false;
-    const TypedRow typed(shown, elements);
-    const FoundDay wanted = typed.Row();
+    TypedRow(shown, elements).Row(); // what cannot be read is told before another desk's change
     CardStore(connection).Change(shown.header.tcid, [&](TimeCard& card) {
-        RequireUnchanged(card, shown, wanted);
-        const QString& nip = elements[Nip - 1];
-        if (ReadListedEmployees(connection, {.nip = nip}, {}).empty())
-            throw ProgramError(
-                UnknownEmployeeNumber,
-                u"NIP \"%1\" tidak ada dalam data karyawan.\nBaris belum disimpan."_s.arg(nip));
-        typed.WriteTo(card.HeaderOf(shown.header.tcid, nip));
-        CardDay* day = shown.day ? card.DayOn(shown.day->tanggal) : nullptr;
-        typed.WriteTo(day ? *day : card.days.emplace_back());
+        WriteRow(card, shown, elements, EmptyElements::LeaveStored);
+        RequireEmployee(connection, elements[Nip - 1]);
     });
     return true;
+}
+
+void RequireEmployee(Connection& connection, const QString& nip) {
+    if (ReadListedEmployees(connection, {.nip = nip}, {}).empty())
+        throw ProgramError(UnknownEmployeeNumber,
+                           u"NIP \"%1\" tidak ada dalam data karyawan.\nBaris belum disimpan."_s.arg(nip));
+}
+
+void WriteRow(TimeCard& card, const FoundDay& shown, const QStringList& elements, EmptyElements empty) {
+    const TypedRow typed(shown, elements, empty);
+    RequireUnchanged(card, shown, typed.Row());
+    typed.WriteTo(card.HeaderOf(shown.header.tcid, elements[Nip - 1]));
+    CardDay* day = shown.day ? card.DayOn(shown.day->tanggal) : nullptr;
+    typed.WriteTo(day ? *day : card.days.emplace_back());
+}
+
+QString SearchRowKey(const FoundDay& row) {
+    return row.header.tcid + u' ' + (row.day ? StoredDay(row.day->tanggal) : QString());
+}
+
+std::vector<CellChange> TakeBackOf(const FoundDay& before, const FoundDay& after) {
+    std::vector<CellChange> changes;
+    for (int column = SerialNo + 1; column < ColumnCount; ++column) {
+        const QString text = SearchCellText(before, column);
+        const QString now = SearchCellText(after, column);
+        if (IsWrittenColumn(column) && text != now)
+            changes.push_back({SearchRowKey(after), column, text, now});
+    }
+    return changes;
 }
 
 QStringList ReversedTimes(const FoundDay& shown, const QStringList& elements) {

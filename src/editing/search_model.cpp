@@ -2,7 +2,6 @@
 
 #include "core/status_codes.h"
 #include "database/database_error.h"
-#include "editing/grid_row.h"
 
 #include <algorithm>
 #include <iterator>
@@ -71,8 +70,14 @@ void SearchModel::Reread(const Progress& progress) {
     pages_ = std::move(pages);
 }
 
-bool SearchModel::IsWritten(int column) {
-    return column != SerialNo && column != Nama && column != Dept && column != Tcid && column != Divisi;
+/// The rows stand in the order of their cards.
+int SearchModel::RowOfKey(const QString& key) const {
+    const QString tcid = key.section(u' ', 0, -2);
+    const auto tcidOf = [](const FoundDay& row) -> const QString& { return row.header.tcid; };
+    auto row = std::ranges::lower_bound(rows_, tcid, {}, tcidOf);
+    while (row != rows_.cend() && row->header.tcid == tcid && SearchRowKey(*row) != key)
+        ++row;
+    return row != rows_.cend() && row->header.tcid == tcid ? static_cast<int>(row - rows_.cbegin()) : -1;
 }
 
 QStringList SearchModel::Elements(int row) const {
@@ -105,10 +110,11 @@ bool SearchModel::GetsForgottenDeparture(int row) const {
            && out != SearchCellText(rows_.at(static_cast<size_t>(row)), TimeOut);
 }
 
-void SearchModel::SaveRow(int row) {
+std::vector<CellChange> SearchModel::SaveRow(int row) {
     if (!IsEdited(row))
-        return;
+        return {};
     FoundDay& shown = rows_.at(static_cast<size_t>(row));
+    const FoundDay before = shown;
     const QStringList elements = Elements(row);
     try {
         SaveGridRow(*connection_, shown, elements);
@@ -118,6 +124,12 @@ void SearchModel::SaveRow(int row) {
     }
     shown.day = CardDay{DayOfRow(elements).value()}; // the one to be found again
     LoadRow(row);
+    return TakeBackOf(before, shown);
+}
+
+void SearchModel::ShowRow(int row, FoundDay found) {
+    rows_.at(static_cast<size_t>(row)) = std::move(found);
+    ShowRowAnew(row);
 }
 
 void SearchModel::DeleteRow(int row) {
@@ -150,7 +162,7 @@ CellLook SearchModel::LookOf(int row, int column) const {
 }
 
 bool SearchModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (!index.isValid() || role != Qt::EditRole || !IsWritten(index.column()))
+    if (!index.isValid() || role != Qt::EditRole || !IsWrittenColumn(index.column()))
         return false;
     QStringList elements = Elements(index.row());
     elements[index.column() - 1] = EnteredText(elements, index.column(), value.toString());

@@ -3,6 +3,7 @@
 #include "cards/card_search.h"
 #include "core/progress.h"
 #include "core/table_model.h"
+#include "editing/grid_row.h"
 #include "editing/search_row.h"
 
 #include <QHash>
@@ -29,13 +30,14 @@ public:
     bool IsWhole() const { return pages_.AtEnd(); }
     const std::vector<FoundDay>& FetchedRows() const { return rows_; }
 
-    /// True when the save would write what is typed into this column.
-    static bool IsWritten(int column);
     bool IsEdited(int row) const { return edited_.contains(row); }
     QList<int> EditedRows() const { return edited_.keys(); }
     void DropEdits();
     /// The texts of a row as shown, from column 1 on.
     QStringList Elements(int row) const;
+
+    QString RowKey(int row) const override { return SearchRowKey(rows_[static_cast<size_t>(row)]); }
+    int RowOfKey(const QString& key) const override;
 
     /// Reads a row anew in place of what it shows; false when its card is gone. Throws DatabaseError.
     bool LoadRow(int row);
@@ -43,9 +45,13 @@ public:
     QStringList ReversedTimes(int row) const;
     /// True when a departure was typed into a row that says that its employee is still in.
     bool GetsForgottenDeparture(int row) const;
-    /// Saves what was typed into a row, if anything. A row that another desk changed is read anew before the
-    /// ConflictError goes on. Throws like SaveGridRow, and the row stays as typed otherwise.
-    void SaveRow(int row);
+    /// Shows this in a row in place of what it shows and what was typed there.
+    void ShowRow(int row, FoundDay found);
+
+    /// Saves what was typed into a row, if anything, and returns what takes it back. A row that another desk
+    /// changed is read anew before the ConflictError goes on. Throws like SaveGridRow, and the row stays as
+    /// typed otherwise.
+    std::vector<CellChange> SaveRow(int row);
     /// Deletes the day of a row, which shows the card without it then, also when the card has others. Throws
     /// like DeleteRowsDay.
     void DeleteRow(int row);

@@ -77,6 +77,15 @@ QString SearchColumnName(int column) {
     return names.value(column);
 }
 
+bool IsWrittenColumn(int column) {
+    return column != SerialNo && column != Nama && column != Dept && column != Tcid && column != Divisi;
+}
+
+QString WhyNotWritten(int column) {
+    return column == Tcid ? u"TCID adalah kunci kartu dan tidak dapat diubah."_s
+                          : u"%1 diubah pada data karyawan, bukan di sini."_s.arg(SearchColumnName(column));
+}
+
 QString SearchCellText(const FoundDay& row, int column, NextDay nextDay) {
     switch (column) {
     case Status:

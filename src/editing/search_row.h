@@ -36,6 +36,11 @@ struct SearchRow {
 /// The column's heading, which is its field's name in the database, too.
 QString SearchColumnName(int column);
 
+/// True when the save of a row writes what is typed into this column.
+bool IsWrittenColumn(int column);
+/// Why it does not, for the user.
+QString WhyNotWritten(int column);
+
 /// How a time of the day after the card's is written: with its sign, or with its date as on paper.
 enum class NextDay { Signed, Dated };
 
