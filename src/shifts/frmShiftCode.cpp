@@ -1,8 +1,11 @@
 #include "shifts/frmShiftCode.h"
 
 #include "ui/busy_pointer.h"
+#include "ui/editing_keys.h"
+#include "ui/grid_blocks.h"
 #include "ui/theme.h"
 #include "ui/typing.h"
+#include "ui/window_place.h"
 #include "ui_frmShiftCode.h"
 
 #include <QButtonGroup>
@@ -22,6 +25,8 @@ frmShiftCode::frmShiftCode(Program& program, const b_form_skin::Backgrounds& ski
     ui_->setupUi(this);
     b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Middle));
     SetUpGrid();
+    SetUpBlocks();
+    RestoreColumns(*this);
     auto* cmdButtons = new QButtonGroup(this);
     cmdButtons->addButton(ui_->cmdButtons_2, Keluar);
     connect(cmdButtons, &QButtonGroup::idClicked, this, &frmShiftCode::cmdButtons_Click);
@@ -61,7 +66,43 @@ void frmShiftCode::SetUpGrid() {
     });
 }
 
+void frmShiftCode::SetUpBlocks() {
+    DataGrid& grid = *ui_->DataGrid1;
+    BlockEditing editing;
+    editing.writeCells = [this, &grid](const std::vector<CellChange>& changes) {
+        const QModelIndex cell = grid.currentIndex();
+        const CellsOutcome outcome = rstShift_.WriteCells(changes);
+        GoTo(qMin(cell.row(), rstShift_.rowCount() - 1), cell.column());
+        return outcome;
+    };
+    editing.nameColumns = {ShiftCodeModel::Code};
+    editing.sorts = true;
+    editing.tell = [this](const QString& text) { ui_->lblStatus->setText(text); };
+    blocks_ = new GridBlocks(program_, grid, std::move(editing), [this] {
+        CommitCell();
+        return UpdateRow();
+    });
+    grid.viewport()->installEventFilter(this);
+}
+
+/// In the box that a cell is typed into, the arrows enter the text and go on, as in the other grids.
+bool frmShiftCode::eventFilter(QObject* watched, QEvent* event) {
+    QObject* added =
+        event->type() == QEvent::ChildAdded ? static_cast<QChildEvent*>(event)->child() : nullptr;
+    if (added && added->isWidgetType())
+        added->installEventFilter(this);
+    if (event->type() != QEvent::KeyPress || watched == ui_->DataGrid1->viewport())
+        return false;
+    const auto steps = StepsAfter(static_cast<QKeyEvent&>(*event));
+    if (!steps || steps->y() == 0)
+        return false;
+    CommitCell();
+    ui_->DataGrid1->MoveCursor(*steps);
+    return true;
+}
+
 void frmShiftCode::Form_Load() {
+    blocks_->ForgetSteps();
     Trapped(program_, u"frmShiftCode.Form_Load"_s, [this] {
         const BusyPointer busy;
         rstShift_.Refresh(program_.Db());
@@ -163,7 +204,7 @@ bool frmShiftCode::UpdateRow() {
             answer = MayVanish(*old, {}, u"Ubah kodenya menjadi %1?"_s.arg(code));
         }
         if (answer == Dialogs::Answer::Yes)
-            rstShift_.UpdateRow();
+            blocks_->Record(rstShift_.UpdateRow());
         else if (answer == Dialogs::Answer::No)
             rstShift_.CancelRow();
     });
@@ -229,5 +270,6 @@ void frmShiftCode::closeEvent(QCloseEvent* event) {
         return;
     }
     rstShift_.CancelRow();
+    SaveColumns(*this);
     QDialog::closeEvent(event);
 }

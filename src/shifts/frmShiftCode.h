@@ -9,6 +9,8 @@
 
 #include <memory>
 
+class GridBlocks;
+
 namespace Ui {
 class frmShiftCode;
 }
@@ -21,6 +23,7 @@ public:
     ~frmShiftCode() override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -28,6 +31,7 @@ protected:
 private:
     void Form_Load();
     void SetUpGrid();
+    void SetUpBlocks();
     void cmdButtons_Click(int index);
     void cmdTambah_Click();
     void cmdHapus_Click();
@@ -49,4 +53,5 @@ private:
     Program& program_;
     ShiftCodeModel rstShift_;
     std::unique_ptr<Ui::frmShiftCode> ui_;
+    GridBlocks* blocks_ = nullptr;
 };

@@ -2,13 +2,18 @@
 
 #include "cards/card_store.h"
 #include "core/cell_look.h"
+#include "core/error_words.h"
 #include "core/query_values.h"
 #include "core/typed_date.h"
 #include "database/database_error.h"
 #include "database/statement.h"
 #include "shifts/shift_time.h"
 
+#include <QMap>
+#include <QScopeGuard>
+
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +33,9 @@ WallTime EndOfShift(const std::optional<TypedTime>& start, const TypedTime& end)
     return TimeOnDay(nextDay ? DayZero + OneDay : DayZero, end.timeOfDay);
 }
 
+/// Ends a transaction in which not all could be written.
+struct Refused {};
+
 [[noreturn]] void RefuseTime(int column, const QString& text) {
     throw ProgramError(
         BadValueNumber,
@@ -41,12 +49,25 @@ ShiftCodeModel::ShiftCodeModel(QObject* parent)
                  parent) {}
 
 void ShiftCodeModel::Refresh(Connection& connection) {
-    auto read = std::make_unique<Recordset>(connection, u"select Code,TimeIn,TimeOut from Shift"_s);
-    beginResetModel();
     connection_ = &connection;
+    auto read = Read();
+    beginResetModel();
     rstShift_ = std::move(read);
     EndEdit();
     endResetModel();
+}
+
+std::unique_ptr<Recordset> ShiftCodeModel::Read() const {
+    return std::make_unique<Recordset>(*connection_, u"select Code,TimeIn,TimeOut from Shift"_s + order_);
+}
+
+void ShiftCodeModel::sort(int column, Qt::SortOrder order) {
+    order_.clear();
+    if (column >= 0)
+        order_ = u" order by "_s + Titles[column].toString()
+                 + (order == Qt::DescendingOrder ? u" desc"_s : QString());
+    if (connection_)
+        Refresh(*connection_);
 }
 
 bool ShiftCodeModel::IsBlankInEdit() const {
@@ -79,14 +100,15 @@ int ShiftCodeModel::AddRow() {
     return row;
 }
 
-void ShiftCodeModel::UpdateRow() {
+std::vector<CellChange> ShiftCodeModel::UpdateRow() {
     if (rowInEdit_ < 0)
-        return;
+        return {};
     if (IsBlankInEdit()) {
         CancelRow();
-        return;
+        return {};
     }
     CheckTyped();
+    const std::array<QString, ColumnCount> before = StoredTexts(rowInEdit_);
     SetTyped();
     try {
         rstShift_->Update();
@@ -95,8 +117,89 @@ void ShiftCodeModel::UpdateRow() {
         throw;
     }
     const int row = rowInEdit_;
+    const bool isNew = isNew_;
     EndEdit();
     NotifyRow(row);
+    return isNew ? std::vector<CellChange>() : TakeBackOf(row, before);
+}
+
+std::vector<CellChange> ShiftCodeModel::TakeBackOf(int row,
+                                                   const std::array<QString, ColumnCount>& before) const {
+    std::vector<CellChange> changes;
+    for (int column = 0; column < ColumnCount; ++column) {
+        const QString& text = before[static_cast<size_t>(column)];
+        if (const QString now = StoredText(row, column); now != text)
+            changes.push_back({CodeAt(row), column, text, now});
+    }
+    return changes;
+}
+
+CellsOutcome ShiftCodeModel::WriteCells(const std::vector<CellChange>& changes) {
+    CellsOutcome outcome;
+    const Recordset shown = *rstShift_;
+    const bool takesBack =
+        std::ranges::any_of(changes, [](const CellChange& change) { return change.expected.has_value(); });
+    QMap<QString, std::vector<CellChange>> rows;
+    for (const CellChange& change : changes)
+        rows[change.rowKey].push_back(change);
+    beginResetModel();
+    const auto end = qScopeGuard([this] {
+        EndEdit();
+        endResetModel();
+    });
+    try {
+        connection_->InTransaction([&] {
+            outcome = {};
+            rstShift_ = takesBack ? Read() : std::make_unique<Recordset>(shown);
+            for (const std::vector<CellChange>& cells : std::as_const(rows)) {
+                const int row = RowOf(cells.front().rowKey);
+                const auto before = row >= 0 ? StoredTexts(row) : std::array<QString, ColumnCount>();
+                const QString refusal = WriteRow(row, cells);
+                for (const CellChange& cell : refusal.isEmpty() ? std::vector<CellChange>() : cells)
+                    outcome.refused.push_back({cell, refusal});
+                if (refusal.isEmpty())
+                    std::ranges::move(TakeBackOf(row, before), std::back_inserter(outcome.takeBack));
+            }
+            if (!outcome.refused.empty())
+                throw Refused();
+        });
+    } catch (const Refused&) {
+        rstShift_ = std::make_unique<Recordset>(shown);
+        rstShift_ = Read(); // as another desk left it
+    } catch (...) {
+        rstShift_ = std::make_unique<Recordset>(shown);
+        throw;
+    }
+    return outcome;
+}
+
+QString ShiftCodeModel::WriteRow(int row, const std::vector<CellChange>& cells) {
+    if (row < 0)
+        return u"kode ini tidak ada lagi."_s;
+    StartEdit(row, false);
+    for (const auto& [key, column, text, expected] : cells) {
+        if (expected && StoredText(row, column) != *expected)
+            return u"sekarang berisi \"%1\"."_s.arg(StoredText(row, column));
+        typed_[static_cast<size_t>(column)] = text;
+        touched_[static_cast<size_t>(column)] = true;
+    }
+    try {
+        CheckTyped();
+        if (const auto old = RenamedFrom()) {
+            const ShiftCodeUse use = UseOfShiftCode(*connection_, *old);
+            if (use.rosterDays > 0 || use.cards > 0)
+                return u"kode %1 masih dipakai jadwal atau kartu. Ubah kode itu sendiri saja."_s.arg(*old);
+        }
+        SetTyped();
+        rstShift_->Update();
+    } catch (const ProgramError& error) {
+        if (error.Kind() == ErrorKind::Told || error.Kind() == ErrorKind::Conflict
+            || error.Kind() == ErrorKind::Constraint)
+            return UserText(error);
+        throw;
+    }
+    EndEdit();
+    return {};
 }
 
 void ShiftCodeModel::CancelRow() {
@@ -201,6 +304,10 @@ QString ShiftCodeModel::StoredText(int row, int column) const {
         return value.Text();
     const auto start = rstShift_->Field(u"TimeIn"_s).Time();
     return ShownShiftTime(*time, start ? DayOf(*start) : DayZero);
+}
+
+std::array<QString, ShiftCodeModel::ColumnCount> ShiftCodeModel::StoredTexts(int row) const {
+    return {StoredText(row, Code), StoredText(row, TimeIn), StoredText(row, TimeOut)};
 }
 
 CellLook ShiftCodeModel::LookOf(int row, int /*column*/) const {
