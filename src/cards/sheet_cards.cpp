@@ -11,9 +11,7 @@ using namespace Qt::StringLiterals;
 std::vector<SheetCard> ReadSheetCards(Connection& connection, const QString& sheet) {
     if (sheet.size() < DayIdentifierLength)
         return {}; // it would begin the identifiers of a month's cards, or of all there are
-    // The last character there is ends the range of identifiers that begin with the sheet's.
-    const QString first = sheet.toUpper();
-    const QString last = first + QString::fromUcs4(U"\U0010FFFF");
+    const auto [first, last] = CardRange(sheet);
     Cursor rows =
         connection.Query(u"select d.TCID, h.Status, d.TimeIN, d.TimeOUT, d.TimeINOT, d.TimeOutOT "
                          "from TimeCardDetail d left join TimeCardHeader h on h.TCID=d.TCID "

@@ -44,6 +44,11 @@ std::optional<Day> DayOfIdentifier(const QString& identifier) {
     return MakeDay(identifier.mid(1, 4).toInt(), identifier.mid(5, 2).toInt(), identifier.mid(7, 2).toInt());
 }
 
+std::pair<QString, QString> CardRange(const QString& sheet) {
+    const QString first = sheet.toUpper();
+    return {first, first + QString::fromUcs4(U"\U0010FFFF")};
+}
+
 QString CardIdentifier(const QString& sheet, const QString& nip) {
     return (sheet + nip).toUpper();
 }

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 
 /// A sheet is named "T" + yyyymmdd, with "-" and an extension after for a second sheet on one day. A card is
 /// named by its sheet and the employee number, in upper case.
@@ -33,5 +34,9 @@ bool IsSheetIdentifier(const QString& text);
 
 /// The day that the identifier of a sheet or a card names; nothing when it names none.
 std::optional<Day> DayOfIdentifier(const QString& identifier);
+
+/// The first and the last identifier of the cards that a sheet, or all sheets of its day, can have: they
+/// begin with the given one.
+std::pair<QString, QString> CardRange(const QString& sheet);
 
 QString CardIdentifier(const QString& sheet, const QString& nip);

@@ -86,16 +86,29 @@ std::optional<QString> LoadStoredPassword(Connection& connection, const QString&
     return b_global::IfNull(user.Field(u"Password"_s), u""_s).Text();
 }
 
+std::optional<OpenNight> NightOfDeparture(Connection& connection, const ClockEntry& entry,
+                                          const QString& nip) {
+    if (entry.IsClockIn() || CardStore(connection).Read(CardIdentifier(entry.sheet, nip)).header)
+        return std::nullopt;
+    return FindOpenNight(connection, nip, entry.sheetDate, entry.Moment());
+}
+
 std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry& entry, const QString& nip) {
-    const QString tcid = CardIdentifier(entry.sheet, nip);
+    const QString sheet = entry.night ? entry.night->sheet : entry.sheet;
+    const QString tcid = CardIdentifier(sheet, nip);
     std::optional<Refusal> refusal;
     CardStore(connection).Change(tcid, [&](TimeCard& card) {
-        if (IsSheetClosed(connection, entry.sheet))
+        const bool closed = entry.night
+                                ? ClosedSheets(connection, entry.night->day, entry.night->day).contains(sheet)
+                                : IsSheetClosed(connection, sheet);
+        if (closed)
             refusal = Refusal::SheetClosed;
         else if (entry.IsClockIn() && HasLeft(connection, nip, entry.sheetDate))
             refusal = Refusal::HasLeft;
         else if (entry.IsClockIn())
             refusal = RecordArrival(card, entry, tcid, nip);
+        else if (entry.night && NightOfDeparture(connection, entry, nip) != entry.night)
+            refusal = Refusal::NotClockedIn;
         else
             refusal = RecordDeparture(card, entry);
     });

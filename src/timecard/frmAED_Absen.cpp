@@ -60,6 +60,7 @@ void frmAED_Absen::Form_Activate() {
         Theme::SetTone(*coloured, entry_.IsClockIn() ? u"in"_s : u"out"_s);
     ui_->lblMoment->setText(ShownDay(DayOf(moment)) + u"   "_s + ShownTime(moment));
     ShowEmployee({});
+    ui_->lblNight->hide();
     SetRecorded(false);
     ClearEntry();
     Trapped(program_, u"Form_Activate"_s, [this] {
@@ -74,6 +75,12 @@ bool frmAED_Absen::LoadPassword() {
     return stored.has_value();
 }
 
+void frmAED_Absen::ShowNight() {
+    entry_.night = NightOfDeparture(program_.Db(), entry_, ui_->txtNIK->text());
+    ui_->lblNight->setVisible(entry_.night.has_value());
+    ui_->lblNight->setText(entry_.night ? entry_.night->Text() : QString());
+}
+
 void frmAED_Absen::txtNIK_Enter() {
     focusNextChild();
 }
@@ -82,7 +89,10 @@ bool frmAED_Absen::txtNIK_Validate() {
     if (ui_->txtNIK->text().isEmpty() || recorded_)
         return true;
     bool known = false;
-    const bool read = Trapped(program_, u"txtNIK_Validate"_s, [&] { known = LoadPassword(); });
+    const bool read = Trapped(program_, u"txtNIK_Validate"_s, [&] {
+        known = LoadPassword();
+        ShowNight();
+    });
     if (read && !known) {
         program_.dialogs.Warn(u"NIK tidak ada !"_s);
         ui_->txtNIK->setFocus();

@@ -48,6 +48,8 @@ private:
     void LOV_AfterListClose(const QVariantMap& values);
 
     bool LoadPassword();
+    /// Tells which night the departure of this number ends, if it ends one.
+    void ShowNight();
     bool Record();
     bool MayRecord(const QString& nip);
     void ShowRecorded();

@@ -1,5 +1,6 @@
 #include "timecard/sheet_lifecycle.h"
 
+#include "cards/sheet_identifier.h"
 #include "core/query_values.h"
 #include "database/recordset.h"
 #include "database/statement.h"
@@ -28,6 +29,17 @@ bool IsSheetClosed(Connection& connection, const QString& sheet) {
     const QString status = b_stored_procedure::GetFirstValue(
         connection, u"select status from timecardmaster where tcid="_s + Quoted(sheet));
     return status.toDouble() == static_cast<double>(SheetStatus::Closed);
+}
+
+QSet<QString> ClosedSheets(Connection& connection, Day first, Day last) {
+    Cursor rows =
+        connection.Query(u"select TCID from timecardmaster where Status=? and TCID between ? and ?"_s,
+                         {static_cast<int>(SheetStatus::Closed), SheetIdentifierOf(first),
+                          CardRange(SheetIdentifierOf(last)).second});
+    QSet<QString> sheets;
+    while (rows.Next())
+        sheets << rows.Text(0).toUpper();
+    return sheets;
 }
 
 void CloseSheet(Connection& connection, const QString& sheet) {

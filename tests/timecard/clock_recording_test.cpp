@@ -183,3 +183,77 @@ TEST(Password, MatchesInAnyLetterCaseButNeverEmpty) {
     company.Run(u"INSERT INTO Employee (NIP,Nama,Dept,PathImage) VALUES ('0012','Budi','GA','a.gif')"_s);
     EXPECT_EQ(LoadEmployeeDetails(company.Db(), u"0012"_s).pathImage, u"a.gif"_s);
 }
+
+TEST_F(Recording, ANightWorkersDepartureGoesToTheCardOfTheEveningBefore) {
+    const QString open = u"T202611210012"_s;
+    const QString extended = u"T20261121-B0012"_s;
+    struct {
+        const char* what;
+        QString roster;
+        QString tcid;
+        QString arrival;
+        QStringView out;
+        QString closed;
+        QString goesTo; ///< empty when it is refused
+    } const cases[] = {
+        {"rostered", u"M"_s, open, u"2026-11-21 22:50:00"_s, u"2026-11-22 07:05:00", {}, open},
+        {"by the hour of the arrival", {}, open, u"2026-11-21 22:50:00"_s, u"2026-11-22 07:05:00", {}, open},
+        {"an extended sheet",
+         u"M"_s,
+         extended,
+         u"2026-11-21 22:50:00"_s,
+         u"2026-11-22 07:05:00",
+         {},
+         extended},
+        {"a day worker who forgot", u"D"_s, open, u"2026-11-21 15:50:00"_s, u"2026-11-22 07:05:00", {}, {}},
+        {"an unknown shift", u"X"_s, open, u"2026-11-21 22:50:00"_s, u"2026-11-22 07:05:00", {}, {}},
+        {"the evening after", u"M"_s, open, u"2026-11-21 22:50:00"_s, u"2026-11-22 22:40:00", {}, {}},
+        {"two days before",
+         u"M"_s,
+         u"T202611200012"_s,
+         u"2026-11-20 22:50:00"_s,
+         u"2026-11-22 07:05:00",
+         {},
+         {}},
+        {"closed", u"M"_s, extended, u"2026-11-21 22:50:00"_s, u"2026-11-22 07:05:00", u"T20261121-b"_s, {}},
+    };
+    Run(u"INSERT INTO Shift VALUES ('D','1899-12-30 08:00:00','1899-12-30 16:00:00'),"
+        "('M','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
+    for (const auto& [what, roster, tcid, arrival, out, closed, goesTo] : cases) {
+        SCOPED_TRACE(what);
+        RemoveCards();
+        Run(u"DELETE FROM ShiftEmployee"_s);
+        const QString day = arrival.first(10);
+        AddCard(tcid, u"0012"_s, u"IN"_s, day, arrival);
+        AddCard(tcid.chopped(4) + u"0013"_s, u"0013"_s, u"IN"_s, day, arrival);
+        if (!roster.isEmpty())
+            Db().Execute(u"INSERT INTO ShiftEmployee VALUES ('0012',?,?)"_s, {day, roster});
+        ClockEntry entry = Entry(u"N"_s, out);
+        entry.night = NightOfDeparture(Db(), entry, u"0012"_s);
+        EXPECT_EQ(entry.night.has_value(), !goesTo.isEmpty() || !closed.isEmpty());
+        if (!closed.isEmpty())
+            CloseSheet(Db(), closed);
+        EXPECT_EQ(RecordClockEntry(Db(), entry, u"0012"_s),
+                  goesTo.isEmpty()
+                      ? std::optional(closed.isEmpty() ? Refusal::NotClockedIn : Refusal::SheetClosed)
+                      : std::nullopt);
+        EXPECT_EQ(RowsOf(u"select TCID,TimeOUT from TimeCardDetail where TimeOUT is not null"_s),
+                  goesTo.isEmpty() ? QStringList() : QStringList{goesTo + u'|' + out.toString()});
+    }
+}
+
+TEST_F(Recording, ANightThatAnotherDeskEndedMeanwhileIsNotEndedAgain) {
+    Run(u"INSERT INTO Shift VALUES ('M','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
+    AddCard(u"T202611210012"_s, u"0012"_s, u"IN"_s, u"2026-11-21"_s, u"2026-11-21 22:50:00"_s);
+    ClockEntry entry = Entry(u"N"_s, u"2026-11-22 07:05:00");
+    entry.night = NightOfDeparture(Db(), entry, u"0012"_s);
+    ASSERT_TRUE(entry.night);
+    EXPECT_EQ(entry.night->Text(), u"Keluar untuk lembar 21-Nov, masuk 22:50"_s);
+    EXPECT_EQ(RecordClockEntry(Db(), entry, u"0012"_s), std::nullopt);
+    entry.openedAt += Seconds{60};
+    EXPECT_EQ(RecordClockEntry(Db(), entry, u"0012"_s), Refusal::NotClockedIn);
+    // The evening's arrival is today's, whatever became of yesterday's card.
+    EXPECT_EQ(In(u"2026-11-22 22:45:00"), std::nullopt);
+    EXPECT_EQ(Days(), (QStringList{u"T202611210012|2026-11-21|2026-11-21 22:50:00|2026-11-22 07:05:00|-|-"_s,
+                                   u"T202611220012|2026-11-22|2026-11-22 22:45:00|-|-|1"_s}));
+}

@@ -250,3 +250,24 @@ TEST(frmAED_Absen, AFailureIsReportedLoggedAndLeavesNothing) {
         << record.toStdString();
     EXPECT_FALSE(record.contains("rahasia"));
 }
+
+TEST(frmAED_Absen, ANightWorkerIsToldOfTheEveningsSheetBeforeThePasswordAndAfterIt) {
+    WindowCompany desk;
+    desk.Run(u"INSERT INTO Shift VALUES ('M','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
+    desk.AddCard(u"T202611210013"_s, u"0013"_s, u"IN"_s, u"2026-11-21"_s, u"2026-11-21 22:50:00"_s);
+    desk.user.WhenIn(u"frmAED_Absen"_s, [](QWidget& entry) {
+        const auto& night = Part<QLabel>(entry, "lblNight");
+        Keys(u"0012⏎");
+        EXPECT_FALSE(night.isVisible()) << "a day worker";
+        Keys(u"⇤0013⏎"); // going back to the number selects it
+        EXPECT_TRUE(night.isVisible());
+        Keys(u"kunci1⏎");
+        EXPECT_TRUE(night.isVisible() && Part<QLabel>(entry, "lblDone").isVisible());
+        EXPECT_EQ(night.text(), u"Keluar untuk lembar 21-Nov, masuk 22:50"_s);
+        Keys(u"⎋");
+    });
+    Keys(u"⑧");
+    EXPECT_EQ(desk.RowsOf(u"select TCID, TimeOUT from TimeCardDetail"_s),
+              QStringList{u"T202611210013|2026-11-22 07:58:12"_s});
+    EXPECT_TRUE(desk.dialogs.texts.isEmpty());
+}
