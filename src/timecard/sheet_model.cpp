@@ -44,9 +44,11 @@ QString SheetModel::OrderBy(int column) const {
 
 void SheetModel::LoadEmployees(Connection& connection, const QString& orderBy) {
     const ChangeStamp changes = connection.Changes();
-    TakeEmployees(ReadEmployees(connection, employeesOf_.value_or(clock_.Today()), orderBy));
+    const Day day = employeesOf_.value_or(clock_.Today());
+    TakeEmployees(ReadEmployees(connection, day, orderBy));
     orderBy_ = orderBy;
     employeesRead_ = changes;
+    employeesOf_ = day;
 }
 
 /// What is shown stays with its employees: the cards of a closed sheet are not read again.

@@ -12,8 +12,11 @@ namespace {
 class Hub : public WindowFixture {
 public:
     Hub() {
-        SettingNeeds needs{Maker(u"browser"_s), Maker(u"roster"_s), Maker(u"shiftCodes"_s),
-                           Maker(u"search"_s), [this](bool on) { adminMode << on; }};
+        SettingNeeds needs{.browser = Maker(u"browser"_s),
+                           .roster = Maker(u"roster"_s),
+                           .shiftCodes = Maker(u"shiftCodes"_s),
+                           .search = Maker(u"search"_s),
+                           .setAdminMode = [this](bool on) { adminMode << on; }};
         setting = std::make_unique<frmSetting>(std::move(needs), skin, nullptr);
     }
     SettingNeeds::MakeWindow Maker(const QString& name) {

@@ -20,7 +20,7 @@ struct SourceFile {
     QString room;
     QString name;
     QString text;
-    bool isWindow; ///< it has a form
+    bool isWindow; ///< it has a form, or is a part of one that has
 };
 
 void ForEachFile(const std::function<void(const SourceFile&)>& check) {
@@ -32,8 +32,10 @@ void ForEachFile(const std::function<void(const SourceFile&)>& check) {
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const QFileInfo place(file);
         const QString path = folder.relativeFilePath(place.filePath());
-        check({path, path.section(u'/', 0, 0), place.fileName(), QString::fromUtf8(file.readAll()),
-               QFile::exists(place.path() + u'/' + place.baseName() + u".ui"_s)});
+        const QString text = QString::fromUtf8(file.readAll());
+        check({path, path.section(u'/', 0, 0), place.fileName(), text,
+               text.contains(u"#include \"ui_"_s)
+                   || QFile::exists(place.path() + u'/' + place.baseName() + u".ui"_s)});
     }
     EXPECT_GT(checked, 150);
 }
