@@ -1,5 +1,6 @@
+#include "core/text_table.h"
 #include "database/database_error.h"
-#include "exchange/table_export.h"
+#include "exchange/grid_export.h"
 #include "support/test_company.h"
 
 #include <QDir>
@@ -85,6 +86,21 @@ TEST_F(Export, WhatAGridShowsBecomesAValueOfItsKind) {
     for (const auto& [shown, kind, value] : cases)
         EXPECT_EQ(ShownValue(shown, kind).Text(), value);
     EXPECT_TRUE(ShownValue(u""_s, Number).IsNull());
+}
+
+TEST_F(Export, AGridGoesOutAsItIsShown) {
+    modGeneral::TextGrid grid;
+    grid.SetHeaders({u"NIK"_s, u"Jam"_s, u"Total"_s});
+    grid.SetRows({{u"0012"_s, u"08:15"_s, u"1,250.50"_s}, {u"0013"_s, u""_s, u"-"_s}});
+    const QString path = folder.filePath(u"g.csv"_s);
+    using enum ColumnKind;
+    const std::vector<GridColumn> columns{{2, Number}, {0, Text}, {1, Moment}};
+    EXPECT_TRUE(ExportGrid(path, grid, columns));
+    EXPECT_EQ(BytesOf(path).mid(3),
+              "\"Total\",\"NIK\",\"Jam\"\r\n1250.5,\"0012\",08:15:00\r\n\"'-\",\"0013\",\r\n");
+    grid.SetRows(std::vector<QStringList>(2000, {u"1"_s, u""_s, u""_s}));
+    EXPECT_FALSE(ExportGrid(path, grid, columns, [](qsizetype, qsizetype) { return false; }));
+    EXPECT_TRUE(BytesOf(path).contains("0013")) << "stopped, the former file stays";
 }
 
 TEST_F(Export, ATableOfTheDatabaseIsWrittenWithThePayInForceAndWithoutPasswords) {
