@@ -151,16 +151,18 @@ bool AccessFile::ReadRows(const std::vector<SourceTable>& tables, const RowSink&
         return true;
     Reader reader(path_, names);
     SourceTable table;
+    size_t place = 0;
     QStringList values;
     for (char message = reader.Message(); message != AccessStream::Complete; message = reader.Message()) {
         if (message == AccessStream::Table) {
             table = NextTable(reader);
+            place = static_cast<size_t>(names.indexOf(table.name));
             continue;
         }
         values.clear();
         for (qsizetype i = 0; i < table.columns.size(); ++i)
             values << reader.NextText();
-        if (!sink(static_cast<size_t>(names.indexOf(table.name)), values))
+        if (!sink(place, values))
             return false;
     }
     return true;

@@ -277,6 +277,9 @@ int main(int argc, char** argv) {
     if (argc < 2)
         return 2;
     LimitMemory();
+    // Neither changes the texts of a file: they come in the file's own character set and go out in UTF-8.
+    for (const char* setting : {"MDBICONV", "MDB_JET3_CHARSET", "MDBOPTS"})
+        unsetenv(setting);
     try {
         Read(argv[1], std::span(argv, static_cast<size_t>(argc)).subspan(2));
     } catch (const std::exception& damage) {
