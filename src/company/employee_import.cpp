@@ -314,20 +314,17 @@ private:
     /// other than those of today.
     void PlanPay(const Employee& employee, const PayTerms& today, const PayTerms& wanted) {
         PayTerms pay = Present::PayIn(present_.payThen, employee);
-        EmployeeField field = EmpType;
-        const auto take = [&](auto PayTerms::*member, EmployeeField changed) {
-            if (wanted.*member == today.*member)
-                return;
-            pay.*member = wanted.*member;
-            field = changed;
+        const auto take = [&](auto PayTerms::*member) {
+            if (wanted.*member != today.*member)
+                pay.*member = wanted.*member;
         };
-        take(&PayTerms::empType, EmpType);
-        take(&PayTerms::tMakan, TMakan);
-        take(&PayTerms::rateOT, RateOT);
-        take(&PayTerms::gp, GP);
+        take(&PayTerms::empType);
+        take(&PayTerms::gp);
+        take(&PayTerms::rateOT);
+        take(&PayTerms::tMakan);
         const auto last = present_.lastPay.constFind(employee.nip);
         if (last != present_.lastPay.cend() && last->from > options_.payFrom)
-            return Find(LaterPay, field, employee.nip, StoredDay(last->from));
+            return Find(LaterPay, GP, employee.nip, StoredDay(last->from));
         plan_.pay.push_back({employee.nip, options_.payFrom, pay});
     }
 
@@ -337,7 +334,8 @@ private:
             ++plan_.added;
         else
             ++(after != *before || otherPay || !password.isEmpty() ? plan_.changed : plan_.unchanged);
-        if (!before || after != *before)
+        // With other pay alone, too: then it is looked whether the employee is still there.
+        if (!before || after != *before || otherPay)
             plan_.changes.push_back({before, after});
         if (!password.isEmpty())
             plan_.passwords.emplace_back(after.nip, password);

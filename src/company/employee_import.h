@@ -27,7 +27,7 @@ enum class ImportProblem {
     UnknownDivisi,
     BadCode,          ///< no department or division can have it
     LeftBeforeComing, ///< Keluar before Masuk
-    LaterPay          ///< detail: the later day from which other pay is set already
+    LaterPay          ///< of the number in the value; detail: the later day from which other pay is set
 };
 
 struct ImportFinding {

@@ -41,8 +41,8 @@ constexpr Words AllWords[] = {
      u"%1 \"%2\" berisi tanda yang tidak boleh dipakai"},
     {LeftBeforeComing, u"Keluar \"%2\" is before Masuk", u"Keluar \"%2\" mendahului Masuk"},
     {LaterPay,
-     u"%1 \"%2\": other pay is set from %3 on already; the change must count from that day or later",
-     u"%1 \"%2\": gaji lain sudah ditetapkan mulai %3; perubahan ini harus berlaku mulai hari itu atau "
+     u"pay of \"%2\": other pay is set from %3 on already; the change must count from that day or later",
+     u"gaji \"%2\": gaji lain sudah ditetapkan mulai %3; perubahan ini harus berlaku mulai hari itu atau "
      u"sesudahnya"},
 };
 

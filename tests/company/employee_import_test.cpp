@@ -68,7 +68,7 @@ TEST_F(EmployeeImport, EveryWrongLineIsNamed) {
         {"NIP,Dept,Divisi\n0013,XYZ,prd\n",
          {u"line 2: unknown department \"XYZ\""_s, u"line 2: unknown division \"prd\""_s}},
         {"NIP,GP\n0012,99000\n",
-         {u"line 2: GP \"0012\": other pay is set from 2026-12-15 on already; the change must count from "
+         {u"line 2: pay of \"0012\": other pay is set from 2026-12-15 on already; the change must count from "
           u"that "
           "day or later"_s}},
     };
