@@ -185,6 +185,25 @@ TEST(frmMain, ARefreshKeepsSelectionAndScrollPositionAndAHeaderSortsByWhatTheEmp
     EXPECT_EQ(desk.Cell(0, SheetModel::Dept), u"ADM/A"_s);
 }
 
+TEST(frmMain, FourteenEmployeesAreSeenInLargeTypeOnASmallScreenAndTheRoomIsTakenBackOnALargeOne) {
+    WindowCompany desk;
+    for (int i = 100; i < 140; ++i)
+        desk.AddEmployee(QString::number(i), u"Karyawan %1"_s.arg(i), u"x"_s, u"PROD"_s);
+    const auto rowsSeen = [&desk](QSize window) {
+        desk.window->resize(window);
+        QApplication::processEvents();
+        return desk.Grid().viewport()->height() / desk.Grid().verticalHeader()->defaultSectionSize();
+    };
+    const auto& hint = desk.Part<QLabel>("lblTabs");
+    EXPECT_GE(rowsSeen({1366, 740}), 14);
+    const int usual = desk.Grid().verticalHeader()->defaultSectionSize();
+    EXPECT_GE(rowsSeen({1366 * 2 / 3, 740 * 2 / 3}), 14);
+    EXPECT_TRUE(hint.isVisible());
+    EXPECT_GE(rowsSeen({1366, 740}), 14);
+    EXPECT_EQ(desk.Grid().verticalHeader()->defaultSectionSize(), usual);
+    EXPECT_TRUE(hint.isVisible());
+}
+
 TEST(frmMain, AFailingRefreshIsToldOnceAndTheGridKeepsWhatItShowed) {
     WindowCompany desk;
     desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
