@@ -1,4 +1,5 @@
 #include "database/database_file.h"
+#include "shifts/roster_fill.h"
 #include "shifts/roster_model.h"
 #include "support/bench_company.h"
 #include "support/plain_sqlite.h"
@@ -6,6 +7,7 @@
 
 #include <QCoreApplication>
 
+#include <array>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -58,6 +60,37 @@ public:
             throw std::runtime_error("no such shift");
         plain_.Execute("UPDATE ShiftEmployee SET ShiftCode=CASE ShiftCode WHEN 'O' THEN 'SIANG' ELSE 'O' END"
                        + key);
+    }
+
+    /// A month without a shift is filled by a cycle: previewed, then written. Whatever else fills it is gone.
+    void FillPattern() {
+        model_.LoadRoster(*connection_, u"202612"_s);
+        const ShiftCycle cycle = ReadShiftCycle(u"PAGI x3 MALAM x3 O x2"_s, model_.Roster().Shifts());
+        model_.Preview(PlanCycle(cycle, {model_.Shown(), 1, RosterModel::DayColumns}, {1, 1}),
+                       RosterMonth::Standing::Kept);
+        const std::vector<CellChange> changes = model_.PreviewedChanges();
+        model_.EndPreview();
+        if (std::ssize(model_.WriteCells(*connection_, changes).takeBack)
+            != qsizetype{RosterModel::DayColumns} * model_.rowCount())
+            throw std::runtime_error("not every day was filled");
+    }
+
+    /// The same rows with the least work.
+    void FillPatternPlainly() {
+        const std::array<std::string, 8> cycle{"PAGI", "PAGI", "PAGI", "MALAM", "MALAM", "MALAM", "O", "O"};
+        plain_.Execute("BEGIN IMMEDIATE");
+        PlainInsert insert(plain_, "insert into ShiftEmployee(NIP,Tgl,ShiftCode) VALUES(?,?,?)");
+        for (int employee = 0; employee < model_.rowCount(); ++employee) {
+            const std::string nip = NipOf(employee);
+            for (int day = 0; day < RosterModel::DayColumns; ++day)
+                insert.Run(nip, "2026-12-" + std::string(day < 9 ? "0" : "") + std::to_string(day + 1),
+                           cycle[static_cast<size_t>(employee + day) % cycle.size()]);
+        }
+        plain_.Execute("COMMIT");
+    }
+
+    void EmptyFilledMonth() {
+        other_.Execute("DELETE FROM ShiftEmployee WHERE Tgl BETWEEN '2026-12-01' AND '2026-12-31'");
     }
 
 private:
@@ -113,6 +146,18 @@ void SaveCell(Rounds& rounds) {
     rounds.Compare("roster-save-5000-over-2500-employees", "save", "save_half_employees", 1.3);
 }
 
+void FillPattern(Rounds& rounds) {
+    Roster roster({5000, 0, 24});
+    roster.EmptyFilledMonth();
+    while (rounds.Next()) {
+        rounds.Time("pattern", [&] { roster.FillPattern(); });
+        roster.EmptyFilledMonth();
+        rounds.Time("pattern_plain", [&] { roster.FillPatternPlainly(); });
+        roster.EmptyFilledMonth();
+    }
+    rounds.Compare("roster-pattern-5000-employees", "pattern", "pattern_plain", 3);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -120,5 +165,6 @@ int main(int argc, char** argv) {
     BenchProgram program(argc, argv);
     program.Add("roster_open", Measured::ProcessorTime, 20, OpenMonth);
     program.Add("roster_save", Measured::ElapsedTime, 200, SaveCell);
+    program.Add("roster_pattern", Measured::ElapsedTime, 10, FillPattern);
     return program.Run();
 }

@@ -11,6 +11,7 @@ enum class CellLook {
     Hatched,   ///< nothing can stand there
     Doubtful,  ///< its contents need attention
     Quiet,     ///< there is nothing to look at
+    Lacking,   ///< less than there must be
     AmberChip, ///< the chips, from light to dark
     VioletChip,
     GreenChip,
@@ -27,3 +28,7 @@ constexpr bool IsChip(CellLook look) {
 }
 
 inline constexpr int CellLookRole = Qt::UserRole;
+/// The text by which a cell is tinted: the same text has the same tint everywhere.
+inline constexpr int CellTintRole = Qt::UserRole + 1;
+/// What a header says under its title.
+inline constexpr int HeaderNoteRole = Qt::UserRole + 2;

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "core/program.h"
-#include "shifts/roster_model.h"
+#include "shifts/fill_wish.h"
+#include "shifts/roster_counts.h"
 #include "ui/form_skin.h"
 
 #include <QDialog>
@@ -40,12 +41,23 @@ private:
     /// False when the cell was not written.
     bool SaveCell(const QModelIndex& cell);
     void GridDeleteKey(const QModelIndex& cell);
+    CellsOutcome WriteCells(const std::vector<CellChange>& changes);
+    void txtFilter_Change();
+    /// The employees and days that are chosen in the grid.
+    FillArea Block() const;
+    bool HoldsUnsaved() const;
+    void OpenFillBox(FillWay way);
+    void cmdKebutuhan_Click();
+    void ShowNeeds();
     void StepMonth(int months);
     void ShowMonth();
     void ShowCell();
 
     Program& program_;
     RosterModel roster_;
+    RosterCounts counts_;
+    /// Whom a cell belongs to that could not be saved; their rows stay in sight.
+    QSet<int> unsavedEmployees_;
     std::unique_ptr<Ui::frmShiftEmployee> ui_;
     CellEditor* editor_ = nullptr;
 };

@@ -1,40 +1,18 @@
 #include "shifts/roster_model.h"
 
-#include "core/code_lists.h"
-#include "core/status_codes.h"
 #include "database/recordset.h"
 #include "database/statement.h"
-#include "shifts/shift_time.h"
+#include "shifts/roster_store.h"
 
 #include <algorithm>
-#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int BadCodeNumber = 13;
-
-/// A period's year and month as they are typed: they go into a statement as they stand.
-struct PeriodText {
-    QString year;
-    QString month;
-    std::chrono::year_month value;
-};
-
-PeriodText ReadPeriod(const QString& period) {
-    const bool sixDigits =
-        period.size() == 6 && std::ranges::all_of(period, [](QChar c) { return c >= u'0' && c <= u'9'; });
-    if (sixDigits) {
-        PeriodText read{period.first(4), period.last(2),
-                        std::chrono::year{period.first(4).toInt()}
-                            / std::chrono::month{period.last(2).toUInt()}};
-        if (read.value.ok())
-            return read;
-    }
-    throw StatementError(
-        u"Periode \"%1\" ditolak: ketik tahun dan bulan (01 sampai 12) dalam enam angka, misalnya "
-        "202611."_s.arg(period));
+QString WeekdayLetter(Day day) {
+    constexpr QStringView fromSunday = u"MSSRKJS";
+    return fromSunday.at(static_cast<qsizetype>(std::chrono::weekday{day}.c_encoding()));
 }
 
 std::vector<TableColumn> Columns() {
@@ -44,158 +22,200 @@ std::vector<TableColumn> Columns() {
     return columns;
 }
 
+bool HasWord(const RosterEmployee& employee, const QString& word) {
+    return std::ranges::any_of(
+        std::array{&employee.nip, &employee.nama, &employee.dept, &employee.divisi},
+        [&word](const QString* text) { return text->contains(word, Qt::CaseInsensitive); });
+}
+
 } // namespace
 
 RosterModel::RosterModel(const Clock& clock, QObject* parent)
-    : TableModel(Columns(), parent), clock_(clock), codes_(1) {}
+    : TableModel(Columns(), parent), clock_(clock) {}
 
 bool RosterModel::LoadEmployees(Connection& connection, const Progress& progress) {
-    std::vector<RosterEmployee> employees;
-    QHash<QString, int> placesByNip;
-    Cursor rows = connection.Query(u"Select * from employee"_s);
-    const int nip = rows.ColumnOf(u"NIP"_s);
-    const int nama = rows.ColumnOf(u"Nama"_s);
-    const int keluar = rows.ColumnOf(u"Keluar"_s);
-    while (rows.Next()) {
-        placesByNip.insert(rows.Text(nip), static_cast<int>(employees.size()));
-        const auto left = rows.Time(keluar);
-        employees.push_back(
-            {rows.Text(nip), rows.Text(nama), left ? std::optional(DayOf(*left)) : std::nullopt});
-        if (!ShouldContinue(progress, static_cast<qsizetype>(employees.size()), 0))
-            return false;
-    }
+    RosterMonth read = month_;
+    if (!read.ReadEmployees(connection, progress))
+        return false;
     beginResetModel();
-    employees_ = std::move(employees);
-    placesByNip_ = std::move(placesByNip);
-    roster_.assign(employees_.size(), Days{});
-    rows_.resize(employees_.size());
-    std::iota(rows_.begin(), rows_.end(), size_t{0});
-    month_.reset();
+    month_ = std::move(read);
+    shown_ = Found({});
     SetDayLooks();
     endResetModel();
+    Q_EMIT CountsChanged();
     return true;
 }
 
 bool RosterModel::LoadRoster(Connection& connection, const QString& period, const Progress& progress) {
-    const PeriodText read = ReadPeriod(period);
-    ReadShiftCodes(connection);
-    std::vector<Days> roster(employees_.size());
-    Cursor rows = connection.Query(u"select * from ShiftEmployee where year(Tgl)="_s + read.year
-                                   + u" and Month(Tgl)="_s + read.month);
-    const int nip = rows.ColumnOf(u"NIP"_s);
-    const int tgl = rows.ColumnOf(u"Tgl"_s);
-    const int shiftCode = rows.ColumnOf(u"ShiftCode"_s);
-    const qsizetype most = DayColumns * static_cast<qsizetype>(employees_.size());
-    lastPlace_ = -1;
-    for (qsizetype done = 1; rows.Next(); ++done) {
-        if (const auto time = rows.Time(tgl))
-            PlaceShift(roster, rows.Text(nip), DayOf(*time), rows.Text(shiftCode));
-        if (!ShouldContinue(progress, done, qMax(most, done)))
-            return false;
-    }
-    std::vector<size_t> shown = RowsOf(read.value);
-    const bool othersShown = shown != rows_;
+    if (!month_.ReadMonth(connection, period, progress))
+        return false;
+    std::vector<int> found = Found({});
+    const bool othersShown = found != shown_;
     if (othersShown)
         beginResetModel();
-    rows_ = std::move(shown);
-    roster_ = std::move(roster);
-    month_ = read.value;
+    shown_ = std::move(found);
     SetDayLooks();
     if (othersShown)
         endResetModel();
-    NotifyColumns(FirstDay, ColumnCount - 1);
+    NotifyDays();
     Q_EMIT headerDataChanged(Qt::Horizontal, FirstDay, ColumnCount - 1);
     return true;
 }
 
-std::vector<size_t> RosterModel::RowsOf(std::chrono::year_month month) const {
-    const Day first{month / 1};
-    std::vector<size_t> rows;
-    for (size_t place = 0; place < employees_.size(); ++place) {
-        const auto& keluar = employees_[place].keluar;
-        if (!keluar || *keluar >= first)
-            rows.push_back(place);
-    }
-    return rows;
+void RosterModel::NotifyDays() {
+    NotifyColumns(FirstDay, ColumnCount - 1);
+    Q_EMIT CountsChanged();
 }
 
-/// The numbers that cells hold stay as they are; only what is known of their codes is read anew.
-void RosterModel::ReadShiftCodes(Connection& connection) {
-    const std::vector<ShiftRow> shifts = CodeLists::Shifts(connection);
-    for (Code& code : codes_)
-        code.listed = false;
-    for (const auto& [name, start, end] : shifts) {
-        Code& code = codes_[static_cast<size_t>(NumberOf(name))];
-        code.listed = true;
-        code.hours = start && end && *start != *end ? u"%1 - %2"_s.arg(ShownShiftTime(*start, DayOf(*start)),
-                                                                       ShownShiftTime(*end, DayOf(*start)))
-                                                    : QString();
-    }
+std::vector<int> RosterModel::Found(const QSet<int>& keptEmployees) const {
+    std::vector<int> found = month_.Staff();
+    std::erase_if(found, [&](int place) {
+        const RosterEmployee& employee = month_.Employees()[static_cast<size_t>(place)];
+        return !keptEmployees.contains(place)
+               && !std::ranges::all_of(filter_, [&](const QString& word) { return HasWord(employee, word); });
+    });
+    return found;
 }
 
-/// A shift of someone who is no employee any more has no place.
-void RosterModel::PlaceShift(std::vector<Days>& roster, const QString& nip, Day day,
-                             const QString& shiftCode) {
-    if (lastPlace_ < 0 || employees_[static_cast<size_t>(lastPlace_)].nip != nip)
-        lastPlace_ = placesByNip_.value(nip, -1);
-    if (lastPlace_ < 0)
+/// Rows that stay keep their marks and the cursor.
+void RosterModel::Filter(const QString& words, const QSet<int>& keptEmployees) {
+    filter_ = words.split(u' ', Qt::SkipEmptyParts);
+    std::vector<int> found = Found(keptEmployees);
+    if (found == shown_)
         return;
-    const std::chrono::year_month_day date{day};
-    roster[static_cast<size_t>(lastPlace_)][static_cast<unsigned>(date.day()) - 1] = NumberOf(shiftCode);
-}
-
-int RosterModel::NumberOf(const QString& code) {
-    if (code.isEmpty())
-        return 0;
-    if (const auto known = numbersByCode_.constFind(code); known != numbersByCode_.constEnd())
-        return *known;
-    codes_.push_back({code, false, {}});
-    const int number = static_cast<int>(codes_.size()) - 1;
-    numbersByCode_.insert(code, number);
-    return number;
-}
-
-QString RosterModel::CodeTyped(const QString& typed) const {
-    const QString code = typed.trimmed();
-    if (code.contains(u'\''))
-        throw ProgramError(BadCodeNumber,
-                           u"Kode shift \"%1\" tidak disimpan: tanda kutip (') tidak boleh ada dalam kode. "
-                           "Ketik kode lain, atau pilih dengan F9."_s.arg(code));
-    if (codes_[static_cast<size_t>(numbersByCode_.value(code))].listed)
-        return code;
-    for (const Code& known : codes_) {
-        if (known.listed && known.text.compare(code, Qt::CaseInsensitive) == 0)
-            return known.text;
+    // The columns stay as they are: their headers need not look after them.
+    constexpr LayoutChangeHint rowsOnly = VerticalSortHint;
+    Q_EMIT layoutAboutToBeChanged({}, rowsOnly);
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    for (const QModelIndex& cell : before) {
+        const auto place = std::ranges::lower_bound(found, EmployeeOf(cell.row()));
+        const bool stays = place != found.end() && *place == EmployeeOf(cell.row());
+        after << (stays ? createIndex(static_cast<int>(place - found.begin()), cell.column())
+                        : QModelIndex());
     }
-    for (const QStringView known : {ShiftCode::Default, ShiftCode::DayOff}) {
-        if (known.compare(code, Qt::CaseInsensitive) == 0)
-            return known.toString();
-    }
-    return code;
+    shown_ = std::move(found);
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged({}, rowsOnly);
 }
 
 void RosterModel::SaveCell(Connection& connection, const QModelIndex& cell) const {
     const std::optional<Day> day = DayOfCell(cell);
     if (!day)
         throw StatementError(u"Tanggal %1 tidak ada dalam bulan ini. Tidak ada yang disimpan."_s.arg(
-            cell.column() - FirstDay + 1));
-    const QString& nip = employees_[PlaceOf(cell.row())].nip;
+            DayNumber(cell.column())));
+    const QString& nip = EmployeeIn(cell.row()).nip;
     Recordset shift(connection, u"select * from ShiftEmployee Where NIP="_s + Quoted(nip) + u" and Tgl=#"_s
                                     + StoredDay(*day) + u'#');
     if (shift.AtEnd())
         shift.AddNew();
     shift.Set(u"NIP"_s, nip);
     shift.Set(u"Tgl"_s, *day);
-    const QString& code = CodeOf(cell.row(), cell.column()).text;
+    const QString& code = CodeOf(cell.row(), cell.column());
     shift.Set(u"ShiftCode"_s, code.isNull() ? u""_s : code);
     shift.Update();
 }
 
+RosterChange RosterModel::RosterChangeOf(const CellChange& change) const {
+    const auto month = MonthOfKey(change.rowKey);
+    const std::chrono::day day{DayNumber(change.column)};
+    if (!month || !(*month / day).ok())
+        throw StatementError(u"Tanggal %1 tidak ada dalam bulan ini."_s.arg(static_cast<unsigned>(day)));
+    return {NipOfKey(change.rowKey), Day{*month / day},
+            change.text.isNull() ? QString() : month_.Shifts().CodeTyped(change.text), change.expected};
+}
+
+void RosterModel::Show(const CellChange& change, const QString& code) {
+    const int employee = month_.EmployeeOf(NipOfKey(change.rowKey));
+    if (employee >= 0 && MonthOfKey(change.rowKey) == Month())
+        month_.Put(employee, DayNumber(change.column), code);
+}
+
+CellsOutcome RosterModel::WriteCells(Connection& connection, const std::vector<CellChange>& changes) {
+    CellsOutcome outcome;
+    std::vector<RosterChange> roster;
+    for (const CellChange& change : changes) {
+        try {
+            roster.push_back(RosterChangeOf(change));
+        } catch (const ProgramError& error) {
+            outcome.refused.push_back({change, error.Description()});
+        }
+    }
+    if (!outcome.refused.empty())
+        return outcome;
+    const RosterSaved saved = RosterStore::Save(connection, roster);
+    for (const size_t i : saved.conflicts) {
+        outcome.refused.push_back({changes[i], ConflictText(changes[i], saved.before[i])});
+        Show(changes[i], saved.before[i]);
+    }
+    for (size_t i = 0; saved.conflicts.empty() && i < changes.size(); ++i) {
+        outcome.takeBack.push_back({changes[i].rowKey, changes[i].column, saved.before[i], roster[i].code});
+        Show(changes[i], roster[i].code);
+    }
+    NotifyDays();
+    return outcome;
+}
+
+/// The grid names the row, where it is shown.
+QString RosterModel::ConflictText(const CellChange& change, const QString& stands) const {
+    const auto named = [](const QString& code) { return code.isEmpty() ? u"kosong"_s : code; };
+    const int employee = month_.EmployeeOf(NipOfKey(change.rowKey));
+    const QString who = employee < 0 || RowOfKey(change.rowKey) >= 0
+                            ? QString()
+                            : month_.Employees()[static_cast<size_t>(employee)].nama + u", "_s;
+    return who + u"sekarang %1 (dari meja lain), tadi %2."_s.arg(named(stands), named(*change.expected));
+}
+
+QString RosterModel::KeyOf(int employee) const {
+    return (Month() ? PeriodOf(*Month()) : u"000000"_s) + u'/'
+           + month_.Employees()[static_cast<size_t>(employee)].nip;
+}
+
+QString RosterModel::RowKey(int row) const {
+    return KeyOf(EmployeeOf(row));
+}
+
+int RosterModel::RowOfKey(const QString& key) const {
+    const int employee = MonthOfKey(key) == Month() ? month_.EmployeeOf(NipOfKey(key)) : -1;
+    const auto place = std::ranges::lower_bound(shown_, employee);
+    return place != shown_.end() && *place == employee ? static_cast<int>(place - shown_.begin()) : -1;
+}
+
+std::optional<std::chrono::year_month> RosterModel::MonthOfKey(const QString& key) {
+    const std::chrono::year_month month =
+        std::chrono::year{key.first(4).toInt()} / std::chrono::month{key.sliced(4, 2).toUInt()};
+    return month.ok() ? std::optional(month) : std::nullopt;
+}
+
+RosterMonth::Previewed RosterModel::Preview(const std::vector<PlannedCell>& cells,
+                                            RosterMonth::Standing standing) {
+    const RosterMonth::Previewed previewed = month_.Preview(cells, standing);
+    NotifyDays();
+    return previewed;
+}
+
+void RosterModel::EndPreview() {
+    month_.EndPreview();
+    NotifyDays();
+}
+
+std::vector<CellChange> RosterModel::PreviewedChanges() const {
+    std::vector<CellChange> changes;
+    for (int employee = 0; employee < static_cast<int>(month_.Employees().size()); ++employee) {
+        const QString key = KeyOf(employee);
+        for (int column = FirstDay; column < ColumnCount; ++column) {
+            const unsigned day = DayNumber(column);
+            if (!month_.IsPreviewed(employee, day))
+                continue;
+            const QString& code = month_.CodeOn(employee, day);
+            changes.push_back({key, column, code.isNull() ? u""_s : code, month_.StandingOn(employee, day)});
+        }
+    }
+    return changes;
+}
+
 std::optional<Day> RosterModel::DayOfColumn(int column) const {
-    if (!month_ || column < FirstDay)
-        return std::nullopt;
-    return MakeDay(static_cast<int>(month_->year()), static_cast<int>(static_cast<unsigned>(month_->month())),
-                   column - FirstDay + 1);
+    return column < FirstDay ? std::nullopt : month_.DateOf(DayNumber(column));
 }
 
 void RosterModel::SetDayLooks() {
@@ -213,74 +233,76 @@ void RosterModel::SetDayLooks() {
     }
 }
 
-const RosterModel::Code& RosterModel::CodeOf(int row, int column) const {
-    const int number = roster_[PlaceOf(row)][static_cast<size_t>(column - FirstDay)];
-    return codes_[static_cast<size_t>(number)];
-}
-
 CellLook RosterModel::LookOf(int row, int column) const {
     if (column < FirstDay)
         return CellLook::Plain;
-    const Code& code = CodeOf(row, column);
-    const CellLook look = dayLooks_[static_cast<size_t>(column - FirstDay)];
-    return code.text.isEmpty() || code.listed || look == CellLook::Hatched ? look : CellLook::Doubtful;
+    const QString& code = CodeOf(row, column);
+    const CellLook look = LookOfDay(column);
+    if (!code.isEmpty() && !month_.Shifts().Has(code) && look != CellLook::Hatched)
+        return CellLook::Doubtful;
+    return month_.IsPreviewed(EmployeeOf(row), DayNumber(column)) ? CellLook::Quiet : look;
 }
 
 QString RosterModel::DescribeCell(const QModelIndex& cell) const {
     if (cell.column() < FirstDay)
         return {};
-    const RosterEmployee& employee = employees_[PlaceOf(cell.row())];
-    if (!month_)
+    const RosterEmployee& employee = EmployeeIn(cell.row());
+    if (!Month())
         return u"Jadwal bulan ini belum terbaca. Tekan Refresh untuk membacanya."_s;
     const std::optional<Day> day = DayOfCell(cell);
     QString told = u"%1 %2 · "_s.arg(employee.nip, employee.nama);
     if (!day)
-        return told + u"tanggal %1 tidak ada dalam bulan ini"_s.arg(cell.column() - FirstDay + 1);
+        return told + u"tanggal %1 tidak ada dalam bulan ini"_s.arg(DayNumber(cell.column()));
     told += ShownDay(*day);
-    const Code& code = CodeOf(cell.row(), cell.column());
-    if (code.text.isEmpty())
+    const QString& code = CodeOf(cell.row(), cell.column());
+    if (code.isEmpty())
         return told;
-    told += u" · "_s + code.text;
-    if (!code.listed)
+    told += u" · "_s + code;
+    if (!month_.Shifts().Has(code))
         return told + u" - kode ini tidak ada di Shift"_s;
-    return code.hours.isEmpty() ? told : told + u' ' + code.hours;
-}
-
-int RosterModel::CountUnlisted() const {
-    int count = 0;
-    for (const Days& days : roster_)
-        count += static_cast<int>(std::ranges::count_if(
-            days, [this](int number) { return number > 0 && !codes_[static_cast<size_t>(number)].listed; }));
-    return count;
+    const QString hours = month_.Shifts().HoursOf(code);
+    return hours.isEmpty() ? told : told + u' ' + hours;
 }
 
 QString RosterModel::Text(int row, int column) const {
     if (column == SrNo)
         return QString::number(row + 1);
     if (column >= FirstDay)
-        return CodeOf(row, column).text;
-    const RosterEmployee& employee = employees_[PlaceOf(row)];
+        return CodeOf(row, column);
+    const RosterEmployee& employee = EmployeeIn(row);
     return column == Nip ? employee.nip : employee.nama;
 }
 
 QVariant RosterModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::ToolTipRole)
-        return TableModel::data(index, role);
-    return index.column() >= FirstDay ? DescribeCell(index) : Text(index.row(), Nama);
+    if (!index.isValid())
+        return {};
+    const bool isDay = index.column() >= FirstDay;
+    if (role == Qt::ToolTipRole)
+        return isDay ? DescribeCell(index) : Text(index.row(), Nama);
+    if (role == CellTintRole)
+        return isDay ? CodeOf(index.row(), index.column()) : QVariant();
+    return TableModel::data(index, role);
 }
 
 QVariant RosterModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::ToolTipRole)
+    const std::optional<Day> day = orientation == Qt::Horizontal ? DayOfColumn(section) : std::nullopt;
+    switch (role) {
+    case Qt::ToolTipRole:
+        return day ? ShownDay(*day) : QVariant();
+    case HeaderNoteRole:
+        return day ? WeekdayLetter(*day) : QVariant();
+    case CellLookRole:
+        return day ? QVariant(static_cast<int>(LookOfDay(section))) : QVariant();
+    default:
         return TableModel::headerData(section, orientation, role);
-    const std::optional<Day> day = DayOfColumn(section);
-    return day ? ShownDay(*day) : QVariant();
+    }
 }
 
 bool RosterModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (index.column() < FirstDay || role != Qt::EditRole)
         return false;
-    roster_[PlaceOf(index.row())][static_cast<size_t>(index.column() - FirstDay)] =
-        NumberOf(value.toString());
+    month_.Put(EmployeeOf(index.row()), DayNumber(index.column()), value.toString());
     Q_EMIT dataChanged(index, index);
+    Q_EMIT CountsChanged();
     return true;
 }

@@ -1,93 +1,95 @@
 #pragma once
 
+#include "core/cell_change.h"
 #include "core/clock.h"
-#include "core/progress.h"
 #include "core/table_model.h"
-#include "database/connection.h"
+#include "shifts/roster_month.h"
+#include "shifts/roster_store.h"
 
-#include <QHash>
-
-#include <array>
-#include <vector>
+#include <QSet>
 
 /// The shift roster of one month: a row for each employee, a column for each day. There are always 31 day
-/// columns. A cell keeps the number of its code, not the text: a month of thousands of employees stays small.
+/// columns. All employees are shown, or those that a filter finds.
 class RosterModel : public TableModel {
     Q_OBJECT
 public:
-    static constexpr int DayColumns = 31;
+    static constexpr int DayColumns = RosterMonth::MostDays;
     enum Column { SrNo, Nip, Nama, FirstDay, ColumnCount = FirstDay + DayColumns };
 
     explicit RosterModel(const Clock& clock, QObject* parent = nullptr);
 
-    /// Reads all employees; the codes of the month before are gone. Returns false, everything as it was, when
-    /// it was told to stop. Throws DatabaseError.
+    const RosterMonth& Roster() const { return month_; }
+    /// As RosterMonth reads them, for the views. The filter stays.
     bool LoadEmployees(Connection& connection, const Progress& progress = {});
-    /// Reads the roster of the period, "YYYYMM", in place of the one shown. Returns false, everything as it
-    /// was, when it was told to stop. Throws StatementError when the text names no month, DatabaseError when
-    /// it cannot be read; everything stays as it was then.
     bool LoadRoster(Connection& connection, const QString& period, const Progress& progress = {});
-
-    /// The month that is shown; nothing before one was read.
-    std::optional<std::chrono::year_month> Month() const { return month_; }
+    std::optional<std::chrono::year_month> Month() const { return month_.Month(); }
     /// The day of a cell; nothing where the month has none.
     std::optional<Day> DayOfCell(const QModelIndex& cell) const { return DayOfColumn(cell.column()); }
+    /// The employee of a row, as the month counts them.
+    int EmployeeOf(int row) const { return shown_[static_cast<size_t>(row)]; }
+    const std::vector<int>& Shown() const { return shown_; }
 
-    /// The code that a typed text means: without blanks around it, in the spelling of the shift codes where
-    /// it differs by letter case only. Throws ProgramError for a text with a single quote, which no statement
-    /// can name.
-    QString CodeTyped(const QString& typed) const;
+    /// Shows the employees in whose number, name, department or division every word stands. The rows of
+    /// employees to be kept stay all the same.
+    void Filter(const QString& words, const QSet<int>& keptEmployees = {});
+
     /// Writes the cell's code as the shift of its employee and day in the month that is shown, whatever
     /// another desk wrote there before. Throws StatementError when the month has no such day, DatabaseError
     /// when it cannot be written.
     void SaveCell(Connection& connection, const QModelIndex& cell) const;
+    /// Writes cells of this or another month together, or none of them; a null text takes the entry away.
+    /// Those of the month that is shown show what stands there then, also what stood in the way. Throws
+    /// DatabaseError.
+    CellsOutcome WriteCells(Connection& connection, const std::vector<CellChange>& changes);
+    /// A key names the month, too: what is taken back belongs where it was written.
+    QString RowKey(int row) const override;
+    int RowOfKey(const QString& key) const override;
+    static std::optional<std::chrono::year_month> MonthOfKey(const QString& key);
+
+    /// Shows what planned cells would make of the month, and ends it.
+    RosterMonth::Previewed Preview(const std::vector<PlannedCell>& cells, RosterMonth::Standing standing);
+    void EndPreview();
+    /// The cells of the preview; they expect what stands where they are shown.
+    std::vector<CellChange> PreviewedChanges() const;
 
     /// A cell in words: who, when, and the hours of the shift.
     QString DescribeCell(const QModelIndex& cell) const;
-    /// How many cells hold a code that is none of the shift codes.
-    int CountUnlisted() const;
 
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
-private:
-    struct RosterEmployee {
-        QString nip;
-        QString nama;
-        std::optional<Day> keluar; ///< the last day of work
-    };
-    struct Code {
-        QString text;
-        bool listed = false;
-        QString hours;
-    };
-    /// The numbers of an employee's codes, by day.
-    using Days = std::array<int, DayColumns>;
+Q_SIGNALS:
+    /// How many employees stand in a shift on some day is not what it was.
+    void CountsChanged();
 
-    void ReadShiftCodes(Connection& connection);
-    void PlaceShift(std::vector<Days>& roster, const QString& nip, Day day, const QString& shiftCode);
-    int NumberOf(const QString& code);
-    const Code& CodeOf(int row, int column) const;
-    int RowCount() const override { return static_cast<int>(rows_.size()); }
-    /// The place of a row's employee among all.
-    size_t PlaceOf(int row) const { return rows_[static_cast<size_t>(row)]; }
-    std::vector<size_t> RowsOf(std::chrono::year_month month) const;
+private:
+    static unsigned DayNumber(int column) { return static_cast<unsigned>(column - FirstDay + 1); }
+    const QString& CodeOf(int row, int column) const {
+        return month_.CodeOn(EmployeeOf(row), DayNumber(column));
+    }
+    const RosterEmployee& EmployeeIn(int row) const {
+        return month_.Employees()[static_cast<size_t>(EmployeeOf(row))];
+    }
+    CellLook LookOfDay(int column) const { return dayLooks_[static_cast<size_t>(column - FirstDay)]; }
+    QString KeyOf(int employee) const;
+    static QString NipOfKey(const QString& key) { return key.sliced(7); }
+    /// Throws ProgramError for what typing would refuse.
+    RosterChange RosterChangeOf(const CellChange& change) const;
+    QString ConflictText(const CellChange& change, const QString& stands) const;
+    /// Shows a code where the change's cell is shown.
+    void Show(const CellChange& change, const QString& code);
+    std::vector<int> Found(const QSet<int>& keptEmployees) const;
+    void NotifyDays();
+    int RowCount() const override { return static_cast<int>(shown_.size()); }
     QString Text(int row, int column) const override;
     CellLook LookOf(int row, int column) const override;
     std::optional<Day> DayOfColumn(int column) const;
     void SetDayLooks();
 
     const Clock& clock_;
-    std::vector<RosterEmployee> employees_;
-    std::vector<size_t> rows_; ///< the employees who are shown: those who had not left before the month
-    QHash<QString, int> placesByNip_;
-    std::optional<std::chrono::year_month> month_;
-    std::vector<Days> roster_;
-    /// The first is that of an empty cell.
-    std::vector<Code> codes_;
-    QHash<QString, int> numbersByCode_;
+    RosterMonth month_;
+    QStringList filter_;
+    std::vector<int> shown_;
     std::array<CellLook, DayColumns> dayLooks_{};
-    /// Whose shift was placed last: those of an employee follow each other.
-    int lastPlace_ = -1;
 };

@@ -36,16 +36,19 @@ void Tour::VisitOffice() {
     ChooseFromMenu(OfficeEntry);
 }
 
-/// Gives three employees their shift of the first day.
+/// Gives three employees their shift of the first day, and everyone the next month by a pattern.
 void Tour::PlanRoster() {
     user_.WhenIn(u"frmShiftEmployee"_s, [this](QWidget& roster) {
         roster.resize(OfficeSize);
-        Keys(u"PAGI⏎↓SIANG⏎↓P⏎↓");
+        Keys(u"PAGI⏎←↓SIANG⏎←↓P⏎←↓");
         const QAbstractItemModel& cells = *GridOf(roster).model();
         Expect(cells.index(1, RosterModel::FirstDay).data() == u"SIANG"_s,
                u"the roster did not take a code"_s);
-        Type(u"[roster]⎋"_s);
+        Type(u"[roster]⎈⇟⎇o"_s);
+        Expect(cells.index(41, RosterModel::FirstDay + 30).data() == u"O"_s, u"the pattern did not fill December"_s);
+        Type(u"[roster-filled]⎋"_s);
     });
+    In(u"RosterFillBox"_s, u"PAGIx3 MALAMx3 Ox2⎇g1[roster-pattern]⏎"_s);
 }
 
 /// Finds the month's cards of the employee and types a remark onto the last one.

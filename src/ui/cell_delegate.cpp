@@ -1,6 +1,7 @@
 #include "ui/cell_delegate.h"
 
 #include "core/shown_figure.h"
+#include "ui/code_tint.h"
 #include "ui/data_grid.h"
 #include "ui/theme.h"
 
@@ -11,8 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// How much narrower than usual a text can be written and still be read.
-constexpr qreal NarrowestText = 0.55;
+/// How much smaller, and then narrower, than usual a text can be written and still be read easily.
+constexpr qreal SmallText = 0.85;
+constexpr qreal NarrowestText = 0.75;
 /// Between a chip and the lines of the grid.
 constexpr int ChipGap = 4;
 /// What widths in whole pixels may lack.
@@ -40,6 +42,9 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         fill = QBrush(colours->fill, look == CellLook::Hatched ? Qt::BDiagPattern : Qt::SolidPattern);
     if (colours && colours->text.isValid())
         textColour = colours->text;
+    const auto tinted = TintedFill(CodeTint(index.data(CellTintRole).toString()), look);
+    if (tinted && !cell.state.testFlag(QStyle::State_Selected))
+        fill = *tinted;
     const bool edited = IsEdited(index);
     if (edited)
         textColour = Qt::black;
@@ -72,9 +77,13 @@ QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
 
 void CellDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& cell,
                              const QModelIndex& index) const {
-    const QFontMetrics metrics(cell.font);
     const bool narrow = grid_->SharesRoom(index.column());
-    const int padding = narrow ? qMin(Theme::CellPadding, cell.rect.width() / 12) : Theme::CellPadding;
+    QFont font = cell.font;
+    if (narrow)
+        font.setPointSizeF(font.pointSizeF() * SmallText);
+    painter.setFont(font);
+    const QFontMetrics metrics(font);
+    const int padding = narrow ? qMin(Theme::CellPadding, cell.rect.width() / 18) : Theme::CellPadding;
     QRect room = cell.rect.adjusted(padding, 0, -padding, 0);
     // A text of several lines has one line here.
     QString text = QString(cell.text).replace(QChar::LineSeparator, u' ');

@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Paints the titles of columns whose headers do not answer quietly and without the mouse's colours.
+/// Paints the titles of columns whose headers do not answer quietly and without the mouse's colours, the
+/// model's note under a title, and what is to be noticed about a column over its ground.
 class GridHeader : public QHeaderView {
 public:
     explicit GridHeader(DataGrid* grid) : QHeaderView(Qt::Horizontal, grid), grid_(grid) {}
@@ -22,13 +23,36 @@ public:
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* option, int column) const override {
         QHeaderView::initStyleOptionForIndex(option, column);
+        if (const QString note = Of(column, HeaderNoteRole).toString(); !note.isEmpty())
+            option->text += u'\n' + note;
         if (grid_->HeaderAnswers(column))
             return;
         option->state &= ~(QStyle::State_MouseOver | QStyle::State_Sunken);
         option->palette.setColor(QPalette::ButtonText, Theme::QuietText());
     }
 
+    QSize sectionSizeFromContents(int column) const override {
+        const QSize size = QHeaderView::sectionSizeFromContents(column);
+        return Of(column, HeaderNoteRole).isValid() ? size + QSize(0, fontMetrics().height()) : size;
+    }
+
+    void paintSection(QPainter* painter, const QRect& rect, int column) const override {
+        painter->save();
+        QHeaderView::paintSection(painter, rect, column);
+        painter->restore();
+        const auto colours = Theme::LookColours(static_cast<CellLook>(Of(column, CellLookRole).toInt()));
+        if (!colours)
+            return;
+        painter->setCompositionMode(QPainter::CompositionMode_Multiply);
+        painter->fillRect(rect, colours->fill);
+        painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
+
 private:
+    QVariant Of(int column, int role) const {
+        return model() ? model()->headerData(column, orientation(), role) : QVariant();
+    }
+
     DataGrid* grid_;
 };
 

@@ -77,6 +77,7 @@ constexpr LookRow Looks[] = {
     {CellLook::Hatched, u"hatched", u"#C3CCD6", {}},
     {CellLook::Doubtful, u"doubtful", u"#FFE0D1", u"#6E2A00"},
     {CellLook::Quiet, u"quiet", {}, u"#566273"},
+    {CellLook::Lacking, u"lacking", u"#F9CACA", u"#8A1010"},
     {CellLook::AmberChip, u"amber", u"#FFF3B8", u"#5C4300"},
     {CellLook::VioletChip, u"violet", u"#E4D6FA", u"#4A1B7A"},
     {CellLook::GreenChip, u"green", u"#8EDBAC", u"#0A3F21"},
