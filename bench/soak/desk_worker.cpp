@@ -228,7 +228,8 @@ void DeskWorker::TypeIntoCell(QTableView& grid, const QString& text, Writing wri
     writing.began = SharedMoment();
     Keys(text);
     Keys(u"⏎");
-    KeyboardUser::Press(row == 0 ? Qt::Key_Down : Qt::Key_Up);
+    if (grid.currentIndex().row() == row) // where Enter has not left it already
+        KeyboardUser::Press(row == 0 ? Qt::Key_Down : Qt::Key_Up);
     writing.ended = SharedMoment();
     writing.certain = dialogs_.count == shown && grid.currentIndex().row() != row;
     Tell(writing);
