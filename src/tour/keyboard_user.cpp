@@ -83,10 +83,12 @@ void Keys(QStringView keys) {
         {u'⌦', Qt::Key_Delete}, {u'⌫', Qt::Key_Backspace}, {u'⇱', Qt::Key_Home},    {u'⇲', Qt::Key_End},
         {u'⇞', Qt::Key_PageUp}, {u'⇟', Qt::Key_PageDown},  {u'⎀', Qt::Key_Insert},
     };
+    static const QHash<QChar, Qt::KeyboardModifier> modifiers{
+        {u'⎇', Qt::AltModifier}, {u'⎈', Qt::ControlModifier}, {u'⇧', Qt::ShiftModifier}};
     Qt::KeyboardModifiers held;
     for (const QChar key : keys) {
-        if (key == u'⎇' || key == u'⎈') {
-            held = key == u'⎇' ? Qt::AltModifier : Qt::ControlModifier;
+        if (const auto modifier = modifiers.constFind(key); modifier != modifiers.cend()) {
+            held |= *modifier;
             continue;
         }
         if (key >= u'②' && key <= u'⑩')

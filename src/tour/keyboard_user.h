@@ -47,6 +47,7 @@ private:
 };
 
 /// Types a text in which these characters stand for keys: ⏎ Enter, ↹ Tab, ⇤ Shift+Tab, ⎋ Esc, ← → ↑ ↓ the
-/// arrows, ⎀ Insert, ⌦ Delete, ⌫ Backspace, ⇱ Home, ⇲ End, ⇞ ⇟ page up and down, ② to ⑩ the keys F2 to F10; ⎇
-/// and ⎈ hold Alt and Ctrl for the key that follows. The program answers each key before the next.
+/// arrows, ⎀ Insert, ⌦ Delete, ⌫ Backspace, ⇱ Home, ⇲ End, ⇞ ⇟ page up and down, ② to ⑩ the keys F2 to F10;
+/// ⎇, ⎈ and ⇧ hold Alt, Ctrl and Shift for the key that follows. The program answers each key before the
+/// next.
 void Keys(QStringView keys);

@@ -53,6 +53,7 @@ CellEditor::CellEditor(Program& program, DataGrid& grid, CellEditing editing)
     });
     connect(cmdLov_, &QToolButton::clicked, this, [this] { OpenPickList(); });
     connect(grid.model(), &QAbstractItemModel::modelReset, this, &CellEditor::Forget);
+    connect(grid.model(), &QAbstractItemModel::layoutChanged, this, &CellEditor::Drop);
     for (QScrollBar* bar : {grid.horizontalScrollBar(), grid.verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &CellEditor::Drop);
     for (QHeaderView* header : {grid.horizontalHeader(), grid.verticalHeader()}) {
@@ -268,13 +269,15 @@ bool CellEditor::CommitCellEdit() {
 bool CellEditor::SaveCell(const QModelIndex& cell, const QString& text) {
     const QPersistentModelIndex stays = cell;
     const QString before = TextOf(cell);
-    const QString key = qobject_cast<TableModel*>(grid_.model())->RowKey(cell.row());
+    // Whoever writes no blocks tells no keys.
+    const auto* rows = editing_.writeCells ? qobject_cast<TableModel*>(grid_.model()) : nullptr;
+    const QString key = rows ? rows->RowKey(cell.row()) : QString();
     if (!editing_.saveCell)
         return blocks_->Write({{key, cell.column(), text}}, u"Isian"_s);
     if (!editing_.saveCell(cell, text))
         return false;
     const QString after = TextOf(stays);
-    if (editing_.writeCells && (after != before || after.isNull() != before.isNull()))
+    if (rows && (after != before || after.isNull() != before.isNull()))
         blocks_->Record({{key, stays.column(), before, after}});
     return true;
 }

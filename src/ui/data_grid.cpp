@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -88,7 +90,7 @@ void DataGrid::EditCells(int fixedColumns) {
     fixedColumns_ = fixedColumns;
     setSelectionBehavior(SelectItems);
     setSelectionMode(ContiguousSelection);
-    horizontalHeader()->setSectionsMovable(true);
+    horizontalHeader()->setSectionsMovable(firstShared_ < 0);
     // A press on a header would take the cursor away, and with it the row that is typed into.
     disconnect(horizontalHeader(), SIGNAL(sectionPressed(int)), this, SLOT(selectColumn(int)));
     disconnect(horizontalHeader(), SIGNAL(sectionEntered(int)), this, SLOT(_q_selectColumn(int)));
@@ -111,6 +113,8 @@ void DataGrid::ForgetUnsaved() {
 
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
+    if (!extending_)
+        blockStart_ = current;
     if (EditsCells() && current.row() != previous.row())
         viewport()->update(); // the tint of the row moves along
     if (frozen_)
@@ -163,6 +167,41 @@ void DataGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {
     }
 }
 
+QItemSelectionModel::SelectionFlags DataGrid::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+    // A key that is held is for what the user does, not for where the program puts the cursor.
+    const auto command = event || !EditsCells() ? QTableView::selectionCommand(index, event)
+                                                : QItemSelectionModel::ClearAndSelect;
+    extending_ = command.testFlag(QItemSelectionModel::Current);
+    return command;
+}
+
+void DataGrid::mouseMoveEvent(QMouseEvent* event) {
+    draggedTo_ = indexAt(event->pos());
+    QTableView::mouseMoveEvent(event);
+    draggedTo_ = QModelIndex();
+}
+
+/// A block goes by its cells, not by the places that they have on the screen: its start may be scrolled out
+/// of sight, or the cursor have been put there by other means than the mouse.
+void DataGrid::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
+    const QModelIndex end = draggedTo_.isValid() ? draggedTo_ : currentIndex();
+    if (!EditsCells() || !end.isValid())
+        return QTableView::setSelection(rect, command);
+    if (!extending_ || !blockStart_.isValid())
+        blockStart_ = end;
+    const QHeaderView& header = *horizontalHeader();
+    const auto [left, right] =
+        std::minmax(header.visualIndex(blockStart_.column()), header.visualIndex(end.column()));
+    const auto [top, bottom] = std::minmax(blockStart_.row(), end.row());
+    QItemSelection block;
+    for (int place = left; place <= right; ++place) {
+        const int column = header.logicalIndex(place);
+        block.select(model()->index(top, column), model()->index(bottom, column));
+    }
+    selectionModel()->select(block, command);
+}
+
 void DataGrid::MoveCursor(QPoint steps) {
     const QModelIndex cell = currentIndex();
     const QHeaderView& header = *horizontalHeader();
@@ -206,6 +245,7 @@ void DataGrid::StretchColumn(int column, int leastWidth) {
 
 void DataGrid::ShareRoom(int firstColumn, int leastWidth) {
     firstShared_ = firstColumn;
+    horizontalHeader()->setSectionsMovable(false); // days of a month
     leastWidth_ = leastWidth;
     horizontalHeader()->setMinimumSectionSize(qMin(leastWidth, horizontalHeader()->minimumSectionSize()));
     FitColumns();

@@ -70,6 +70,10 @@ Q_SIGNALS:
     void RowChosen(int row);
 
 protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -91,5 +95,9 @@ private:
     QString emptyText_;
     std::optional<QList<int>> answering_;
     int fixedColumns_ = -1;
+    /// Where a block of cells began, and where the mouse drags it to.
+    QPersistentModelIndex blockStart_;
+    QModelIndex draggedTo_;
+    mutable bool extending_ = false;
     QSet<QPersistentModelIndex> unsaved_;
 };

@@ -2,6 +2,7 @@
 
 #include "ui/data_grid.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 
@@ -61,9 +62,9 @@ FrozenColumns::FrozenColumns(DataGrid& grid, int count, Cells cells)
 /// Its selection, widths and mouse are the grid's, whose columns lie under these while nothing is scrolled.
 void FrozenColumns::ShareCells() {
     setAutoScroll(false);
-    delete selectionModel();
+    const QItemSelectionModel* own = selectionModel();
     setSelectionModel(grid_.selectionModel());
-    viewport()->setAttribute(Qt::WA_TransparentForMouseEvents);
+    delete own;
     QHeaderView& others = *grid_.horizontalHeader();
     connect(&others, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
         if (column < count_)
@@ -76,6 +77,22 @@ void FrozenColumns::ShareCells() {
         if (to < count_)
             others.moveSection(to, count_);
     });
+}
+
+bool FrozenColumns::viewportEvent(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::ContextMenu:
+        if (cells_ == Cells::Edited)
+            return QCoreApplication::sendEvent(grid_.viewport(), event); // both begin at the same point
+        break;
+    default:
+        break;
+    }
+    return QTableView::viewportEvent(event);
 }
 
 void FrozenColumns::KeepFree(const QRegion& region) {

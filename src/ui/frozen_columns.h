@@ -25,6 +25,9 @@ public:
     /// Follows the grid's size.
     void Place();
 
+protected:
+    bool viewportEvent(QEvent* event) override;
+
 private:
     void ShareCells();
 

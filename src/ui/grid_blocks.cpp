@@ -107,6 +107,8 @@ CellChange GridBlocks::ChangeOf(int row, int column, const QString& text) const 
 void GridBlocks::Copy() {
     const BusyPointer busy;
     const CellBlock block = Block();
+    if (block.columns.isEmpty())
+        return;
     QList<QStringList> rows;
     for (int row = block.top; row < block.top + block.rows; ++row) {
         QStringList cells;
@@ -311,4 +313,5 @@ void GridBlocks::Sort(int column, Qt::SortOrder order) {
     });
     if (const int row = key.isNull() ? -1 : ModelOf(grid_).RowOfKey(key); row >= 0)
         grid_.setCurrentIndex(grid_.model()->index(row, currentColumn));
+    grid_.scrollTo(grid_.currentIndex());
 }

@@ -4,7 +4,10 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
+#include <QHeaderView>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -51,6 +54,12 @@ public:
         return cells.join(u'|');
     }
     QString Status() { return Said("lblStatus"); }
+    /// Status, number and day of each card that has one.
+    QStringList Statuses() {
+        return RowsOf(
+            u"select h.Status||' '||h.NIP||' '||substr(d.Tanggal,9) from TimeCardHeader h inner join "
+            "TimeCardDetail d on h.TCID=d.TCID order by d.Tanggal, h.NIP desc"_s);
+    }
     bool Editing() { return Part<QLineEdit>("Text1").isVisible(); }
 
     QStringList opened;
@@ -131,7 +140,7 @@ TEST(frmAbsensi, ATypedOrPickedStatusMakesTheCard) {
     browser.Go(0);
     Keys(u"s⏎");
     EXPECT_EQ(browser.Row(0), u"0014|01-Nov-2026|||S|T202611010014"_s);
-    Keys(u"↓↓");
+    Keys(u"↓"); // Enter has gone down, too
 
     Keys(u"XX⏎"); // not listed: the list opens, and nothing is written
     ASSERT_TRUE(Browser::ListIsOpen());
@@ -279,4 +288,82 @@ TEST(frmAbsensi, ADoubleClickReadsTheRowOrOpensTheEditor) {
     EXPECT_EQ(browser.Row(1), u"0013|01-Nov-2026|07:45||CT|T202611010013"_s);
     doubleClick(AttendanceModel::Status);
     EXPECT_EQ(browser.Said("Text1"), u"CT"_s);
+}
+
+TEST(frmAbsensi, ABlockOfStatusesIsPastedTakenBackAndMadeAgain) {
+    Browser browser;
+    browser.Open();
+    const QStringList before = browser.Statuses();
+    QGuiApplication::clipboard()->setText(u"s\r\nXX\r\nct\r\n"_s);
+    browser.Go(0);
+    Keys(u"⎈v");
+    EXPECT_TRUE(browser.dialogs.Last().contains(u"0013 Budi Status: kode XX"_s))
+        << "named, and nothing written";
+    EXPECT_EQ(browser.Statuses(), before);
+    QGuiApplication::clipboard()->setText(u"s\r\nct\r\ns\r\n"_s);
+    Keys(u"⎈v");
+    EXPECT_EQ(browser.Said("lblDone"), u"Tempel: 3 sel disimpan. Ctrl+Z membatalkan."_s);
+    const QStringList pasted{u"S 0014 01"_s, u"CT 0013 01"_s, u"S 0012 01"_s};
+    EXPECT_EQ(browser.Statuses(), pasted);
+    EXPECT_TRUE(browser.RowsOf(Cards)[1].endsWith(u"|CT|2026-11-01|2026-11-01 07:45:12|-"_s)) << "times stay";
+    Keys(u"⎈z");
+    EXPECT_EQ(browser.Statuses(), before) << "the cards that were made are gone";
+    Keys(u"⎈y⇧↓⇧↓⎈c"); // and back to the clipboard
+    EXPECT_EQ(browser.Statuses(), pasted);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"S\nCT\nS\n"_s);
+    Keys(u"⎈⇱");
+    browser.Go(3);
+    QGuiApplication::clipboard()->setText(u"CT"_s);
+    Keys(u"⇧↓⇧↓⎈v"); // one value into a block
+    browser.Go(2);
+    Keys(u"⇧↓⇧↓⎈d"); // filled over it from its first row
+    browser.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Status='IN' WHERE TCID='T202611020014'"_s);
+    browser.dialogs.texts.clear();
+    Keys(u"⎈z");
+    EXPECT_TRUE(browser.dialogs.Last().contains(u"0014 Agus Status: di komputer lain sudah menjadi IN"_s));
+    EXPECT_EQ(browser.Statuses().mid(3), (QStringList{u"IN 0014 02"_s, u"CT 0013 02"_s, u"CT 0012 02"_s}));
+    browser.Go(8);
+    QGuiApplication::clipboard()->setText(u"S\nS"_s);
+    Keys(u"⎈v");
+    EXPECT_TRUE(browser.dialogs.Last().contains(u"tidak muat"_s));
+}
+
+TEST(frmAbsensi, RowsAreSortedAndFoundAndWrittenToTheirOwnCards) {
+    Browser browser;
+    browser.Open();
+    const auto click = [&](int column) {
+        QHeaderView& header = *browser.Grid().horizontalHeader();
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                          {header.sectionViewportPosition(column) + 10, header.height() / 2});
+    };
+    const auto names = [&] {
+        return browser.Cell(0, AttendanceModel::Nama) + browser.Cell(8, AttendanceModel::Nama);
+    };
+    browser.Go(1);
+    click(AttendanceModel::Nama);
+    EXPECT_EQ(names(), u"AgusSiti"_s);
+    EXPECT_EQ(browser.Grid().currentIndex().row(), 3) << "the cursor stays with its row";
+    click(AttendanceModel::Nama);
+    EXPECT_EQ(names(), u"SitiAgus"_s);
+    browser.Go(1);
+    Keys(u"s⏎");
+    EXPECT_EQ(browser.Statuses(), (QStringList{u"IN 0013 01"_s, u"S 0012 02"_s}));
+    browser.window->close();
+    browser.window = nullptr;
+    browser.Open(); // another day
+    EXPECT_EQ(names(), u"SitiAgus"_s) << "remembered";
+    browser.Go(0);
+    Keys(u"⎈fagu");
+    EXPECT_EQ(browser.Grid().currentIndex().row(), 6);
+    Keys(u"⏎");
+    EXPECT_EQ(browser.Grid().currentIndex().row(), 7);
+    Keys(u"⎈a0013");
+    EXPECT_EQ(browser.Grid().currentIndex().row(), 3);
+    Keys(u"⎋");
+    EXPECT_TRUE(browser.Grid().hasFocus());
+    EXPECT_TRUE(browser.window->isVisible());
+    click(AttendanceModel::Nama);
+    EXPECT_EQ(names(), u"AgusSiti"_s) << "as it was read";
+    EXPECT_EQ(browser.Cell(1, AttendanceModel::Nama), u"Budi"_s);
+    browser.window->close();
 }

@@ -3,6 +3,9 @@
 #include "support/window_company.h"
 #include "ui/data_grid.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 
@@ -354,4 +357,77 @@ TEST(frmEditAbsensi, PrintsTheGridAndTheTwoMatrices) {
                   3, u"Data akan dicetak ke NOTEPAD,\nTolong format Wordwrap di notepad di non aktifkan."_s));
     EXPECT_EQ(search.dialogs.icons.back(), Dialogs::Icon::Exclamation);
     EXPECT_EQ(search.shownReports, QStringList(3, path));
+}
+
+TEST(frmEditAbsensi, ASavedRowIsOneStepAndABlockAllOrNone) {
+    SearchWindow search;
+    Keys(u"⏎");
+    search.Run(u"UPDATE TimeCardDetail SET TimeOUT=NULL WHERE TCID='T202611210012'"_s);
+    search.Part<QPushButton>("cmdRefresh").click();
+    const QString open = u"T202611210012|OUT|-|-|2026-11-21 07:45:00|-"_s;
+    search.Go(0, Keterangan);
+    Keys(u"lupa⏎");
+    search.Type(0, TimeOut, u"0130"_s); // in the morning after
+    EXPECT_EQ(search.Cell(0, TimeOut), u"01:30:00 (+1)"_s);
+    EXPECT_TRUE(search.Part<DataGrid>("MSHFlexGrid1").IsMarkedUnsaved(search.At(0, 0)));
+    Keys(u"⎈s");
+    EXPECT_EQ(search.RowsOf(Cards)[0], u"T202611210012|OUT|lupa|0|2026-11-21 07:45:00|2026-11-22 01:30:00"_s);
+    Keys(u"⎈z");
+    EXPECT_EQ(search.RowsOf(Cards)[0], open) << "also what the save made 0 of nothing";
+    Keys(u"⎈y");
+    EXPECT_EQ(search.Cell(0, TimeOut) + search.Cell(0, Keterangan), u"01:30:00 (+1)lupa"_s);
+    search.OtherDesk()->Execute(u"UPDATE TimeCardHeader SET Keterangan='sana' WHERE TCID='T202611210012'"_s);
+    Keys(u"⎈z"); // the time alone
+    EXPECT_EQ(search.RowsOf(Cards)[0], QString(open).replace(u"|OUT|-|"_s, u"|OUT|sana|"_s));
+    EXPECT_TRUE(search.dialogs.Last().contains(u"0012 Siti Keterangan: sekarang berisi \"sana\""_s));
+
+    search.Go(1, TimeIn);
+    const QStringList pasted = search.RowsOf(Cards);
+    for (const auto& [clip, reason] : {std::pair{u"08:00\t17:00\npagi\t17:00"_s, u"\"pagi\" bukan jam"_s},
+                                       {u"08:00\t21-Nov-2026 07:00"_s, u"mendahului"_s}}) {
+        QGuiApplication::clipboard()->setText(clip);
+        Keys(u"⎈v");
+        EXPECT_TRUE(search.dialogs.Last().contains(reason)) << search.dialogs.Last().toStdString();
+        EXPECT_EQ(search.RowsOf(Cards), pasted);
+    }
+    QGuiApplication::clipboard()->setText(u"08:00\t17:00\n8.15\t18:00"_s);
+    Keys(u"⎈v");
+    EXPECT_TRUE(search.RowsOf(Cards)[1].endsWith(u"|2026-11-21 08:00:00|2026-11-21 17:00:00"_s));
+    EXPECT_TRUE(search.RowsOf(Cards)[2].endsWith(u"|2026-11-22 08:15:00|2026-11-22 18:00:00"_s));
+    Keys(u"⎈z");
+    EXPECT_EQ(search.RowsOf(u"select TimeIN, TimeOUT from TimeCardDetail order by TCID"_s)[1],
+              u"2026-11-21 07:45:00|2026-11-21 16:30:00"_s);
+    search.Go(0, Tcid);
+    Keys(u"⎈v");
+    EXPECT_TRUE(search.dialogs.Last().contains(u"TCID adalah kunci kartu"_s));
+}
+
+TEST(frmEditAbsensi, NumberAndNameStayInSightAndAreTypedInto) {
+    SearchWindow search;
+    Keys(u"⏎");
+    search.window->resize(700, 400);
+    search.Go(0, OtAmount);
+    ASSERT_GT(search.Grid().horizontalScrollBar()->value(), 0);
+    const QRect number = search.Grid().visualRect(search.At(0, Nip));
+    EXPECT_GE(number.left(), 0);
+    EXPECT_GE(search.Grid().visualRect(search.At(0, OtAmount)).left(),
+              search.Grid().visualRect(search.At(0, Nama)).right());
+    const auto widgetAt = [&] {
+        return QApplication::widgetAt(search.Grid().viewport()->mapToGlobal(number.center()));
+    };
+    QTest::mouseClick(widgetAt(), Qt::LeftButton, {}, number.center());
+    EXPECT_EQ(search.Grid().currentIndex(), search.At(0, Nip));
+    Keys(u"0013");
+    EXPECT_EQ(search.Part<QLineEdit>("Text1").geometry(), number);
+    EXPECT_EQ(widgetAt(), &search.Part<QLineEdit>("Text1")) << "not under the column that stays";
+    Keys(u"⏎↓");
+    EXPECT_EQ(search.RowsOf(u"select NIP from TimeCardHeader order by TCID"_s)[0], u"0013"_s);
+    search.Go(0, TimeInOt);
+    Keys(u"⇱");
+    for (int column = Keterangan; column <= TimeIn; ++column) {
+        search.Go(0, column);
+        EXPECT_GE(search.Grid().visualRect(search.At(0, column)).left(),
+                  search.Grid().visualRect(search.At(0, Nama)).right())
+            << column;
+    }
 }

@@ -3,7 +3,9 @@
 #include "support/window_company.h"
 
 #include <QAbstractItemModelTester>
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
 using Answer = Dialogs::Answer;
@@ -233,4 +235,26 @@ TEST(frmShiftCode, AnEmptyTableTakesAFirstRow) {
         Keys(u"P⏎08:00⏎17:00⏎");
     });
     EXPECT_EQ(codes.Rows(), QStringList{Daily});
+}
+
+TEST(frmShiftCode, BlocksAreWrittenAllOrNoneAndTakenBack) {
+    ShiftCodes codes;
+    const QStringList before = codes.Rows();
+    codes.Open([&](QWidget&) {
+        QGuiApplication::clipboard()->setText(u"21:00\t05:00\n9:00\tpagi"_s);
+        Keys(u"→⎈v");
+        EXPECT_TRUE(codes.dialogs.Last().contains(u"\"pagi\" bukan jam"_s));
+        EXPECT_EQ(codes.Rows(), before);
+        QGuiApplication::clipboard()->setText(u"21:00\t05:00\n9:00\t18:00"_s);
+        Keys(u"⎈v");
+        EXPECT_EQ(codes.Rows(), (QStringList{u"MALAM|1899-12-30 21:00:00|1899-12-31 05:00:00"_s,
+                                             u"P|1899-12-30 09:00:00|1899-12-30 18:00:00"_s}));
+        codes.OtherDesk()->Execute(u"UPDATE Shift SET TimeIn='1899-12-30 10:00:00' WHERE Code='P'"_s);
+        Keys(u"⎈z");
+        EXPECT_EQ(codes.Rows(), (QStringList{Night, u"P|1899-12-30 10:00:00|1899-12-30 18:00:00"_s}));
+        EXPECT_TRUE(codes.dialogs.Last().contains(u"P TimeIn: sekarang berisi \"10:00\""_s));
+        Keys(u"⇱23:00↓⎈z"); // typed, entered by the arrow, saved as the row is left
+        EXPECT_EQ(codes.Rows().first(), Night);
+        EXPECT_EQ(codes.Said("lblStatus"), u"Dibatalkan: 1 sel."_s);
+    });
 }

@@ -5,6 +5,8 @@
 #include "support/window_company.h"
 #include "ui/data_grid.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTest>
@@ -63,6 +65,9 @@ public:
                 throw std::runtime_error("locked");
             return true;
         };
+        editing.tell = [this](const QString& text) { told << text; };
+        editing.secretColumns = {Locked};
+        editing.enterGoes = CellEditing::EnterGoes::Right;
         editing.gridEnterKey = [this](const QModelIndex&) { editor->OpenOnCurrentCell(); };
         editing.gridDeleteKey = [this](const QModelIndex& cell) { deleted << cell.row(); };
         editor = new CellEditor(program, *grid, editing);
@@ -85,6 +90,7 @@ public:
     QList<int> deleted;
     QList<QRect> pickedUnder;
     QStringList reasons;
+    QStringList told;
     bool failing = false;
 };
 
@@ -133,13 +139,13 @@ TEST(CellEditor, SavesARowOnceWhenTheCursorLeavesIt) {
     EXPECT_EQ(host.sheet.Text(0, Host::Plain), u"new"_s);
     EXPECT_TRUE(host.Text1().isHidden());
     EXPECT_TRUE(host.grid->hasFocus());
-    Keys(u"→x⏎");
+    Keys(u"x⏎");
     EXPECT_TRUE(host.editor->RowDirty());
     EXPECT_TRUE(host.saved.isEmpty()) << "the cursor has not left the row";
     Keys(u"↓");
     EXPECT_EQ(host.saved, QList<int>{0});
     EXPECT_FALSE(host.editor->RowDirty());
-    Keys(u"←⏎"); // opens with what the cell holds
+    Keys(u"←←⏎"); // opens with what the cell holds
     EXPECT_EQ(host.Text1().selectedText(), u"old"_s);
     Keys(u"⏎↓");
     EXPECT_EQ(host.saved, QList<int>{0}) << "an unchanged text leaves the row as it was";
@@ -217,4 +223,58 @@ TEST(CellEditor, AsksBeforeUnsavedRowsAreThrownAway) {
         EXPECT_EQ(host.editor->MayLeave(), leaves);
         EXPECT_EQ(host.saved.size(), saves);
     }
+}
+
+TEST(CellEditor, KeysEnterWhatIsTypedAndGoOn) {
+    const std::tuple<QString, int, int> cases[] = {
+        {u"⏎"_s, 2, Host::Picked}, {u"↹"_s, 2, Host::Picked}, {u"⇤"_s, 2, Host::Code},
+        {u"↑"_s, 1, Host::Plain},  {u"↓"_s, 3, Host::Plain},
+    };
+    for (const auto& [key, row, column] : cases) {
+        Host host;
+        host.Go(2, Host::Plain);
+        Keys(u"x"_s + key);
+        EXPECT_EQ(host.sheet.Text(2, Host::Plain), u"x"_s) << key.toStdString();
+        EXPECT_EQ(host.grid->currentIndex(), host.sheet.index(row, column)) << key.toStdString();
+        EXPECT_TRUE(host.grid->hasFocus());
+        EXPECT_TRUE(host.told.isEmpty()) << "nothing is thrown away";
+        EXPECT_EQ(host.saved.size(), row == 2 ? 0 : 1) << key.toStdString();
+        EXPECT_EQ(host.grid->IsMarkedUnsaved(host.sheet.index(2, 0)), row == 2) << "until the row is left";
+    }
+    Host host;
+    host.Go(0, Host::Locked);
+    host.grid->MoveCursor({1, 0});
+    EXPECT_EQ(host.grid->currentIndex(), host.sheet.index(0, Host::Locked)) << "no further";
+    host.Go(0, Host::Code);
+    Keys(u"zz↹");
+    EXPECT_EQ(host.pickedUnder.size(), 1) << "a code is checked whichever key enters it";
+    EXPECT_EQ(host.grid->currentIndex(), host.sheet.index(0, Host::Code));
+}
+
+TEST(CellEditor, SaysWhatItThrowsAwayAndCopiesNoSecret) {
+    Host host;
+    Keys(u"ab⎋");
+    Keys(u"②⎋"); // as it was
+    EXPECT_EQ(host.told, QStringList{u"Tidak disimpan: \"ab\" dibuang."_s});
+    Keys(u"c⌫⏎");
+    EXPECT_EQ(host.told.last(), u"Isi sel tetap \"old\": tidak ada yang diketik."_s);
+    Keys(u"x⎈s");
+    EXPECT_EQ(host.saved, QList<int>{0});
+    EXPECT_FALSE(host.grid->IsMarkedUnsaved(host.sheet.index(0, 0)));
+    host.Go(0, Host::Plain);
+    Keys(u"⇧↓⇧→⇧→⎈c");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"x\t\t\nold\t\t\n"_s);
+    const auto place = [&](int row, int column) {
+        return host.grid->visualRect(host.sheet.index(row, column)).center();
+    };
+    QWidget* cells = host.grid->viewport();
+    QTest::mousePress(cells, Qt::LeftButton, {}, place(1, Host::Code));
+    QTest::mouseMove(cells, place(2, Host::Code));
+    QTest::mouseMove(cells, place(2, Host::Plain));
+    QTest::mouseRelease(cells, Qt::LeftButton, {}, place(2, Host::Plain));
+    Keys(u"⎈c");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"A\told\nA\told\n"_s) << "dragged";
+    host.Go(38, Host::Code);
+    Keys(u"⎈⇧⇲⎈c");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"A\told\t\t\nA\told\t\t\n"_s);
 }
