@@ -92,6 +92,18 @@ QStringList SecondStep() {
     };
 }
 
+/// The lines of the clock devices' files as they came, what they say, whose number it is and what became of
+/// them. The index finds those whose number nobody had.
+QStringList ThirdStep() {
+    return {
+        u"CREATE TABLE DevicePunch (File TEXT NOT NULL, Line INTEGER NOT NULL, Content TEXT NOT NULL, Number "
+        u"TEXT, "
+        "%1, Direction TEXT, NIP TEXT, Outcome TEXT, PRIMARY KEY (File, Line, Content)) WITHOUT ROWID"_s.arg(
+            TimeColumn(u"Moment")),
+        u"CREATE INDEX DevicePunchUnknown ON DevicePunch (File, Line) WHERE NIP IS NULL"_s,
+    };
+}
+
 /// The check of a day or of a moment is what tells such a column from other texts.
 ColumnKind KindOf(const QString& column, const QString& type, const QString& table) {
     if (type == u"BOOLEAN"_s)
@@ -145,7 +157,7 @@ SchemaNames NamesInMemoryAfter(std::span<const SchemaStep> steps, const QString&
 } // namespace
 
 std::span<const SchemaStep> SqliteSchema::Steps() const {
-    static const SchemaStep steps[] = {{1, FirstStep()}, {2, SecondStep()}};
+    static const SchemaStep steps[] = {{1, FirstStep()}, {2, SecondStep()}, {3, ThirdStep()}};
     return steps;
 }
 

@@ -25,6 +25,9 @@ struct Command {
 /// What brings data in and out.
 std::vector<Command> ExchangeCommands();
 
+/// What looks at cards and brings punches onto them.
+std::vector<Command> CardCommands();
+
 /// A day given as an option. Throws UsageError when it is none.
 Day DayOption(const QCommandLineParser& options, const QString& name);
 

@@ -138,6 +138,7 @@ std::vector<Command> Commands() {
          {{u"hash"_s, u"Hashes those that are stored as they were typed."_s}},
          HashPasswords},
     };
+    std::ranges::move(CardCommands(), std::back_inserter(commands));
     std::ranges::move(ExchangeCommands(), std::back_inserter(commands));
     return commands;
 }
