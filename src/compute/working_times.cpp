@@ -1,5 +1,12 @@
 #include "compute/working_times.h"
 
+#include "core/status_codes.h"
+
+bool WorkingTimes::IsDayOff(const QString& code, const std::vector<ShiftRow>& shifts) {
+    const auto shift = modAbsen::HoursOfShift(shifts, code);
+    return code == ShiftCode::DayOff || (shift && shift->start == shift->end);
+}
+
 bool WorkingTimes::EndsAfterMidnight(const ShiftHours& shift) {
     return DayOf(shift.end) > DayOf(shift.start) || TimeOfDay(shift.end) < TimeOfDay(shift.start);
 }

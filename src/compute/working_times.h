@@ -9,6 +9,9 @@ inline constexpr std::chrono::hours BeforeStart{4}; ///< an arrival may come so 
 inline constexpr std::chrono::hours AfterEnd{4};    ///< a departure is waited for so long after the end
 inline constexpr std::chrono::hours Longest{16};    ///< no departure lies further from its arrival
 
+/// Whether nobody works on a day of that code: "O", or one whose row has no hours between start and end.
+bool IsDayOff(const QString& code, const std::vector<ShiftRow>& shifts);
+
 /// Whether the shift ends on the day after its start, on whichever base day its end is stored.
 bool EndsAfterMidnight(const ShiftHours& shift);
 

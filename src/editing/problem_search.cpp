@@ -55,7 +55,9 @@ void ProblemSearch::TakeRosterDay(const QString& nip, Day day, const QString& co
 
 std::optional<WallTime> ProblemSearch::EndOfShift(const QString& code, Day day) const {
     const auto shift = modAbsen::HoursOfShift(shifts_, code);
-    return shift ? std::optional(WorkingTimes::ShiftOn(*shift, day).end) : std::nullopt;
+    return shift && !WorkingTimes::IsDayOff(code, shifts_)
+               ? std::optional(WorkingTimes::ShiftOn(*shift, day).end)
+               : std::nullopt;
 }
 
 CardProblem& ProblemSearch::Add(ProblemKind kind, const PeriodCard& card, const QString& shift) {
@@ -83,7 +85,7 @@ void ProblemSearch::TakeCard(const PeriodCard& card) {
         day->accounted = true;
     const QString code = worked ? modAbsen::ResolveShift(roster, card.timeIn, shifts_) : roster;
     CheckTimes(card, code);
-    if (worked && roster == ShiftCode::DayOff)
+    if (worked && WorkingTimes::IsDayOff(roster, shifts_))
         Add(WorkOnDayOff, card, roster);
     const QString& computedBy = card.shiftCode.isEmpty() ? code : card.shiftCode;
     if (worked && computedBy != ShiftCode::DayOff && !modAbsen::HoursOfShift(shifts_, computedBy))
@@ -125,7 +127,7 @@ std::vector<CardProblem> ProblemSearch::Finish() {
     const size_t days = DayCount(days_);
     for (size_t i = 0; i < calendar_.size(); ++i) {
         const QString& code = codes_[calendar_[i].roster];
-        if (calendar_[i].accounted || code.isEmpty() || code == ShiftCode::DayOff)
+        if (calendar_[i].accounted || code.isEmpty() || WorkingTimes::IsDayOff(code, shifts_))
             continue;
         const PeriodEmployee& employee = employees_[i / days];
         PeriodCard none;

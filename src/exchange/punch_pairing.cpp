@@ -1,7 +1,5 @@
 #include "exchange/punch_pairing.h"
 
-#include "core/status_codes.h"
-
 #include <algorithm>
 
 using namespace WorkingTimes;
@@ -126,7 +124,7 @@ private:
     /// The shift that the roster plans for a day.
     std::optional<ShiftHours> Planned(Day day) const {
         const QString code = rosterOf_(day);
-        if (code.isEmpty() || code == ShiftCode::DayOff)
+        if (code.isEmpty() || IsDayOff(code, rules_.shifts))
             return std::nullopt;
         const auto shift = modAbsen::HoursOfShift(rules_.shifts, code);
         return shift ? std::optional(ShiftOn(*shift, day)) : std::nullopt;

@@ -15,7 +15,8 @@ class Problems : public CompanyTest {
 protected:
     Problems() {
         Run(u"INSERT INTO Shift VALUES ('D','1899-12-30 08:00:00','1899-12-30 16:00:00'),"
-            "('M','1899-12-30 22:00:00','1899-12-31 06:00:00')"_s);
+            "('M','1899-12-30 22:00:00','1899-12-31 06:00:00'),"
+            "('OFF','1899-12-30 00:00:00','1899-12-30 00:00:00')"_s);
         Run(u"INSERT INTO Employee (NIP,Nama,Dept,Keluar) VALUES ('0012','Siti','PROD',NULL),"
             "('0013','Budi','ADM','2026-11-18')"_s);
     }
@@ -119,6 +120,14 @@ TEST_F(Problems, EachKindIsToldAndWhatIsInOrderIsNot) {
          {},
          u"2026-11-18 09:00:00",
          {u"bekerja pada hari libur; periksa jadwal shift hari itu"_s}},
+        {"a day off by another code",
+         u"OFF"_s,
+         u"IN"_s,
+         u"2026-11-18 07:50:00"_s,
+         {},
+         u"2026-11-18 09:00:00",
+         {u"bekerja pada hari libur; periksa jadwal shift hari itu"_s}},
+        {"the same, free", u"OFF"_s, {}, {}, {}, u"2026-11-22", {}},
         {"unknown shift",
          u"X"_s,
          u"IN"_s,

@@ -178,3 +178,20 @@ TEST_F(Tool, CheckTellsWhyAFileCannotBeRead) {
     }
     EXPECT_EQ(EntriesOf(folder.path()), entries);
 }
+
+TEST_F(Tool, PunchesComeInAndProblemsAreToldByLineAndExitStatus) {
+    const QString file = MakeDemo(u"DATA.mdb"_s);
+    const QString punches = folder.filePath(u"mesin.txt"_s);
+    QFile text(punches);
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write("0001\t2030-01-07 07:50:00\n");
+    text.close();
+    const QStringList import{u"import"_s, u"punches"_s, file, punches};
+    const QStringList problems{u"problems"_s, file, u"--from"_s, u"2030-01-07"_s, u"--to"_s, u"2030-01-07"_s};
+    EXPECT_EQ(Tadata(problems).status, 0);
+    EXPECT_TRUE(Tadata(import + QStringList{u"--dry-run"_s}).output.contains(u"1 kartu baru"_s));
+    EXPECT_EQ(Tadata(import).output, u"form: nip tab moment\n1 kartu baru, 0 kartu dilengkapi; 1 masuk\n"_s);
+    EXPECT_EQ(Tadata(import).output,
+              u"form: nip tab moment\n0 kartu baru, 0 kartu dilengkapi; 1 sudah tercatat\n"_s);
+    EXPECT_EQ(Tadata(import + QStringList{u"--format"_s, u"nip"_s}).status, 2);
+}
