@@ -6,6 +6,8 @@
 #include "editing/frmAbsensi.h"
 #include "editing/frmEditAbsensi.h"
 #include "editing/frmEditAbsensiOne.h"
+#include "editing/frmImporAbsen.h"
+#include "editing/frmKartuBermasalah.h"
 #include "reports/frmRptCriteria.h"
 #include "shifts/frmShiftCode.h"
 #include "shifts/frmShiftEmployee.h"
@@ -75,6 +77,7 @@ void DeskWindows::OpenSettings() {
         needs.companySettings = [this](QWidget* over) {
             return std::make_unique<frmPengaturan>(program_, skin_, over);
         };
+        needs.problems = [this](QWidget* over) { return MakeProblems(over); };
         needs.setAdminMode = [this](bool on) { desk_->SetAdminMode(on); };
         settings_ = std::make_unique<frmSetting>(std::move(needs), skin_, desk_.get());
     }
@@ -90,6 +93,19 @@ std::unique_ptr<QDialog> DeskWindows::MakeBrowser(QWidget* over) {
         return EditCard(tcid, nip, QApplication::activeWindow());
     };
     return std::make_unique<frmAbsensi>(program_, std::move(needs), skin_, over);
+}
+
+std::unique_ptr<QDialog> DeskWindows::MakeProblems(QWidget* over) {
+    ProblemWindowNeeds needs;
+    needs.editCard = [this](const QString& tcid, const QString& nip) {
+        return EditCard(tcid, nip, QApplication::activeWindow());
+    };
+    needs.importPunches = [this] {
+        frmImporAbsen punches(program_, skin_, QApplication::activeWindow());
+        punches.exec();
+        return punches.HasWritten();
+    };
+    return std::make_unique<frmKartuBermasalah>(program_, std::move(needs), skin_, over);
 }
 
 bool DeskWindows::EditCard(const QString& tcid, const QString& nip, QWidget* over) {

@@ -25,6 +25,7 @@ private:
     bool SetUp();
     void OpenSettings();
     std::unique_ptr<QDialog> MakeBrowser(QWidget* over);
+    std::unique_ptr<QDialog> MakeProblems(QWidget* over);
     /// True when the card was written.
     bool EditCard(const QString& tcid, const QString& nip, QWidget* over);
 

@@ -40,6 +40,8 @@ constexpr Card Cards[] = {
      u"Karyawan, departemen, divisi, kode absensi dan pengguna", &SettingNeeds::masterData},
     {u"Data", u"cmdPengaturan", u"settings", u"&PENGATURAN",
      u"Nama perusahaan dan aturan yang berlaku di semua komputer", &SettingNeeds::companySettings},
+    {u"Absensi", u"cmdKartuBermasalah", u"warning", u"KARTU &BERMASALAH",
+     u"Melengkapi kartu yang terlupa dan mengimpor mesin absen", &SettingNeeds::problems},
 };
 
 } // namespace

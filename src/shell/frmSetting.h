@@ -24,6 +24,7 @@ struct SettingNeeds {
     MakeWindow masterData = {};
     MakeWindow companySettings = {};
     std::function<void(bool on)> setAdminMode = {};
+    MakeWindow problems = {};
 };
 
 /// The administrator's way to everything that is not done at the desk. Leaving it can turn the desk's admin

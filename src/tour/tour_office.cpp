@@ -29,6 +29,8 @@ void Tour::VisitOffice() {
     PlanRoster();
     In(office, u"⎇d"_s);
     PlanSearch();
+    In(office, u"⎇b"_s);
+    In(u"frmKartuBermasalah"_s, u"[problems]⎋"_s);
     In(office, u"⎇e"_s);
     PlanBrowser();
     PlanReport();
