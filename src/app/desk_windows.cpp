@@ -27,6 +27,8 @@ DeskWindows::DeskWindows(Program& program, b_form_skin::Backgrounds& skin,
             desk_->RefreshSheetNow();
     };
     needs.openSettings = [this] { OpenSettings(); };
+    needs.openProblems = [this] { MakeProblems(desk_.get())->exec(); };
+    needs.countProblems = CountProblems;
     needs.userCountry = std::move(userCountry);
     needs.setUp = [this] { return SetUp(); };
     desk_ = std::make_unique<frmMain>(program, skin, std::move(needs));

@@ -2,6 +2,13 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
+void CardHeader::AddRemark(const QString& remark) {
+    if (!keterangan.contains(remark))
+        keterangan = keterangan.isEmpty() ? remark : keterangan + u"; "_s + remark;
+}
+
 const CardDay* TimeCard::DayOn(Day date) const {
     const auto found = std::ranges::find(days, date, &CardDay::tanggal);
     return found == days.end() ? nullptr : &*found;

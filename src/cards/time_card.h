@@ -23,6 +23,9 @@ struct CardHeader {
     std::optional<double> otAmount = {};
     std::optional<double> totalUangMakan = {};
 
+    /// Adds to what is remarked, unless it is remarked already.
+    void AddRemark(const QString& remark);
+
     bool operator==(const CardHeader&) const = default;
 };
 

@@ -8,6 +8,9 @@ public:
     virtual ~Clock() = default;
     /// The reading of the wall clock, in whole seconds.
     virtual WallTime Now() const = 0;
+    /// Seconds that pass whatever is done to the wall clock, from any start. A clock that nobody sets passes
+    /// them as it is read.
+    virtual Seconds Elapsed() const { return Now() - EmptyTime; }
 
     Day Today() const { return DayOf(Now()); }
 };
@@ -15,4 +18,6 @@ public:
 class SystemClock : public Clock {
 public:
     WallTime Now() const override { return FromQDateTime(QDateTime::currentDateTime()); }
+    /// Goes on while the machine sleeps.
+    Seconds Elapsed() const override;
 };

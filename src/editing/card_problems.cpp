@@ -50,9 +50,7 @@ bool Complete(TimeCard& card, const CardProblem& problem) {
         return false;
     day->timeOut = problem.proposedOut;
     card.header->status = CardStatus::Out.toString();
-    QString& remark = card.header->keterangan;
-    if (!remark.contains(CompletedRemark))
-        remark = remark.isEmpty() ? CompletedRemark : remark + u"; "_s + CompletedRemark;
+    card.header->AddRemark(CompletedRemark);
     return true;
 }
 

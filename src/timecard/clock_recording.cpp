@@ -111,6 +111,8 @@ std::optional<Refusal> RecordClockEntry(Connection& connection, const ClockEntry
             refusal = Refusal::NotClockedIn;
         else
             refusal = RecordDeparture(card, entry);
+        if (!refusal && entry.clockInDoubt)
+            card.header->AddRemark(u"jam komputer berubah"_s);
     });
     return refusal;
 }

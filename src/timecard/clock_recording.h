@@ -17,6 +17,7 @@ struct ClockEntry {
     WallTime openedAt;
     /// The night that the departure ends, as the user was told; recorded on its card, not on the sheet's.
     std::optional<OpenNight> night = {};
+    bool clockInDoubt = false; ///< the card says so in its remark
 
     bool IsClockIn() const { return mode == ClockMode::In; }
     /// What will stand on the card: at clock-in the sheet's day with the present time of day.

@@ -7,6 +7,7 @@
 #include "database/short_patience.h"
 #include "timecard/desk_layout.h"
 #include "timecard/frmAED_Absen.h"
+#include "timecard/refresh_due.h"
 #include "timecard/sheet_lifecycle.h"
 #include "ui/busy_pointer.h"
 #include "ui/typing.h"
@@ -31,7 +32,6 @@ constexpr QSize LeastFirstSize(1366, 768);
 /// What stands beside the columns: frames, margins and the scroll bar.
 constexpr int Frames = 60;
 constexpr int TickMilliseconds = 1200;
-constexpr Seconds RefreshEvery{5};
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
 constexpr std::chrono::milliseconds ClockPatience{200};
 constexpr int FileNotFoundNumber = 53;
@@ -42,16 +42,6 @@ std::optional<int> ColumnOfKey(const QKeyEvent& event) {
     if (!event.modifiers().testFlag(Qt::ControlModifier) || digit < 0 || digit > 9)
         return std::nullopt;
     return digit == 0 ? 9 : digit - 1;
-}
-
-Seconds SecondOfMinute(WallTime time) {
-    return TimeOfDay(time) % std::chrono::minutes{1};
-}
-
-/// The clock stands on a multiple of five seconds, or went past one since the last tick.
-bool RefreshIsDue(WallTime lastTick, WallTime now) {
-    return SecondOfMinute(now) % RefreshEvery == Seconds{0}
-           || lastTick.time_since_epoch() / RefreshEvery != now.time_since_epoch() / RefreshEvery;
 }
 
 } // namespace
@@ -67,7 +57,10 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
         (*label)->setObjectName(name);
     }
     ui_->statusbar->addWidget(lblCounts_);
+    lblProblems_ = new ProblemCount(program_, needs_.countProblems, this);
+    ui_->statusbar->addWidget(lblProblems_);
     ui_->statusbar->addWidget(lblRoster_);
+    ui_->bandClock->Watch(program_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
     ui_->boxSheet->Connect(program_, *ui_->tabTgl);
     ui_->lblCloseTcid->setText(RefusalText(Refusal::SheetClosed));
@@ -91,6 +84,7 @@ void frmMain::ConnectControls() {
     ui_->cmdButtons_2->setEnabled(bool(needs_.openSettings));
     ui_->mnAdmin->setEnabled(bool(needs_.openSettings));
 
+    connect(lblProblems_, &QPushButton::clicked, this, &frmMain::lblProblems_Click);
     connect(ui_->mnIN, &QAction::triggered, this, &frmMain::mnIN_Click);
     connect(ui_->mnOUT, &QAction::triggered, this, &frmMain::mnOUT_Click);
     connect(ui_->mnAdmin, &QAction::triggered, this, &frmMain::mnAdmin_Click);
@@ -153,7 +147,7 @@ void frmMain::Timer1_Timer() {
     const WallTime now = program_.clock.Now();
     sheetIdentifier_ = ui_->boxSheet->Sheet();
     sheetDate_ = FromQDate(ui_->txtTanggal->date());
-    const Seconds rest = SecondOfMinute(now) % RefreshEvery;
+    const Seconds rest = SinceRefresh(now);
     ui_->lblTimer->setText(ShownTime(now) + u'-' + QString::number(rest.count()));
     ui_->lblDay->setText(DayInWords(DayOf(now)));
     if (DayOf(lastTick_) != DayOf(now))
@@ -163,6 +157,7 @@ void frmMain::Timer1_Timer() {
     if (due) {
         blink_ = !blink_;
         RefreshSheet(Cause::Clock);
+        lblProblems_->Tick();
     }
 }
 
@@ -208,6 +203,7 @@ void frmMain::ShowState(bool refreshed) {
     ui_->lblNotRefreshed->setText(
         u"Lembar ini tidak dapat diperbarui sejak pukul %1. Yang tampil mungkin sudah berubah."_s.arg(
             ShownTime(lastRefresh_)));
+    ui_->bandClock->Look(sheet_.LatestArrival());
     ShowCounts();
     ShowRoster();
     const QString file = QFileInfo(program_.Db().FileName()).fileName();
@@ -306,7 +302,8 @@ std::optional<ClockEntry> frmMain::BeginEntry(const QString& mode) {
     // must not go onto a card unless it was read.
     if (!RefreshSheet(Cause::User) || sheet_.IsClosed())
         return std::nullopt;
-    return ClockEntry{sheetIdentifier_, sheetDate_, mode, program_.clock.Now()};
+    return ClockEntry{sheetIdentifier_,     sheetDate_, mode,
+                      program_.clock.Now(), {},         ui_->bandClock->IsInDoubt()};
 }
 
 void frmMain::WarnNoSheet(const QString& undone) {
@@ -327,10 +324,19 @@ bool frmMain::ConfirmDay() {
 }
 
 void frmMain::mnAdmin_Click() {
-    if (!needs_.openSettings || (!adminMode_ && !AskAdminPass(program_)))
+    OpenForSupervisor(needs_.openSettings);
+}
+
+void frmMain::lblProblems_Click() {
+    OpenForSupervisor(needs_.openProblems);
+}
+
+void frmMain::OpenForSupervisor(const std::function<void()>& open) {
+    if (!open || (!adminMode_ && !AskAdminPass(program_)))
         return;
-    needs_.openSettings();
+    open();
     RefreshSheet(Cause::User);
+    lblProblems_->Tick(true);
 }
 
 void frmMain::mnTcidTutup_Click() {

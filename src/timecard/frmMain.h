@@ -2,6 +2,7 @@
 
 #include "core/program.h"
 #include "timecard/clock_recording.h"
+#include "timecard/problem_count.h"
 #include "timecard/refresh_failures.h"
 #include "timecard/sheet_model.h"
 #include "ui/form_skin.h"
@@ -25,6 +26,9 @@ struct MainWindowNeeds {
     std::function<void(const QString& tcid, const QString& nip)> editCard = {};
     /// Opens the administrator's window and waits until it is closed.
     std::function<void()> openSettings = {};
+    /// Opens the days that a supervisor has to look at.
+    std::function<void()> openProblems = {};
+    ProblemCount::Counter countProblems = {};
     std::function<QString()> userCountry = b_WinControlPanel::UserCountry;
     modAbsen::SetUpCompany setUp = {};
 };
@@ -63,12 +67,15 @@ private:
     void mnIN_Click();
     void mnOUT_Click();
     void mnAdmin_Click();
+    void lblProblems_Click();
     void mnTcidTutup_Click();
     void mnBukaTcid_Click();
     void mnAdminMode_Click();
     void MSHFlexGrid1_MouseDown(int column);
     void MSHFlexGrid1_DblClick(int row);
 
+    /// Asks for a supervisor, unless one has turned the admin mode on.
+    void OpenForSupervisor(const std::function<void()>& open);
     void OpenClockEntry(const QString& mode);
     /// What an entry of this mode is recorded on; nothing when none may be opened, which was told.
     std::optional<ClockEntry> BeginEntry(const QString& mode);
@@ -102,6 +109,7 @@ private:
     std::unique_ptr<Ui::frmMain> ui_;
     QLabel* lblCounts_ = nullptr;
     QLabel* lblRoster_ = nullptr;
+    ProblemCount* lblProblems_ = nullptr;
     QLabel* lblUpdated_ = nullptr;
     QTimer Timer1;
 };

@@ -147,6 +147,13 @@ SheetModel::Counts SheetModel::Count() const {
     return counts;
 }
 
+std::optional<WallTime> SheetModel::LatestArrival() const {
+    std::optional<WallTime> latest;
+    for (const SheetEntry& entry : entries_)
+        latest = std::max(latest, entry.timeIn);
+    return latest;
+}
+
 QString SheetModel::RosterText(int row) const {
     const SheetEmployee& employee = employees_.at(static_cast<size_t>(row));
     if (closed_ || entries_[static_cast<size_t>(row)] != Absent())

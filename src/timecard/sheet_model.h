@@ -53,6 +53,8 @@ public:
     Day SheetDay() const { return sheetDay_; }
 
     Counts Count() const;
+    /// Of the cards that are shown; nothing when nobody has arrived.
+    std::optional<WallTime> LatestArrival() const;
     /// What the roster says of an employee without a card on the sheet; "" for one who has a card, and on a
     /// closed sheet. Views show it in the status bar, too.
     QString RosterText(int row) const;

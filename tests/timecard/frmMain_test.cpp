@@ -300,3 +300,19 @@ TEST(frmMain, WhatEscapesAHandlerIsLoggedAndToldAndTheWindowStays) {
     desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
     EXPECT_EQ(desk.RowsOf(Cards).size(), 1);
 }
+
+TEST(frmMain, AClockInDoubtIsTakenNoteOfUntilASupervisorConfirmsIt) {
+    WindowCompany desk;
+    desk.AddCard(u"T202611220014"_s, u"0014"_s, u"IN"_s, u"2026-11-22"_s, u"2026-11-22 08:30:00"_s);
+    desk.clock.now = Moment(u"2026-11-22 07:58:15");
+    desk.Tick();
+    auto& band = Part<QWidget>(*desk.window, "bandClock");
+    EXPECT_TRUE(band.isVisible());
+    desk.Record(Qt::Key_F2, u"0012"_s, u"rahasia"_s);
+    desk.WillLogIn(u"pelon"_s, u"pelon"_s);
+    Keys(u"⎇b");
+    EXPECT_FALSE(band.isVisible());
+    desk.Record(Qt::Key_F2, u"0013"_s, u"kunci1"_s);
+    EXPECT_EQ(desk.RowsOf(u"select NIP, Keterangan from TimeCardHeader order by NIP"_s),
+              (QStringList{u"0012|jam komputer berubah"_s, u"0013|-"_s, u"0014|-"_s}));
+}
