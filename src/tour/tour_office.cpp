@@ -47,7 +47,9 @@ void Tour::PlanRoster() {
         Expect(cells.index(1, RosterModel::FirstDay).data() == u"SIANG"_s,
                u"the roster did not take a code"_s);
         Type(u"[roster]⎈⇟⎇o"_s);
-        Expect(cells.index(41, RosterModel::FirstDay + 30).data() == u"O"_s, u"the pattern did not fill December"_s);
+        const QModelIndex last = cells.index(41, RosterModel::FirstDay + 30);
+        Expect(KeyboardUser::WaitUntil([&] { return last.data() == u"O"_s; }),
+               u"the pattern did not fill December"_s);
         Type(u"[roster-filled]⎋"_s);
     });
     In(u"RosterFillBox"_s, u"PAGIx3 MALAMx3 Ox2⎇g1[roster-pattern]⏎"_s);

@@ -154,8 +154,12 @@ TEST(RosterFill, ABlockIsFilledAndItsPatternKeptUnderAName) {
         EXPECT_TRUE(roster.dialogs.questions.value(0).contains(
             u"\"Dua hari\" sudah ada: P MALAM. Ganti dengan P P"_s));
         EXPECT_EQ(roster.RowsOf(u"select Name, Cycle from ShiftPattern"_s), QStringList{u"Dua hari|P P"_s});
-        roster.Typed(u'o', u"⎇tDua⎇h⎋"_s);
-        EXPECT_EQ(roster.RowsOf(u"select Name from ShiftPattern"_s), QStringList());
+        roster.InBox(u'o', [&](QWidget&) {
+            Keys(u"⎇tDua⎇h");
+            EXPECT_TRUE(KeyboardUser::WaitUntil(
+                [&] { return roster.RowsOf(u"select Name from ShiftPattern"_s).isEmpty(); }));
+            Keys(u"⎋");
+        });
     });
 }
 
