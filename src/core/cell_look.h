@@ -29,6 +29,6 @@ constexpr bool IsChip(CellLook look) {
 
 inline constexpr int CellLookRole = Qt::UserRole;
 /// The text by which a cell is tinted: the same text has the same tint everywhere.
-inline constexpr int CellTintRole = Qt::UserRole + 1;
+inline constexpr int CellTintRole = Qt::UserRole + 2;
 /// What a header says under its title.
-inline constexpr int HeaderNoteRole = Qt::UserRole + 2;
+inline constexpr int HeaderNoteRole = Qt::UserRole + 3;

@@ -17,6 +17,7 @@ constexpr qreal SmallText = 0.85;
 constexpr qreal NarrowestText = 0.75;
 /// Between a chip and the lines of the grid.
 constexpr int ChipGap = 4;
+static_assert(CellTintRole != FigureRole && CellLookRole != FigureRole, "a cell answers to each by itself");
 /// What widths in whole pixels may lack.
 constexpr int Rounding = 2;
 
@@ -38,7 +39,9 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     QBrush fill = cell.backgroundBrush;
     if (cell.state.testFlag(QStyle::State_Selected))
         fill = cell.palette.highlight();
-    if (colours && colours->fill.isValid() && !IsChip(look))
+    const bool dayInBlock = cell.state.testFlag(QStyle::State_Selected) && grid_->EditsCells()
+                            && (look == CellLook::Tinted || look == CellLook::Marked);
+    if (colours && colours->fill.isValid() && !IsChip(look) && !dayInBlock)
         fill = QBrush(colours->fill, look == CellLook::Hatched ? Qt::BDiagPattern : Qt::SolidPattern);
     if (colours && colours->text.isValid())
         textColour = colours->text;

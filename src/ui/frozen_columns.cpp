@@ -96,6 +96,8 @@ bool FrozenColumns::viewportEvent(QEvent* event) {
 }
 
 void FrozenColumns::KeepFree(const QRegion& region) {
+    if (cells_ == Cells::Shown)
+        return; // they lie beside the grid's cells, not over them
     const QRegion rest = QRegion(rect()) - region.translated(0, horizontalHeader()->height());
     if (region.isEmpty())
         clearMask();
