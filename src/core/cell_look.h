@@ -27,8 +27,10 @@ constexpr bool IsChip(CellLook look) {
     return look >= CellLook::AmberChip;
 }
 
-inline constexpr int CellLookRole = Qt::UserRole;
-/// The text by which a cell is tinted: the same text has the same tint everywhere.
-inline constexpr int CellTintRole = Qt::UserRole + 2;
-/// What a header says under its title.
-inline constexpr int HeaderNoteRole = Qt::UserRole + 3;
+/// What a model tells of a cell besides its text.
+enum CellRole : int {
+    CellLookRole = Qt::UserRole,
+    CellTintRole,   ///< the text by which a cell is tinted: the same text has the same tint everywhere
+    HeaderNoteRole, ///< what a header says under its title
+    FigureRole,     ///< how the cell's text is painted
+};

@@ -11,7 +11,5 @@ enum class Figure {
     Flag,   ///< "True" a tick, "False" a dash
 };
 
-inline constexpr int FigureRole = Qt::UserRole + 1;
-
 /// The text as it is painted; a text that is no such figure stays as it is.
 QString ShownFigure(Figure figure, const QString& text);
