@@ -32,7 +32,8 @@ QFont CardButton::TitleFont() const {
 }
 
 QSize CardButton::sizeHint() const {
-    const int lines = QFontMetrics(TitleFont()).height() + Theme::FieldGap + 2 * fontMetrics().height();
+    const int lines =
+        QFontMetrics(TitleFont()).height() + Theme::FieldGap + 2 * fontMetrics().lineSpacing() + 2;
     return {3 * Margin + lines / 2 + LineLength * fontMetrics().averageCharWidth(), 2 * Margin + lines};
 }
 
