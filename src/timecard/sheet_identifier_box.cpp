@@ -3,7 +3,6 @@
 #include "cards/sheet_identifier.h"
 #include "core/supervisor_check.h"
 #include "ui/day_tabs.h"
-#include "ui/icons.h"
 #include "ui/theme.h"
 #include "ui/typing.h"
 #include "ui_sheet_identifier_box.h"
@@ -78,7 +77,8 @@ void SheetIdentifierBox::cmdTCID_Click() {
 void SheetIdentifierBox::ShowLock() {
     const bool unlocked = choice_.IsUnlocked();
     ui_->cmdTCID->setText(unlocked ? u"&Kunci"_s : u"Buka &kunci"_s);
-    ui_->cmdTCID->setIcon(Icon(unlocked ? u"unlock"_s : u"lock"_s));
+    ui_->cmdTCID->setProperty("picture", unlocked ? u"unlock"_s : u"lock"_s);
+    Theme::Restyle(*ui_->cmdTCID);
 }
 
 void SheetIdentifierBox::txtTCID_Change(const QString& sheet) {

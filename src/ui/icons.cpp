@@ -18,10 +18,13 @@ QByteArray Drawing(const QString& name) {
 /// leave their colour open.
 class IconEngine : public QIconEngine {
 public:
-    IconEngine(QByteArray drawing, const QColor& colour) : drawing_(std::move(drawing)), colour_(colour) {}
+    IconEngine(QByteArray drawing, const QColor& colour, const QColor& focused)
+        : drawing_(std::move(drawing)), colour_(colour), focused_(focused) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        const QColor colour = mode == QIcon::Disabled ? Theme::Tone(u"disabled-text") : colour_;
+        const QColor colour = mode == QIcon::Disabled                       ? Theme::Tone(u"disabled-text")
+                              : mode == QIcon::Active && focused_.isValid() ? focused_
+                                                                            : colour_;
         QSvgRenderer picture(QByteArray(drawing_).replace("currentColor", colour.name().toLatin1()));
         picture.render(painter, QRect(rect.topLeft(), QSize(rect.height(), rect.height())));
     }
@@ -37,17 +40,18 @@ public:
 private:
     QByteArray drawing_;
     QColor colour_;
+    QColor focused_;
 };
 
 } // namespace
 
-QIcon Icon(const QString& name, const QColor& colour) {
-    return QIcon(new IconEngine(Drawing(name), colour));
+QIcon Icon(const QString& name, const QColor& colour, const QColor& focused) {
+    return QIcon(new IconEngine(Drawing(name), colour, focused));
 }
 
 /// The window system takes finished pictures only.
 QIcon ProgramIcon() {
-    IconEngine drawn(Drawing(u"timeattendance"_s), {});
+    IconEngine drawn(Drawing(u"timeattendance"_s), {}, {});
     QIcon icon;
     for (const int side : {16, 20, 24, 32, 40, 48, 64, 128, 256})
         icon.addPixmap(drawn.pixmap({side, side}, QIcon::Normal, QIcon::Off));

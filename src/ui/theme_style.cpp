@@ -25,8 +25,23 @@ QString LookOf(const QWidget& widget) {
     return widget.property("look").toString();
 }
 
+/// What the style sheet paints in a colour of its own also as the default button.
+bool KeepsGround(const QPushButton& button) {
+    return LookOf(button) == u"admin"_s || LookOf(button) == u"card"_s;
+}
+
 bool HasColouredGround(const QPushButton& button) {
-    return button.isDefault() || LookOf(button) == u"in"_s || LookOf(button) == u"out"_s;
+    return (button.isDefault() && !KeepsGround(button)) || LookOf(button) == u"in"_s
+           || LookOf(button) == u"out"_s;
+}
+
+/// A button that becomes the default one with the focus has the ground of one then.
+QIcon ButtonIcon(const QAbstractButton& button, const QString& picture) {
+    const auto* push = qobject_cast<const QPushButton*>(&button);
+    const bool coloured = push && HasColouredGround(*push);
+    const bool colouredInFocus = push && (coloured || (push->autoDefault() && !KeepsGround(*push)));
+    const QColor plain = Theme::Tone(push && KeepsGround(*push) ? u"accent" : u"icon");
+    return Icon(picture, coloured ? QColor(Qt::white) : plain, colouredInFocus ? QColor(Qt::white) : plain);
 }
 
 /// Small pictures stand a little over the text beside them.
@@ -45,13 +60,14 @@ void DrawRing(QPainter& painter, const QRectF& around, const QColor& colour) {
 }
 
 /// The ring within what has a colour of its own; elsewhere the style sheet's border is the ring.
-void DrawFocus(QPainter& painter, const QStyleOption& option, const QWidget* widget) {
+void DrawFocus(QPainter& painter, const QWidget* widget) {
     constexpr int fromEdge = 3;
     const auto* button = qobject_cast<const QPushButton*>(widget);
     if (button && HasColouredGround(*button))
         DrawRing(painter, button->rect().adjusted(fromEdge, fromEdge, -fromEdge, -fromEdge), Qt::white);
-    else if (qobject_cast<const QTabBar*>(widget))
-        DrawRing(painter, option.rect, LookOf(*widget).isEmpty() ? Qt::white : Theme::Tone(u"accent"));
+    else if (const auto* tabs = qobject_cast<const QTabBar*>(widget))
+        DrawRing(painter, tabs->tabRect(tabs->currentIndex()).adjusted(2, 2, -4, -2),
+                 LookOf(*widget).isEmpty() ? Qt::white : Theme::Tone(u"accent"));
 }
 
 void DrawTickBox(QPainter& painter, const QStyleOption& option) {
@@ -84,9 +100,7 @@ void ThemeStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     const auto pictureOf = [](const QObject& object) { return object.property("picture").toString(); };
     if (auto* button = qobject_cast<QAbstractButton*>(widget); button && !pictureOf(*button).isEmpty()) {
-        const auto* push = qobject_cast<QPushButton*>(widget);
-        button->setIcon(Icon(pictureOf(*button),
-                             push && HasColouredGround(*push) ? QColor(Qt::white) : Theme::Tone(u"icon")));
+        button->setIcon(ButtonIcon(*button, pictureOf(*button)));
         button->setIconSize(QSize(IconSide() + GapToText, IconSide()));
     }
     if (auto* menu = qobject_cast<QMenu*>(widget)) {
@@ -100,7 +114,7 @@ void ThemeStyle::polish(QWidget* widget) {
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
     if (element == PE_FrameFocusRect)
-        DrawFocus(*painter, *option, widget);
+        DrawFocus(*painter, widget);
     else if (element == PE_IndicatorCheckBox)
         DrawTickBox(*painter, *option);
     else
