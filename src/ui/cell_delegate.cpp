@@ -80,7 +80,7 @@ QSize CellDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
 
 void CellDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& cell,
                              const QModelIndex& index) const {
-    const bool narrow = grid_->SharesRoom(index.column());
+    const bool narrow = grid_->SharesRoom(index.column()) && cell.rect.width() < 2 * cell.rect.height();
     QFont font = cell.font;
     if (narrow)
         font.setPointSizeF(font.pointSizeF() * SmallText);
