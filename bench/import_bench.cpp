@@ -116,7 +116,7 @@ void ImportOfCards(Rounds& rounds) {
 
 QByteArray EmployeeLine(int employee) {
     return QByteArray::fromStdString(NipOf(employee)) + ";Nama " + QByteArray::number(employee)
-           + ";D1;V1;BLN;4.500.000,50;18.500;12.500;01/02/2020\r\n";
+           + ";D1;V1;BLN;4.500.000,50;18.500;12.500;31/01/2020\r\n";
 }
 
 void ImportOfEmployees(Rounds& rounds) {
@@ -151,7 +151,7 @@ void ImportOfEmployees(Rounds& rounds) {
             for (int i = 0; i < Employees; ++i)
                 insert.Run(NipOf(i), "Nama " + std::to_string(i), std::string("D1"), std::string("V1"),
                            std::string("BLN"), std::string("4500000.5"), 18500, 12500,
-                           std::string("2020-02-01"));
+                           std::string("2020-01-31"));
             plain.Execute("COMMIT");
         });
     }
