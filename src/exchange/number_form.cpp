@@ -1,35 +1,62 @@
 #include "exchange/number_form.h"
 
-#include <QRegularExpression>
+#include "core/typed_date.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What counts of a number's cell.
-QString Bare(QStringView cell) {
-    static const QRegularExpression currency(u"^(-?)\\s*Rp\\.?\\s*"_s,
-                                             QRegularExpression::CaseInsensitiveOption);
-    return cell.trimmed().toString().replace(currency, u"\\1"_s);
+bool IsDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
 }
 
-const QRegularExpression& Numbers(NumberForm form) {
-    static const QRegularExpression digits(u"^[+-]?\\d+$"_s);
-    static const QRegularExpression point(u"^[+-]?(\\d+|\\d{1,3}(,\\d{3})+)(\\.\\d+)?$"_s);
-    static const QRegularExpression comma(u"^[+-]?(\\d+|\\d{1,3}(\\.\\d{3})+)(,\\d+)?$"_s);
+/// How many digits the text begins with.
+qsizetype DigitsAt(QStringView text) {
+    return std::ranges::find_if_not(text, IsDigit) - text.begin();
+}
+
+/// What counts of a number's cell.
+QString Bare(QStringView cell) {
+    cell = cell.trimmed();
+    const bool negative = cell.startsWith(u'-');
+    QStringView amount = negative ? cell.sliced(1) : cell;
+    if (!amount.startsWith(u"Rp", Qt::CaseInsensitive))
+        return cell.toString();
+    amount = amount.sliced(2);
+    if (amount.startsWith(u'.'))
+        amount = amount.sliced(1);
+    return (negative ? u"-"_s : QString()).append(amount.trimmed());
+}
+
+/// Whether a text is a number with these signs: digits, or groups of three of them, and decimals.
+bool IsNumber(QStringView text, QChar thousands, QChar decimals) {
+    if (text.startsWith(u'-') || text.startsWith(u'+'))
+        text = text.sliced(1);
+    const qsizetype first = DigitsAt(text);
+    text = text.sliced(first);
+    const bool grouped = text.startsWith(thousands);
+    if (first == 0 || (grouped && first > 3))
+        return false;
+    for (; text.startsWith(thousands); text = text.sliced(4)) {
+        if (DigitsAt(text.sliced(1)) != 3)
+            return false;
+    }
+    return text.isEmpty()
+           || (text.startsWith(decimals) && text.size() > 1 && DigitsAt(text.sliced(1)) == text.size() - 1);
+}
+
+bool IsNumber(QStringView text, NumberForm form) {
     switch (form) {
     case NumberForm::PointDecimals:
-        return point;
+        return IsNumber(text, u',', u'.');
     case NumberForm::CommaDecimals:
-        return comma;
+        return IsNumber(text, u'.', u',');
     case NumberForm::Digits:
         break;
     }
-    return digits;
-}
-
-bool IsNumber(const QString& text, NumberForm form) {
-    return Numbers(form).match(text).hasMatch();
+    return IsNumber(text, QChar(), QChar());
 }
 
 struct DateParts {
@@ -38,14 +65,30 @@ struct DateParts {
     int year = 0;
 };
 
+/// Three numbers with the same sign between, the year last; a midnight may follow.
 std::optional<DateParts> PartsOf(QStringView cell) {
-    static const QRegularExpression date(
-        u"^(\\d{1,2})([/.-])(\\d{1,2})\\2(\\d{4})(?: 0?0[:.]00(?:[:.]00)?)?$"_s);
-    const QRegularExpressionMatch match = date.match(cell.trimmed().toString());
-    if (!match.hasMatch())
-        return std::nullopt;
-    return DateParts{match.capturedView(1).toInt(), match.capturedView(3).toInt(),
-                     match.capturedView(4).toInt()};
+    QStringView text = cell.trimmed();
+    DateParts parts;
+    QChar sign;
+    for (int* part : {&parts.first, &parts.second, &parts.year}) {
+        const qsizetype digits = DigitsAt(text);
+        const bool isYear = part == &parts.year;
+        if (isYear ? digits != 4 : digits < 1 || digits > 2 || digits == text.size())
+            return std::nullopt;
+        *part = text.first(digits).toInt();
+        text = text.sliced(digits);
+        if (isYear)
+            break;
+        if (!QStringView(u"/.-").contains(text.front()) || (part == &parts.second && text.front() != sign))
+            return std::nullopt;
+        sign = text.front();
+        text = text.sliced(1);
+    }
+    if (text.isEmpty())
+        return parts;
+    const std::optional<TypedTime> time = ReadTypedTime(text.trimmed());
+    return text.startsWith(u' ') && time && time->timeOfDay == Seconds{} ? std::optional(parts)
+                                                                         : std::nullopt;
 }
 
 } // namespace
