@@ -163,7 +163,7 @@ TEST_F(Tool, CheckTellsWhyAFileCannotBeRead) {
         {written(u"empty.mdb"_s, {}), u"empty.mdb is empty or not a database of this program"_s},
         {written(u"cut.mdb"_s, whole.chopped(100)), u"incomplete page: "_s},
         {locked, u"database is locked: "_s},
-        {altered(u"newer.mdb"_s, u"PRAGMA user_version=99"_s), u"of version 99; the newest known is 2"_s},
+        {altered(u"newer.mdb"_s, u"PRAGMA user_version=99"_s), u"of version 99; the newest known is "_s},
         {altered(u"older.mdb"_s, u"PRAGMA user_version=0"_s), u"older version"_s},
         {altered(u"incomplete.mdb"_s, u"DROP TABLE AbsenTipe"_s), u"the database lacks absentipe"_s},
     };
