@@ -8,15 +8,55 @@
 #include "editing/frmEditAbsensiOne.h"
 #include "editing/frmImporAbsen.h"
 #include "editing/frmKartuBermasalah.h"
+#include "exchange/access_file.h"
+#include "exchange/database_import.h"
 #include "reports/frmRptCriteria.h"
 #include "shifts/frmShiftCode.h"
 #include "shifts/frmShiftEmployee.h"
 #include "tools/demo_company.h"
+#include "ui/work_progress.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int NotTakenNumber = 90036;
+
+/// What the user is told when not everything could be taken over, table by table.
+QString Differences(const DatabaseImport& import) {
+    QStringList lines;
+    for (const TableAccount& table : import.tables) {
+        if (!table.Agrees())
+            lines << u"%1: %2 baris dibaca, %3 ditulis"_s.arg(table.name, QString::number(table.rowsRead),
+                                                              QString::number(table.rowsWritten));
+    }
+    for (const LeftRow& row : import.refused)
+        lines << u"%1 %2: %3"_s.arg(row.table, row.key, row.why);
+    if (!import.missing.isEmpty())
+        lines << u"Tidak ada di berkas: %1"_s.arg(import.missing.join(u", "));
+    return lines.mid(0, 20).join(u'\n');
+}
+
+bool TakeFromAccess(const QString& file, QWidget* over) {
+    const QString old =
+        QFileDialog::getOpenFileName(over, u"Ambil dari file Access"_s, {}, u"Access (*.mdb *.accdb)"_s);
+    if (old.isEmpty())
+        return false;
+    WorkProgress progress(over, u"Mengambil data ..."_s);
+    AccessFile source(old);
+    const DatabaseImport import = ImportDatabase(source, file, WhenMissing::Refuse, std::ref(progress));
+    if (!import.Agrees() && !import.cancelled)
+        throw ProgramError(NotTakenNumber,
+                           u"Tidak semua data dapat diambil dari %1, jadi tidak ada yang disimpan.\n%2"_s.arg(
+                               old, Differences(import)));
+    return import.Agrees();
+}
+
+} // namespace
 
 DeskWindows::DeskWindows(Program& program, b_form_skin::Backgrounds& skin,
                          std::function<QString()> userCountry)
@@ -53,6 +93,7 @@ bool DeskWindows::SetUp() {
         MakeDemoCompany(file, {.until = program_.clock.Today() - std::chrono::days{1}},
                         [&progress](int percent) { progress(percent, 100); });
     };
+    needs.fromAccess = TakeFromAccess;
     frmSetup setUp(program_, existing.isEmpty() ? program_.folder.Path() + u"/DATA.mdb"_s : existing,
                    std::move(needs), QApplication::activeWindow());
     const bool goOn = setUp.exec() == QDialog::Accepted;

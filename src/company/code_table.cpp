@@ -44,12 +44,11 @@ QString CodeKindName(CodeKind kind) {
 
 std::vector<CodeName> CodeTable::ReadAll() const {
     const TableOfKind& table = TableOf(kind_);
-    Cursor rows = connection_.Query(
-        u"select %1, %2 from %3 order by %4"_s.arg(table.code, table.text, table.table, table.order));
-    std::vector<CodeName> codes;
-    while (rows.Next())
-        codes.push_back({rows.Text(0), rows.Text(1)});
-    return codes;
+    return connection_
+        .Query(u"select %1, %2 from %3 order by %4"_s.arg(table.code, table.text, table.table, table.order))
+        .All([](const Cursor& row) {
+            return CodeName{row.Text(0), row.Text(1)};
+        });
 }
 
 int CodeTable::UseOf(const QString& code) const {

@@ -229,7 +229,9 @@ void EmployeeForm::Write() {
 
 std::optional<Day> EmployeeForm::AskPayFrom() {
     frmPayFrom ask(*program_, before_->nama.isEmpty() ? before_->nip : before_->nama, this);
-    return ask.exec() == QDialog::Accepted ? std::optional(ask.From()) : std::nullopt;
+    const bool answered = ask.exec() == QDialog::Accepted;
+    window()->activateWindow(); // not every window manager gives the focus back
+    return answered ? std::optional(ask.From()) : std::nullopt;
 }
 
 bool EmployeeForm::MayLeave() {
@@ -248,7 +250,7 @@ bool EmployeeForm::MayLeave() {
 
 void EmployeeForm::ShowPhoto(const QString& file) {
     const QSize room = (ui_->imgFoto->minimumSize() - QSize(4, 4)) * devicePixelRatioF();
-    QImage photo = ReadPhoto(file, room);
+    QImage photo = file.isEmpty() ? QImage() : ReadPhoto(file, room);
     photo.setDevicePixelRatio(devicePixelRatioF());
     ui_->imgFoto->setPixmap(QPixmap::fromImage(photo));
 }

@@ -36,6 +36,13 @@ std::function<void()> EmployeeModel::Read(Connection& connection) {
     };
 }
 
+std::vector<ExportColumn> EmployeeModel::ExportColumns() const {
+    using enum ColumnKind;
+    return {{u"NIP"_s},         {u"Nama"_s},         {u"Dept"_s},           {u"Divisi"_s},
+            {u"EmpType"_s},     {u"GP"_s, Number},   {u"RateOT"_s, Number}, {u"TMakan"_s, Number},
+            {u"Masuk"_s, Date}, {u"Keluar"_s, Date}, {u"IdMesin"_s}};
+}
+
 std::vector<PayRow> EmployeeModel::PayToCome(Connection& connection, int row) const {
     std::vector<PayRow> rows = EmployeeStore(connection).PayOf(At(row).nip);
     std::erase_if(rows, [today = clock_.Today()](const PayRow& pay) { return pay.from <= today; });

@@ -32,6 +32,8 @@ public:
 
     QString KeyAt(int row) const override { return At(row).nip; }
     bool MayEdit(int /*row*/, int /*column*/) const override { return false; }
+    /// Headed so that the file comes in again as it is.
+    std::vector<ExportColumn> ExportColumns() const override;
     void Save(int /*row*/, int /*column*/, const QString& /*text*/, CarryAlong /*carry*/) override {}
 
 private:

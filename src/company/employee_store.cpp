@@ -52,25 +52,20 @@ QVariantList Values(const Employee& row) {
 
 std::vector<Employee> ReadEmployees(Connection& connection, const QString& rest,
                                     const QVariantList& values = {}) {
-    Cursor rows = connection.Query(u"select %1 from Employee %2"_s.arg(Columns.join(u','), rest), values);
-    std::vector<Employee> employees;
-    while (rows.Next())
-        employees.push_back(EmployeeIn(rows));
-    return employees;
+    return connection.Query(u"select %1 from Employee %2"_s.arg(Columns.join(u','), rest), values)
+        .All(EmployeeIn);
 }
 
 std::vector<PayRow> ReadPay(Connection& connection, const QString& condition, const QVariant& value) {
-    Cursor rows = connection.Query(
-        u"select NIP, Berlaku, EmpType, GP, RateOT, TMakan from EmployeePay where %1 order by NIP, Berlaku"_s
-            .arg(condition),
-        {value});
-    std::vector<PayRow> found;
-    while (rows.Next()) {
-        const PayTerms pay{rows.Text(2), NumberIn(rows.Value(3)), NumberIn(rows.Value(4)),
-                           NumberIn(rows.Value(5))};
-        found.push_back({rows.Text(0), DayIn(rows.Value(1)).value_or(DayZero), pay});
-    }
-    return found;
+    return connection
+        .Query(u"select NIP, Berlaku, EmpType, GP, RateOT, TMakan from EmployeePay where %1 order by NIP, "
+               "Berlaku"_s.arg(condition),
+               {value})
+        .All([](const Cursor& row) {
+            const PayTerms pay{row.Text(2), NumberIn(row.Value(3)), NumberIn(row.Value(4)),
+                               NumberIn(row.Value(5))};
+            return PayRow{row.Text(0), DayIn(row.Value(1)).value_or(DayZero), pay};
+        });
 }
 
 /// Where else an employee's number stands, its cards apart.

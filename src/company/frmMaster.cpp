@@ -1,6 +1,7 @@
 #include "company/frmMaster.h"
 
 #include "company/code_model.h"
+#include "company/frmImpor.h"
 #include "company/frmPassword.h"
 #include "company/user_model.h"
 #include "ui/busy_pointer.h"
@@ -11,10 +12,8 @@
 #include "ui_frmMaster.h"
 
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QKeyEvent>
 #include <QShortcut>
-#include <QSortFilterProxyModel>
 
 using namespace Qt::StringLiterals;
 
@@ -23,23 +22,16 @@ namespace {
 constexpr QSize FirstSize(1366, 740);
 constexpr int RefreshMilliseconds = 5000;
 
-QString AskForPhoto(QWidget* over) {
-    return QFileDialog::getOpenFileName(over, u"Pilih foto"_s, {},
-                                        u"Gambar (*.jpg *.jpeg *.png *.gif *.bmp)"_s);
-}
-
 } // namespace
 
 frmMaster::frmMaster(Program& program, const b_form_skin::Backgrounds& skin, QWidget* parent,
-                     MasterNeeds needs)
-    : QDialog(parent), program_(program), needs_(std::move(needs)),
+                     MasterFiles files)
+    : QDialog(parent), program_(program), files_(std::move(files)),
       employees_(new EmployeeModel(program.clock, this)), ui_(std::make_unique<Ui::frmMaster>()) {
     ui_->setupUi(this);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     b_form_skin::SkinWindow(*this, skin.Picture(modAbsen::Background::Big));
-    if (!needs_.choosePhoto)
-        needs_.choosePhoto = AskForPhoto;
-    ui_->frmKaryawan->Use(program_, [this] { return needs_.choosePhoto(this); });
+    ui_->frmKaryawan->Use(program_, [this] { return files_.photo(this); });
     kinds_.reserve(6);
     AddKind(u"Karyawan"_s, "grdKaryawan", employees_);
     const std::pair<CodeKind, const char*> codes[] = {{CodeKind::Department, "grdDepartemen"},
@@ -49,9 +41,6 @@ frmMaster::frmMaster(Program& program, const b_form_skin::Backgrounds& skin, QWi
     for (const auto& [kind, gridName] : codes)
         AddKind(CodeKindName(kind), gridName, new CodeModel(kind, this));
     AddKind(u"Pengguna"_s, "grdPengguna", new UserModel(this));
-    // Export and import have their buttons once there is something to do it.
-    ui_->cmdImpor->hide();
-    ui_->cmdEkspor->hide();
     ConnectControls();
     RestorePlace(*this, FirstSize);
 }
@@ -69,7 +58,7 @@ void frmMaster::AddKind(const QString& name, const char* gridName, MasterModel* 
     grid->setModel(rows);
     grid->SetEmptyText(u"Belum ada %1. Tekan Tambah (Alt+T)."_s.arg(name.toLower()));
     ui_->stkGrids->addWidget(grid);
-    Kind& kind = kinds_.emplace_back(Kind{model, rows, grid});
+    Kind& kind = kinds_.emplace_back(Kind{{model, rows, grid}});
     ui_->lstKinds->addItem(u"%1  %2"_s.arg(kinds_.size()).arg(name));
     if (model != employees_)
         MakeEditor(kind);
@@ -93,11 +82,10 @@ void frmMaster::MakeEditor(Kind& kind) {
     CellEditing editing;
     editing.fixedColumns = 0;
     editing.mayEdit = [of](const QModelIndex& cell) {
-        return of->model->MayEdit(of->rows->mapToSource(cell).row(), cell.column());
+        return of->model->MayEdit(of->RowOf(cell), cell.column());
     };
     editing.mayEnter = [this, of](const QModelIndex& cell, const QString& text) {
-        return cell.column() != MasterModel::Key
-               || MayChangeKey(*of->model, of->rows->mapToSource(cell).row(), text.trimmed());
+        return cell.column() != MasterModel::Key || MayChangeKey(*of->model, of->RowOf(cell), text.trimmed());
     };
     editing.saveCell = [this, of](const QModelIndex& cell, const QString& text) {
         SaveCell(*of, cell, text);
@@ -106,22 +94,25 @@ void frmMaster::MakeEditor(Kind& kind) {
     editing.gridEnterKey = [of](const QModelIndex&) { of->editor->OpenOnCurrentCell(); };
     editing.gridDoubleClick = editing.gridEnterKey;
     editing.gridDeleteKey = [this](const QModelIndex&) { cmdHapus_Click(); };
-    kind.editor = new CellEditor(program_, *kind.grid, std::move(editing));
+    kind.editor = new CellEditor(program_, static_cast<DataGrid&>(*kind.grid), std::move(editing));
 }
 
 void frmMaster::ConnectControls() {
     connect(ui_->lstKinds, &QListWidget::currentRowChanged, this, &frmMaster::ShowKind);
     connect(ui_->txtFilter, &QLineEdit::textChanged, this, [this](const QString& text) {
-        Shown().rows->setFilterFixedString(text);
+        Shown().shown->setFilterFixedString(text);
         ShowCount();
     });
     connect(ui_->cmdTambah, &QPushButton::clicked, this, &frmMaster::cmdTambah_Click);
     connect(ui_->cmdHapus, &QPushButton::clicked, this, &frmMaster::cmdHapus_Click);
     connect(ui_->cmdPassword, &QPushButton::clicked, this, &frmMaster::cmdPassword_Click);
+    connect(ui_->cmdImpor, &QPushButton::clicked, this, &frmMaster::cmdImpor_Click);
+    connect(ui_->cmdEkspor, &QPushButton::clicked, this, &frmMaster::cmdEkspor_Click);
     connect(ui_->cmdKeluar, &QPushButton::clicked, this, &QWidget::close);
     connect(ui_->frmKaryawan, &EmployeeForm::Saved, this, &frmMaster::Employee_Saved);
     connect(ui_->frmKaryawan, &EmployeeForm::Left, this, &frmMaster::Employee_Left);
-    connect(kinds_.front().grid, &DataGrid::RowChosen, this, [this] { ui_->frmKaryawan->FocusFirst(); });
+    connect(static_cast<DataGrid*>(kinds_.front().grid), &DataGrid::RowChosen, this,
+            [this] { ui_->frmKaryawan->FocusFirst(); });
     for (int index = 0; index < ui_->lstKinds->count(); ++index) {
         auto* shortcut = new QShortcut(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + index), this);
         connect(shortcut, &QShortcut::activated, this, [this, index] {
@@ -136,25 +127,29 @@ void frmMaster::ConnectControls() {
 }
 
 void frmMaster::Form_Load() {
-    ui_->txtFilter->clear();
     ui_->lstKinds->setCurrentRow(0);
-    ShowKind(0);
+    EnterKind(0);
     Shown().grid->setFocus();
     Timer1.start();
 }
 
 void frmMaster::ShowKind(int index) {
-    if (index < 0)
+    const int before = ui_->stkGrids->currentIndex();
+    if (index < 0 || index == before)
         return;
-    if (ShowsEmployees() && index != 0 && !ui_->frmKaryawan->MayLeave()) {
-        ui_->lstKinds->setCurrentRow(0);
-        return;
-    }
+    if (ShowsEmployees() && !ui_->frmKaryawan->MayLeave())
+        ui_->lstKinds->setCurrentRow(before);
+    else
+        EnterKind(index);
+}
+
+void frmMaster::EnterKind(int index) {
+    ui_->txtFilter->clear();
     Shown().model->DropNew();
     ui_->stkGrids->setCurrentIndex(index);
     ui_->frmKaryawan->setVisible(ShowsEmployees());
+    ui_->cmdImpor->setVisible(ShowsEmployees());
     ui_->cmdPassword->setVisible(ShowsEmployees() || ShowsUsers());
-    ui_->txtFilter->clear();
     RefreshShown({});
 }
 
@@ -162,7 +157,7 @@ void frmMaster::RefreshShown(const QString& key) {
     Trapped(program_, u"frmMaster.Refresh"_s, [&] {
         const BusyPointer busy;
         read_ = program_.Db().Changes();
-        Refresh(Shown(), key);
+        Shown().Refresh(program_.Db(), key);
         if (ShowsEmployees()) {
             ui_->frmKaryawan->OfferCodes();
             formOf_.clear();
@@ -172,24 +167,13 @@ void frmMaster::RefreshShown(const QString& key) {
     ShowCount();
 }
 
-void frmMaster::Refresh(Kind& kind, const QString& key) {
-    const int column = std::max(0, kind.grid->currentIndex().column());
-    const int before = std::max(0, kind.grid->currentIndex().row());
-    kind.model->Refresh(program_.Db());
-    const int row = kind.model->RowOf(key);
-    if (row >= 0)
-        GoTo(kind, row, column);
-    else
-        kind.grid->setCurrentIndex(kind.rows->index(std::min(before, kind.rows->rowCount() - 1), column));
-}
-
 void frmMaster::Timer1_Timer() {
     if (!isVisible() || IsBusy())
         return;
     bool changed = false;
     Trapped(program_, u"frmMaster.Timer1_Timer"_s, [&] { changed = program_.Db().Changes() != read_; });
     if (changed)
-        RefreshShown(CurrentKey());
+        RefreshShown(Shown().CurrentKey());
 }
 
 /// Whether something is being typed that a refresh would take away.
@@ -207,7 +191,7 @@ void frmMaster::Grid_RowChanged() {
         this,
         [this] {
             MasterModel& model = *Shown().model;
-            if (model.HasNew() && !model.IsNew(CurrentRow()))
+            if (model.HasNew() && !model.IsNew(Shown().CurrentRow()))
                 model.DropNew();
             if (ShowsEmployees())
                 ShowEmployee();
@@ -216,15 +200,15 @@ void frmMaster::Grid_RowChanged() {
 }
 
 void frmMaster::ShowEmployee() {
-    const QString key = CurrentKey();
+    const QString key = Shown().CurrentKey();
     if (key == formOf_ && !key.isEmpty())
         return;
     if (!formOf_.isEmpty() && !ui_->frmKaryawan->MayLeave()) {
-        GoTo(Shown(), employees_->RowOf(formOf_), 0);
+        Shown().GoTo(employees_->RowOf(formOf_), 0);
         return;
     }
     formOf_ = key;
-    const int row = CurrentRow();
+    const int row = Shown().CurrentRow();
     if (row < 0)
         return ui_->frmKaryawan->ShowNobody();
     ui_->frmKaryawan->ShowEmployee(employees_->At(row), employees_->PayAt(row),
@@ -240,12 +224,12 @@ void frmMaster::cmdTambah_Click() {
         return;
     }
     kind.grid->setFocus();
-    GoTo(kind, kind.model->AddRow(), MasterModel::Key);
+    kind.GoTo(kind.model->AddRow(), MasterModel::Key);
     kind.editor->OpenOnCurrentCell();
 }
 
 void frmMaster::cmdHapus_Click() {
-    const int row = CurrentRow();
+    const int row = Shown().CurrentRow();
     if (row < 0)
         return;
     if (Shown().model->IsNew(row))
@@ -253,7 +237,7 @@ void frmMaster::cmdHapus_Click() {
     if (ShowsEmployees())
         return RemoveEmployee(row);
     Trapped(program_, u"frmMaster.cmdHapus_Click"_s, [&] {
-        const QString key = CurrentKey();
+        const QString key = Shown().CurrentKey();
         const QString use = Shown().model->UseOf(row);
         const QString question = use.isEmpty() ? u"Hapus %1?"_s.arg(key)
                                                : u"%1 masih dipakai %2. Baris-baris itu tidak ikut dihapus.\n"
@@ -291,11 +275,13 @@ void frmMaster::RemoveEmployee(int row) {
 void frmMaster::cmdPassword_Click() {
     if (ShowsEmployees() && ui_->frmKaryawan->IsChanged() && !ui_->frmKaryawan->Save())
         return;
-    const QString key = CurrentKey();
+    const QString key = Shown().CurrentKey();
     if (key.isEmpty())
         return;
     frmPassword ask(program_.dialogs, key, this);
-    if (ask.exec() != QDialog::Accepted)
+    const bool answered = ask.exec() == QDialog::Accepted;
+    activateWindow(); // not every window manager gives the focus back
+    if (!answered)
         return;
     Trapped(program_, u"frmMaster.cmdPassword_Click"_s, [&] {
         const BusyPointer busy;
@@ -305,6 +291,33 @@ void frmMaster::cmdPassword_Click() {
         Tell(u"Password %1 disimpan."_s.arg(key));
     });
     Shown().grid->setFocus();
+}
+
+void frmMaster::cmdImpor_Click() {
+    if (!ui_->frmKaryawan->MayLeave())
+        return;
+    Trapped(program_, u"frmMaster.cmdImpor_Click"_s, [this] {
+        const QString file = files_.import(this);
+        const bool taken =
+            !file.isEmpty() && frmImpor(program_, ReadEmployeeFile(file), this).exec() == QDialog::Accepted;
+        activateWindow();
+        if (!taken)
+            return;
+        RefreshShown(Shown().CurrentKey());
+        Tell(u"Karyawan dari %1 disimpan."_s.arg(file));
+    });
+}
+
+/// What is shown, in its order.
+void frmMaster::cmdEkspor_Click() {
+    Trapped(program_, u"frmMaster.cmdEkspor_Click"_s, [this] {
+        const QString file = files_.exportTo(this);
+        if (file.isEmpty())
+            return;
+        const BusyPointer busy;
+        const int rows = Shown().Export(file);
+        Tell(u"%1 baris ditulis ke %2."_s.arg(QString::number(rows), file));
+    });
 }
 
 bool frmMaster::MayChangeKey(const MasterModel& model, int row, const QString& text) {
@@ -319,18 +332,21 @@ bool frmMaster::MayChangeKey(const MasterModel& model, int row, const QString& t
 }
 
 void frmMaster::SaveCell(Kind& kind, const QModelIndex& cell, const QString& text) {
-    const QModelIndex source = kind.rows->mapToSource(cell);
+    const QModelIndex source = kind.shown->mapToSource(cell);
     const bool isNew = kind.model->IsNew(source.row());
     kind.model->Save(source.row(), source.column(), text, carry_);
     Tell(u"%1 disimpan."_s.arg(kind.model->KeyAt(source.row())));
     if (!isNew)
         return;
     // A new row goes on to what the key stands for, once the editor has left its cell.
-    const QPersistentModelIndex next = source.siblingAtColumn(MasterModel::Key + 1);
+    int column = MasterModel::Key + 1;
+    while (column < kind.model->columnCount() - 1 && !kind.model->MayEdit(source.row(), column))
+        ++column;
+    const QPersistentModelIndex next = source.siblingAtColumn(column);
     QMetaObject::invokeMethod(
         this,
         [this, of = &kind, next] {
-            GoTo(*of, next.row(), next.column());
+            of->GoTo(next.row(), next.column());
             of->editor->OpenOnCurrentCell();
         },
         Qt::QueuedConnection);
@@ -353,7 +369,7 @@ void frmMaster::Employee_Left() {
 
 void frmMaster::ShowCount() {
     const Kind& kind = Shown();
-    Tell(u"%1 dari %2 baris"_s.arg(kind.rows->rowCount()).arg(kind.model->rowCount()));
+    Tell(u"%1 dari %2 baris"_s.arg(kind.shown->rowCount()).arg(kind.model->rowCount()));
 }
 
 void frmMaster::Tell(const QString& text) {
@@ -370,20 +386,6 @@ bool frmMaster::ShowsEmployees() {
 
 bool frmMaster::ShowsUsers() {
     return ui_->stkGrids->currentIndex() == static_cast<int>(kinds_.size()) - 1;
-}
-
-int frmMaster::CurrentRow() {
-    const Kind& kind = Shown();
-    return kind.rows->mapToSource(kind.grid->currentIndex()).row();
-}
-
-QString frmMaster::CurrentKey() {
-    const int row = CurrentRow();
-    return row < 0 ? QString() : Shown().model->KeyAt(row);
-}
-
-void frmMaster::GoTo(Kind& kind, int row, int column) {
-    kind.grid->setCurrentIndex(kind.rows->mapFromSource(kind.model->index(row, column)));
 }
 
 void frmMaster::showEvent(QShowEvent* event) {

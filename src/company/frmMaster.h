@@ -1,36 +1,29 @@
 #pragma once
 
 #include "company/employee_model.h"
+#include "company/master_files.h"
+#include "company/master_kind.h"
 #include "core/program.h"
 #include "ui/form_skin.h"
 
 #include <QDialog>
 #include <QTimer>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
 class CellEditor;
-class DataGrid;
-class QSortFilterProxyModel;
 
 namespace Ui {
 class frmMaster;
 }
-
-/// What the window needs of its surroundings.
-struct MasterNeeds {
-    /// Asks for a picture file; empty when none was chosen. Without it, a file dialog does.
-    std::function<QString(QWidget* over)> choosePhoto = {};
-};
 
 /// The company's master data: employees, codes and users, one grid each.
 class frmMaster : public QDialog {
     Q_OBJECT
 public:
     frmMaster(Program& program, const b_form_skin::Backgrounds& skin, QWidget* parent,
-              MasterNeeds needs = {});
+              MasterFiles files = AskForFiles());
     ~frmMaster() override;
 
     /// Reads what other desks have written since, unless something is being typed here.
@@ -42,11 +35,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    /// One kind of master data.
-    struct Kind {
-        MasterModel* model;
-        QSortFilterProxyModel* rows; ///< those that the filter leaves
-        DataGrid* grid;
+    struct Kind : MasterKind {
         CellEditor* editor = nullptr; ///< employees are edited in their form
     };
 
@@ -54,13 +43,16 @@ private:
     void MakeEditor(Kind& kind);
     void ConnectControls();
     void Form_Load();
+    /// Goes to another kind, unless what is typed into the form holds it.
     void ShowKind(int index);
-    /// Reads the kind's rows anew and stays on the row of the key.
-    void Refresh(Kind& kind, const QString& key);
+    void EnterKind(int index);
+    /// Reads the rows of the kind that is shown anew.
     void RefreshShown(const QString& key);
     void cmdTambah_Click();
     void cmdHapus_Click();
     void cmdPassword_Click();
+    void cmdImpor_Click();
+    void cmdEkspor_Click();
     void Grid_RowChanged();
     void RemoveEmployee(int row);
     /// Asks what becomes of the rows that name a key which is changed; false when it stays as it is.
@@ -75,14 +67,10 @@ private:
     Kind& Shown();
     bool ShowsEmployees();
     bool ShowsUsers();
-    /// The row of the model under the cursor; -1 for none.
-    int CurrentRow();
-    QString CurrentKey();
-    void GoTo(Kind& kind, int row, int column);
     bool IsBusy();
 
     Program& program_;
-    MasterNeeds needs_;
+    MasterFiles files_;
     EmployeeModel* employees_;
     std::vector<Kind> kinds_;
     CarryAlong carry_ = CarryAlong::No;

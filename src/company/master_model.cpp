@@ -43,3 +43,10 @@ void MasterModel::TakeAway(int row) {
     Erase(row);
     endRemoveRows();
 }
+
+std::vector<ExportColumn> MasterModel::ExportColumns() const {
+    std::vector<ExportColumn> columns;
+    for (int column = 0; column < columnCount(); ++column)
+        columns.push_back({headerData(column, Qt::Horizontal).toString()});
+    return columns;
+}

@@ -2,6 +2,7 @@
 
 #include "core/table_model.h"
 #include "database/connection.h"
+#include "exchange/table_export.h"
 
 #include <functional>
 
@@ -30,6 +31,9 @@ public:
     virtual void Save(int row, int column, const QString& text, CarryAlong carry) = 0;
     /// Removes a row that is written, here and in the database.
     void Remove(int row);
+
+    /// The columns as a file for spreadsheets has them.
+    virtual std::vector<ExportColumn> ExportColumns() const;
 
     bool HasNew() const { return hasNew_; }
     bool IsNew(int row) const { return hasNew_ && row == rowCount() - 1; }

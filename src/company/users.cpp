@@ -22,15 +22,15 @@ bool AnyRow(Connection& connection, const QString& query, const QVariantList& va
 } // namespace
 
 std::vector<UserRow> Users::ReadAll() const {
-    Cursor rows = connection_.Query(
-        u"select u.UserID, u.[Password], e.Nama, e.NIP, j.GroupID from [User] u left join Employee e on "
-        "e.NIP=u.UserID left join User_Job j on j.UserID=u.UserID and j.GroupID='SPV' order by u.UserID"_s);
-    std::vector<UserRow> users;
-    while (rows.Next()) {
-        const auto name = rows.Value(3).IsNull() ? std::nullopt : std::optional(rows.Text(2));
-        users.push_back({rows.Text(0), name, !rows.Value(4).IsNull(), KindOf(rows.Text(1))});
-    }
-    return users;
+    return connection_
+        .Query(
+            u"select u.UserID, u.[Password], e.Nama, e.NIP, j.GroupID from [User] u left join Employee e on "
+            "e.NIP=u.UserID left join User_Job j on j.UserID=u.UserID and j.GroupID='SPV' order by "
+            "u.UserID"_s)
+        .All([](const Cursor& row) {
+            const auto name = row.Value(3).IsNull() ? std::nullopt : std::optional(row.Text(2));
+            return UserRow{row.Text(0), name, !row.Value(4).IsNull(), KindOf(row.Text(1))};
+        });
 }
 
 void Users::Add(const QString& id) const {

@@ -65,6 +65,7 @@ bool Tour::Run() {
     desk_->resize(1366, 768);
     desk_->show();
 
+    ShowSetup();
     RecordColleagues();
     clock_.now += 4s;
     Type(u"⎈⇱[desk]"_s);

@@ -44,6 +44,8 @@ private:
     void PlanSearch();
     void PlanBrowser();
     void PlanReport();
+    void PlanMasterData();
+    void ShowSetup();
 
     /// Types keys in the window in front (Keys); a name in brackets keeps a picture of that window.
     void Type(const QString& script);

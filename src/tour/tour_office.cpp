@@ -1,8 +1,10 @@
+#include "company/frmSetup.h"
 #include "editing/attendance_model.h"
 #include "editing/search_row.h"
 #include "shifts/roster_model.h"
 #include "tour/tour.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
 
@@ -34,8 +36,32 @@ void Tour::VisitOffice() {
     In(office, u"⎇e"_s);
     PlanBrowser();
     PlanReport();
+    In(office, u"⎇m"_s);
+    PlanMasterData();
+    In(office, u"⎇p"_s);
+    In(u"frmPengaturan"_s, u"[company-settings]⎋"_s);
     In(office, u"⎋"_s);
     ChooseFromMenu(OfficeEntry);
+}
+
+/// What a program without a database offers, up to the last step.
+void Tour::ShowSetup() {
+    SetupNeeds needs;
+    needs.makeDemo = [](const QString&, const Progress&) {};
+    In(u"frmSetup"_s, u"[setup]⏎PT Maju Jaya⏎bos⏎Kunci7⏎Kunci7[setup-company]⑥[setup-shifts]⑥"
+                      "PROD Produksi⏎ADM Administrasi↹A Regu A⏎B Regu B[setup-codes]⎋⎋⎋⎋"_s);
+    frmSetup(program_, program_.folder.Path() + u"/New.mdb"_s, std::move(needs), nullptr).exec();
+}
+
+/// Raises somebody's pay from the first of next month on, then looks at codes and users.
+void Tour::PlanMasterData() {
+    user_.WhenIn(u"frmMaster"_s, [this](QWidget& master) {
+        master.resize(OfficeSize);
+        Type(u"↓[master-employees]⏎⏎⏎⏎⏎6500000⑥"_s);
+        Expect(!master.findChild<QLabel*>(u"lblState"_s)->text().isEmpty(), u"the raise was not kept"_s);
+        Type(u"[master-raise]⎇2↓[master-departments]⎇6[master-users]⎋"_s);
+    });
+    In(u"frmPayFrom"_s, u"1/12/2026[pay-from]⏎"_s);
 }
 
 /// Gives three employees their shift of the first day, and everyone the next month by a pattern.
