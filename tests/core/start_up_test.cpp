@@ -1,5 +1,7 @@
 #include "core/start_up.h"
 
+#include "database/database_file.h"
+
 #include "support/test_company.h"
 
 #include <QDir>
@@ -137,4 +139,51 @@ TEST(RegionalSetting, OnlyTheUnitedStatesInAnyLetterCase) {
         {u"\0United States"_s, false}};
     for (const auto& [country, passes] : cases)
         EXPECT_EQ(b_WinControlPanel::IsRegionalSettingUS(country), passes) << country.toStdString();
+}
+
+TEST_F(StartUp, OffersToSetUpWhereNoCompanyIsFound) {
+    const struct {
+        const char* what;
+        bool hasFile;
+        bool hasSupervisor;
+        bool setsUp;
+        int asked;
+        bool starts;
+    } cases[] = {
+        {"a company", true, true, true, 0, true},
+        {"no supervisor", true, false, true, 1, true},
+        {"no supervisor, left", true, false, false, 1, false},
+        {"no file, left", false, false, false, 1, false},
+        {"no file", false, false, true, 1, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        TestCompany other(TestCompany::Database::Closed);
+        QDir(other.folder.path()).mkdir(u"images"_s);
+        for (const QString& picture : {u"back_big"_s, u"back_litle"_s, u"back_midle"_s, u"back"_s})
+            QFile::copy(company.folder.filePath(u"images/back.gif"_s),
+                        other.folder.filePath(u"images/%1.gif"_s.arg(picture)));
+        const auto appoint = [&] {
+            const auto db = other.OtherDesk();
+            db->Execute(u"insert into [User] values ('bos','x')"_s);
+            db->Execute(u"insert into User_Job values ('bos','SPV')"_s);
+        };
+        if (c.hasSupervisor)
+            appoint();
+        if (!c.hasFile)
+            QFile::remove(other.DatabaseFile());
+        int asked = 0;
+        const bool started = modAbsen::InitApplication(
+            other.program, screen, [] { return u"United States"_s; },
+            [&] {
+                ++asked;
+                if (c.setsUp && !c.hasFile)
+                    CreateDatabase(other.DatabaseFile());
+                if (c.setsUp)
+                    appoint();
+                return c.setsUp;
+            });
+        EXPECT_EQ(std::tie(asked, started), std::tie(c.asked, c.starts));
+        EXPECT_EQ(other.dialogs.texts, QStringList());
+    }
 }

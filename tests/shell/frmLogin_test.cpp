@@ -67,3 +67,14 @@ TEST(frmLogin, ThePasswordCannotBeCopiedAndCapsLockIsTold) {
     });
     frmLogin(company.clock, channel, skin, nullptr).exec();
 }
+
+TEST(frmLogin, TellsOfTheDemoUserWhereThereIsOne) {
+    TestCompany company;
+    const b_form_skin::Backgrounds skin;
+    LoginHandOver channel;
+    const std::pair<bool, QString> cases[] = {
+        {true, u"anda dibawah ini: (untuk demo user [pelon] pass [pelon]"_s},
+        {false, u"anda dibawah ini:"_s}};
+    for (const auto& [demo, end] : cases)
+        EXPECT_TRUE(TextOf(frmLogin(company.clock, channel, skin, nullptr, demo), "Label4").endsWith(end));
+}

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The window with four windows that do nothing but open.
+/// The window with windows that do nothing but open.
 class Hub : public WindowFixture {
 public:
     Hub() {
@@ -16,6 +16,8 @@ public:
                            .roster = Maker(u"roster"_s),
                            .shiftCodes = Maker(u"shiftCodes"_s),
                            .search = Maker(u"search"_s),
+                           .masterData = Maker(u"masterData"_s),
+                           .companySettings = Maker(u"settings"_s),
                            .setAdminMode = [this](bool on) { adminMode << on; }};
         setting = std::make_unique<frmSetting>(std::move(needs), skin, nullptr);
     }
@@ -41,10 +43,9 @@ TEST(frmSetting, EachEntryOpensItsWindowTheSameEveryTime) {
     Hub hub;
     for (int time = 1; time <= 2; ++time) {
         hub.Open([&](QWidget& setting) {
-            const std::pair<Qt::Key, QString> entries[] = {{Qt::Key_E, u"browser"_s},
-                                                           {Qt::Key_S, u"roster"_s},
-                                                           {Qt::Key_C, u"shiftCodes"_s},
-                                                           {Qt::Key_D, u"search"_s}};
+            const std::pair<Qt::Key, QString> entries[] = {
+                {Qt::Key_E, u"browser"_s}, {Qt::Key_S, u"roster"_s},     {Qt::Key_C, u"shiftCodes"_s},
+                {Qt::Key_D, u"search"_s},  {Qt::Key_M, u"masterData"_s}, {Qt::Key_P, u"settings"_s}};
             for (const auto& [key, name] : entries) {
                 bool closed = false;
                 hub.user.WhenIn(name, [&](QWidget&) {
@@ -58,7 +59,8 @@ TEST(frmSetting, EachEntryOpensItsWindowTheSameEveryTime) {
             }
         });
     }
-    EXPECT_EQ(hub.made, (QStringList{u"browser"_s, u"roster"_s, u"shiftCodes"_s, u"search"_s}));
+    EXPECT_EQ(hub.made, (QStringList{u"browser"_s, u"roster"_s, u"shiftCodes"_s, u"search"_s, u"masterData"_s,
+                                     u"settings"_s}));
     EXPECT_TRUE(hub.adminMode.isEmpty()) << "the box was never touched";
 }
 
@@ -72,7 +74,7 @@ TEST(frmSetting, HandsTheBoxBackWhenItIsLeftAndForgetsIt) {
             if (box == Qt::PartiallyChecked) { // no key makes it so
                 chkAdminMode.setCheckState(box);
             } else if (box == Qt::Checked) {
-                for (int fields = 0; fields < 4; ++fields)
+                for (int fields = 0; fields < 6; ++fields)
                     Keys(u"↹");
                 Keys(u" ");
             }

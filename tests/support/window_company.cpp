@@ -2,10 +2,13 @@
 
 #include "shell/frmLogin.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QImage>
 #include <QMenu>
 #include <QVariant>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -70,6 +73,23 @@ void WindowFixture::Go(int row, int column) {
 bool WindowFixture::ListIsOpen() {
     return KeyboardUser::WaitUntil(
         [] { return KeyboardUser::InFront() && KeyboardUser::InFront()->objectName() == u"PickList"_s; });
+}
+
+void WindowFixture::TypeWithButtons(const QString& keys) {
+    const auto noneIsDown = [] {
+        const auto buttons = QApplication::allWidgets();
+        return std::ranges::none_of(buttons, [](QWidget* widget) {
+            const auto* button = qobject_cast<QAbstractButton*>(widget);
+            return button && button->isDown();
+        });
+    };
+    for (qsizetype from = 0; from < keys.size();) {
+        const qsizetype mnemonic = keys.indexOf(u'⎇', from);
+        const qsizetype end = mnemonic < 0 ? keys.size() : mnemonic + 2;
+        Keys(keys.sliced(from, end - from));
+        KeyboardUser::WaitUntil(noneIsDown);
+        from = end;
+    }
 }
 
 WindowCompany::WindowCompany(MainWindowNeeds needs) {

@@ -54,6 +54,8 @@ public:
         return BytesOf(folder.filePath(QStringLiteral("VELTLOG.TXT"))).contains(text);
     }
     static bool ListIsOpen();
+    /// Types keys, and waits after each mnemonic until its button has gone down and up again.
+    static void TypeWithButtons(const QString& keys);
 
     b_form_skin::Backgrounds skin;
     KeyboardUser user;
