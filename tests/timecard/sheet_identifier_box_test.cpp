@@ -30,6 +30,7 @@ TEST(SheetIdentifierBox, TheUnlockedIdentifierIsComposedFromItsFields) {
     auto& extension = desk.Part<QLineEdit>("txtExt");
     auto& sheet = desk.Part<QLineEdit>("txtTCID");
     ASSERT_TRUE(day.isEnabled() && extension.isEnabled() && sheet.isEnabled());
+    EXPECT_EQ(desk.window->focusWidget(), &day);
     EXPECT_FALSE(desk.Part<QLineEdit>("txtTcIDLeft").isEnabled());
 
     TypeOver(extension, u"a"_s);
