@@ -2,6 +2,7 @@
 
 #include "cards/card_store.h"
 #include "core/status_codes.h"
+#include "core/typed_date.h"
 #include "editing/problem_search.h"
 
 #include <algorithm>
@@ -39,6 +40,8 @@ const KindWords& WordsOf(ProblemKind kind) {
 QString MomentText(const std::optional<WallTime>& time, Day day) {
     if (!time)
         return u"kosong"_s;
+    if (DayOf(*time) == day + std::chrono::days{1})
+        return ShownMinute(*time) + NextDaySign.toString();
     return DayOf(*time) == day ? ShownMinute(*time) : ShownDay(DayOf(*time)) + u' ' + ShownMinute(*time);
 }
 

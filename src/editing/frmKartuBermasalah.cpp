@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize FirstSize(1180, 640);
+constexpr QSize FirstSize(1320, 660);
 constexpr size_t MostNamed = 15;
 
 /// The first lines in full, and how many are left.

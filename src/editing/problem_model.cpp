@@ -1,6 +1,7 @@
 #include "editing/problem_model.h"
 
 #include "core/status_codes.h"
+#include "core/typed_date.h"
 
 #include <algorithm>
 
@@ -8,12 +9,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A time of another day says which.
+/// A time of the next day has its sign, one of another day says which.
 QString TimeCell(const std::optional<WallTime>& time, Day day) {
     if (!time)
         return {};
-    return DayOf(*time) == day ? ShownMinute(*time)
-                               : ShownMinute(*time) + u' ' + ShownDay(DayOf(*time)).first(6);
+    const auto later = DayOf(*time) - day;
+    const QString text = ShownMinute(*time);
+    if (later == std::chrono::days{1})
+        return text + NextDaySign.toString();
+    return later == std::chrono::days{0} ? text : text + u' ' + ShownDay(DayOf(*time)).first(6);
 }
 
 } // namespace

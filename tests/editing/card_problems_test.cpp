@@ -69,7 +69,7 @@ TEST_F(Problems, EachKindIsToldAndWhatIsInOrderIsNot) {
          u"2026-11-18 22:50:00"_s,
          {},
          u"2026-11-19 10:00:01",
-         {forgotten + u"keluar 19-Nov-2026 06:00, status OUT"_s}},
+         {forgotten + u"keluar 06:00 (+1), status OUT"_s}},
         {"a night that lasts", u"M"_s, u"IN"_s, u"2026-11-18 22:50:00"_s, {}, u"2026-11-19 09:59:00", {}},
         {"after the shift's end",
          u"D"_s,
