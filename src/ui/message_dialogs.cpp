@@ -3,6 +3,7 @@
 #include "ui/busy_pointer.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -10,6 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int LeastWidth = 380;
 const QString ProgramTitle = u"Time Attendance - Korvane"_s;
 
 QMessageBox::Icon BoxIcon(Dialogs::Icon icon) {
@@ -28,6 +30,9 @@ void SetUp(QMessageBox& box) {
     box.setObjectName(u"MessageBox"_s);
     // What is shown is text, whatever characters a value in it has.
     box.setTextFormat(Qt::PlainText);
+    // Wide enough for the program's whole title; a least width of the text would cut what is longer.
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(LeastWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 } // namespace
