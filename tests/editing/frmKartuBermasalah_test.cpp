@@ -44,7 +44,7 @@ TEST(frmKartuBermasalah, SeveralForgottenDeparturesAreCompletedAtOnceAfterAQuest
         EXPECT_EQ(company.Lines(),
                   u"0012 masuk tanpa keluar\n0013 masuk tanpa keluar\n0014 keluar tanpa masuk"_s);
         EXPECT_EQ(company.Said("lblRows"), u"3 kartu bermasalah · 01-Nov-2026 s/d 22-Nov-2026"_s);
-        Keys(u"⇲⏎");
+        Keys(u"↓↓⏎");
         EXPECT_EQ(company.opened, QStringList{u"T202611180014"_s});
         Keys(u"④");
         EXPECT_TRUE(company.dialogs.Last().startsWith(u"Tidak ada usul"_s)) << "an arrival is not made up";
