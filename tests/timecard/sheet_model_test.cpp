@@ -186,21 +186,21 @@ TEST_F(DaySheet, ReadsFewStatementsAndNoneWhenNothingChanged) {
         return statements.size();
     };
     model.LoadEmployees(desk, ByName);
-    const auto withEmployees = refresh(); // those of the sheet's day
-    EXPECT_GT(withEmployees, 1);
+    const auto withTwo = refresh();
+    EXPECT_GT(withTwo, 0);
     EXPECT_EQ(refresh(), 0);
     clock.now += std::chrono::hours(1);
     EXPECT_EQ(refresh(), 0);
     for (int i = 100; i < 110; ++i)
         AddEmployee(QString::number(i), u"x"_s, u"x"_s);
     model.LoadEmployees(desk, ByName);
-    EXPECT_EQ(refresh(), withEmployees - 1) << "however many there are";
+    EXPECT_EQ(refresh(), withTwo);
     EXPECT_EQ(refresh(), 0);
     Run(u"UPDATE Employee SET Nama='y' WHERE NIP='100'"_s);
-    EXPECT_EQ(refresh(), withEmployees) << "the employees, too";
+    EXPECT_EQ(refresh(), withTwo + 1) << "the employees, too";
     EXPECT_EQ(model.index(model.RowOf(u"100"_s), SheetModel::Nama).data(), u"y"_s);
     clock.now += std::chrono::hours(24); // the date of a sheet without cards is the present day
-    EXPECT_EQ(refresh(), withEmployees - 1);
+    EXPECT_EQ(refresh(), withTwo);
     EXPECT_EQ(model.SheetDay(), clock.Today());
 }
 
@@ -208,6 +208,7 @@ TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
     QStringList statements;
     Connection desk(std::make_unique<RecordingEngine>(statements), DatabaseFile());
     model.LoadEmployees(desk, ByName);
+    statements.clear(); // the list of all employees is read whole, also with the roster
     model.Refresh(desk, Sheet);
     model.Refresh(desk, Sheet + u"-1"_s);
     RecordClockEntry(desk, {Sheet, clock.Today(), u"IN"_s, clock.now}, u"0012"_s);
@@ -218,8 +219,6 @@ TEST_F(DaySheet, EveryStatementOfTheDeskUsesAnIndex) {
     statements << u"select * from ShiftEmployee where year(Tgl)=2026 and Month(Tgl)=11"_s
                << u"select * from ShiftEmployee Where NIP='0012' and Tgl=#2026-11-22#"_s
                << u"sp_TimeCardDetail 'T202611220012'"_s << u"sp_sel_TimeCard 'T202611220012'"_s;
-    // The list of all employees is read whole, also with the roster.
-    statements.removeIf([](const QString& statement) { return statement.endsWith(ByName); });
     ASSERT_GE(statements.size(), 15);
     for (const QString& statement : statements) {
         SCOPED_TRACE(statement.toStdString());
