@@ -97,7 +97,10 @@ TEST(WholeProgram, AMonthGoesFromTheRosterThroughTheClockAndTheComputationIntoTh
     program.In(u"frmShiftCode"_s, [] { Keys(u"⎀MALAM⏎22:00⏎06:00⏎⎀P⏎08:00⏎17:00⏎⎋"); });
     program.In(u"frmSetting"_s, [] { WholeProgram::Mnemonic(Qt::Key_S); });
     program.In(u"frmShiftEmployee"_s, [&typed] { TypeRoster(typed); });
-    program.In(u"frmSetting"_s, [] { Keys(u"↹↹↹↹ ⎋"); });
+    program.user.WhenIn(u"frmSetting"_s, [](QWidget& office) {
+        ::Part<QWidget>(office, "chkAdminMode").setFocus();
+        Keys(u" ⎋");
+    });
     program.Administer();
     ASSERT_TRUE(program.windows.Desk().AdminMode());
     EXPECT_EQ(program.RowsOf(u"select NIP, Tgl, ShiftCode from ShiftEmployee"_s), typed);
