@@ -169,9 +169,14 @@ void DataGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {
 
 QItemSelectionModel::SelectionFlags DataGrid::selectionCommand(const QModelIndex& index,
                                                                const QEvent* event) const {
+    auto command = QTableView::selectionCommand(index, event);
     // A key that is held is for what the user does, not for where the program puts the cursor.
-    const auto command = event || !EditsCells() ? QTableView::selectionCommand(index, event)
-                                                : QItemSelectionModel::ClearAndSelect;
+    if (EditsCells() && !event)
+        command = QItemSelectionModel::ClearAndSelect;
+    // Together with Ctrl, too.
+    if (EditsCells() && event && event->type() == QEvent::KeyPress
+        && static_cast<const QKeyEvent*>(event)->modifiers().testFlag(Qt::ShiftModifier))
+        command = QItemSelectionModel::SelectCurrent;
     extending_ = command.testFlag(QItemSelectionModel::Current);
     return command;
 }
