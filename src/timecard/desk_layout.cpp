@@ -13,6 +13,8 @@ namespace {
 /// A window of fewer lines than these is low.
 constexpr int LinesOfAiryDesk = 42;
 constexpr int WidestName = 280;
+/// What stands beside the columns: frames, margins and the scroll bar.
+constexpr int Frames = 60;
 
 /// What the user is told of the days stands beside the menu while there is no room for it in the head.
 void PlaceHint(Ui::frmMain& ui, bool close) {
@@ -40,6 +42,7 @@ void LayDesk(Ui::frmMain& ui, QMainWindow& desk) {
         tile->setSpacing(close ? Theme::FieldGap : 0);
     }
     PlaceHint(ui, close);
+    SizeSheetColumns(*ui.MSHFlexGrid1, desk.width());
     QHeaderView& rows = *ui.MSHFlexGrid1->verticalHeader();
     rows.setMinimumSectionSize(1);
     rows.setDefaultSectionSize(close ? metrics.height() + 2 : Theme::RowHeight(metrics));
@@ -48,6 +51,7 @@ void LayDesk(Ui::frmMain& ui, QMainWindow& desk) {
 }
 
 void SizeSheetColumns(DataGrid& grid, int room) {
+    room -= Frames;
     const auto width = [&grid](const QString& sample) {
         return grid.horizontalHeader()->fontMetrics().horizontalAdvance(sample) + 3 * Theme::CellPadding;
     };

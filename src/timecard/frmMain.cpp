@@ -29,8 +29,6 @@ namespace {
 enum Button { In, Out, Admin };
 
 constexpr QSize LeastFirstSize(1366, 768);
-/// What stands beside the columns: frames, margins and the scroll bar.
-constexpr int Frames = 60;
 constexpr int TickMilliseconds = 1200;
 /// The clock's refresh waits little for another program's lock: the next one comes soon.
 constexpr std::chrono::milliseconds ClockPatience{200};
@@ -134,7 +132,7 @@ void frmMain::SetUpGrid() {
     grid.AnswerHeaders(SheetModel::SortableColumns());
     grid.horizontalHeader()->setToolTip(
         u"Klik judul Dept, NIP atau Nama, atau Ctrl+2, Ctrl+3, Ctrl+4, untuk mengurutkan"_s);
-    SizeSheetColumns(grid, qMin(LeastFirstSize.width(), screen()->availableGeometry().width()) - Frames);
+    SizeSheetColumns(grid, qMin(LeastFirstSize.width(), screen()->availableGeometry().width()));
 }
 
 void frmMain::SetAdminMode(bool on) {
