@@ -75,7 +75,7 @@ TEST(frmMaster, HiresSomebodyWithPhotoAndPasswordWhoClocksIn) {
     master.WhenIn(u"frmPassword"_s, [](QWidget&) { Keys(u"Kunci⏎Kunc⏎Kunci9⏎Kunci9⏎"); });
     master.Type(u"⎇t0015⏎Tono⏎P⏎A⏎H⏎150.000⏎1,5⏎15000⏎⏎77⏎⏎⏎⎇f⑥⎇p"_s);
     EXPECT_EQ(master.EmployeeRow(u"0015"_s),
-              u"Tono|PROD|A|HRN|150000|1.5|15000.0|77|2026-11-22|-|photos/0015.jpg"_s);
+              u"Tono|PROD|A|HRN|150000|1.5|15000|77|2026-11-22|-|photos/0015.jpg"_s);
     EXPECT_EQ(master.dialogs.texts, QStringList{u"Kedua password tidak sama. Ketik lagi."_s});
     EXPECT_EQ(QImage(master.folder.filePath(u"photos/0015.jpg"_s)).size(), QSize(800, 600));
     const auto stored = LoadStoredPassword(*master.OtherDesk(), u"0015"_s);
