@@ -76,7 +76,7 @@ void TypeRoster(QStringList& typed) {
     for (int employee = 12; employee < 22; ++employee) {
         for (int day = 1; day <= 30; ++day) {
             const QString& shift = shifts.at((employee + day) % 3);
-            Keys(shift + u"⏎→"_s);
+            Keys(shift + u"⏎"_s);
             typed << u"00%1|2026-11-%2|%3"_s.arg(employee).arg(day, 2, 10, QChar(u'0')).arg(shift);
         }
         Keys(u"⇱↓");
