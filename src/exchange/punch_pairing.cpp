@@ -166,13 +166,11 @@ private:
     bool IsNextArrival(const WorkedDay& open, WallTime moment) const {
         const WallTime arrival = At(*open.arrival);
         const auto shift = ShiftWorked(rosterOf_(open.day), arrival, rules_.shifts);
-        std::optional<WallTime> end = shift ? std::optional(ShiftOn(*shift, open.day).end) : std::nullopt;
-        if (end && *end <= arrival)
-            end.reset();
-        const bool late = !end || moment > *end + AfterEnd;
+        const WallTime end = shift ? ShiftOn(*shift, open.day).end : arrival;
+        const bool late = end <= arrival || moment > end + AfterEnd;
         const std::optional<Day> next = RosteredDay(moment);
         if (next && *next > open.day)
-            return late || (open.departure && moment > *end);
+            return late || (open.departure && moment > end);
         return late && open.departure && DayOf(moment) > open.day && moment - At(*open.departure) > AfterEnd;
     }
 
