@@ -57,7 +57,9 @@ frmMain::frmMain(Program& program, b_form_skin::Backgrounds& skin, MainWindowNee
     ui_->statusbar->addWidget(lblCounts_);
     lblProblems_ = new ProblemCount(program_, needs_.countProblems, this);
     ui_->statusbar->addWidget(lblProblems_);
-    ui_->statusbar->addWidget(lblRoster_);
+    // What is told of a row takes the room that there is: the window is no wider for it.
+    lblRoster_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    ui_->statusbar->addWidget(lblRoster_, 1);
     ui_->bandClock->Watch(program_);
     ui_->statusbar->addPermanentWidget(lblUpdated_);
     ui_->boxSheet->Connect(program_, *ui_->tabTgl);
@@ -224,6 +226,7 @@ void frmMain::ShowCounts() {
 void frmMain::ShowRoster() {
     const int row = ui_->MSHFlexGrid1->currentIndex().row();
     lblRoster_->setText(row < 0 ? QString() : sheet_.RosterText(row));
+    lblRoster_->setToolTip(lblRoster_->text());
 }
 
 void frmMain::LoadEmployees(const QString& sortClause) {
