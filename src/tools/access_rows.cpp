@@ -81,9 +81,13 @@ void PutMoney(std::int64_t units) {
     constexpr std::uint64_t one = 10000;
     const std::uint64_t size =
         units < 0 ? 0 - static_cast<std::uint64_t>(units) : static_cast<std::uint64_t>(units);
-    std::string text = (units < 0 ? "-" : "") + std::to_string(size / one);
-    if (size % one != 0)
-        text += "." + std::to_string(one + size % one).substr(1);
+    std::string text(units < 0 ? "-" : "");
+    text += std::to_string(size / one);
+    if (size % one != 0) {
+        std::string decimals = std::to_string(one + size % one);
+        decimals.front() = '.';
+        text += decimals;
+    }
     PutText(text);
 }
 
