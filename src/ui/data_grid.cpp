@@ -197,8 +197,8 @@ void DataGrid::setSelection(const QRect& rect, QItemSelectionModel::SelectionFla
         blockStart_ = end;
     const QHeaderView& header = *horizontalHeader();
     const auto [left, right] =
-        std::minmax(header.visualIndex(blockStart_.column()), header.visualIndex(end.column()));
-    const auto [top, bottom] = std::minmax(blockStart_.row(), end.row());
+        std::minmax({header.visualIndex(blockStart_.column()), header.visualIndex(end.column())});
+    const auto [top, bottom] = std::minmax({blockStart_.row(), end.row()});
     QItemSelection block;
     for (int place = left; place <= right; ++place) {
         const int column = header.logicalIndex(place);
