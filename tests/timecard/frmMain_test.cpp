@@ -192,7 +192,11 @@ TEST(frmMain, FourteenEmployeesAreSeenInLargeTypeOnASmallScreenAndTheRoomIsTaken
     const auto rowsSeen = [&desk](QSize window) {
         desk.window->resize(window);
         QApplication::processEvents();
-        return desk.Grid().viewport()->height() / desk.Grid().verticalHeader()->defaultSectionSize();
+        const auto rows = [&desk] {
+            return desk.Grid().viewport()->height() / desk.Grid().verticalHeader()->defaultSectionSize();
+        };
+        KeyboardUser::WaitUntil([&rows] { return rows() >= 14; }); // layouts settle one after the other
+        return rows();
     };
     const auto& hint = desk.Part<QLabel>("lblTabs");
     EXPECT_GE(rowsSeen({1366, 740}), 14);
