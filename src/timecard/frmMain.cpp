@@ -134,7 +134,6 @@ void frmMain::SetUpGrid() {
     grid.AnswerHeaders(SheetModel::SortableColumns());
     grid.horizontalHeader()->setToolTip(
         u"Klik judul Dept, NIP atau Nama, atau Ctrl+2, Ctrl+3, Ctrl+4, untuk mengurutkan"_s);
-    SizeSheetColumns(grid, qMin(LeastFirstSize.width(), screen()->availableGeometry().width()));
 }
 
 void frmMain::SetAdminMode(bool on) {
@@ -383,6 +382,8 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
 
 void frmMain::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
+    if (!isVisible()) // later the widths are the user's
+        SizeSheetColumns(*ui_->MSHFlexGrid1, width());
     LayDesk(*ui_, *this);
 }
 

@@ -187,7 +187,7 @@ TEST(frmRptCriteria, AReportThatIsStoppedLeavesTheFormerOne) {
     Criteria criteria;
     criteria.Run(u"INSERT INTO Employee (NIP,Dept,Divisi) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT "
                  u"i+1 FROM n "
-                 "WHERE i<500) SELECT i,'P1','A' FROM n"_s);
+                 "WHERE i<3000) SELECT i,'P1','A' FROM n"_s);
     criteria.Open(u"AbsensiDivisi"_s, [&](QWidget& window) {
         criteria.PressOk();
         const QStringList before = criteria.ReportLines();
