@@ -107,10 +107,11 @@ bool FindLine::KeyDown(int key, bool shift) {
 }
 
 bool FindLine::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == grid_.viewport() && event->type() == QEvent::Resize && isVisible())
-        Place();
-    if (watched != txtFind_)
+    if (watched != txtFind_) { // the grid's cells
+        if (event->type() == QEvent::Resize && isVisible())
+            Place();
         return false;
+    }
     if (event->type() == QEvent::KeyPress) {
         const auto& key = static_cast<QKeyEvent&>(*event);
         return KeyDown(key.key(), key.modifiers().testFlag(Qt::ShiftModifier));

@@ -70,8 +70,9 @@ void FootRows::resizeEvent(QResizeEvent* event) {
 }
 
 bool FootRows::eventFilter(QObject* watched, QEvent* event) {
-    if (grid_ && watched == grid_->viewport()
-        && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
+    // A grid that goes has other last events, and is none any more then.
+    const bool placed = event->type() == QEvent::Resize || event->type() == QEvent::Move;
+    if (placed && grid_ && watched == grid_->viewport())
         TakePlace();
     return DataGrid::eventFilter(watched, event);
 }
