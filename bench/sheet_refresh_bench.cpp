@@ -35,8 +35,18 @@ public:
 
     void Refresh() { model_.Refresh(*connection_, sheet_); }
 
-    /// Returns the number of cards.
-    int RefreshPlainly() { return ReadSheetPlainly(plain_, sheet_.toStdString()); }
+    /// The employees of the day, the day's roster and the cards, as a changed refresh reads them. Returns the
+    /// number of cards.
+    int RefreshPlainly() {
+        const std::string day = StoredDay(LastSheetDay).toStdString();
+        plain_.ReadAll("select Dept, Divisi, NIP, Nama from Employee where Keluar is null or Keluar>='" + day
+                       + "' order by Nama");
+        plain_.ReadAll(
+            "select e.NIP, s.ShiftCode from Employee e left join ShiftEmployee s on s.NIP=e.NIP and "
+            "s.Tgl='"
+            + day + "'");
+        return ReadSheetPlainly(plain_, sheet_.toStdString());
+    }
 
 private:
     QString file_;
