@@ -1,8 +1,7 @@
 #include "editing/computation_words.h"
 
 #include "core/error_words.h"
-
-#include <ranges>
+#include "core/first_lines.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,14 +10,8 @@ namespace {
 /// The cards of a list under its heading, the first ones in full.
 template<class Cards, class TextOf>
 void Name(QStringList& lines, const QString& heading, const Cards& cards, TextOf textOf) {
-    constexpr qsizetype MostNamed = 15;
-    if (cards.empty())
-        return;
-    lines << heading.arg(cards.size());
-    for (const auto& card : cards | std::views::take(MostNamed))
-        lines << textOf(card);
-    if (std::ssize(cards) > MostNamed)
-        lines << u"... dan %1 kartu lagi."_s.arg(std::ssize(cards) - MostNamed);
+    if (!cards.empty())
+        lines << heading.arg(cards.size()) << FirstLines(cards, u"kartu"_s, textOf);
 }
 
 } // namespace

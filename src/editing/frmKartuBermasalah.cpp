@@ -1,6 +1,7 @@
 #include "editing/frmKartuBermasalah.h"
 
 #include "cards/sheet_identifier.h"
+#include "core/first_lines.h"
 #include "editing/computation_words.h"
 #include "ui/code_combo.h"
 #include "ui/pick_list.h"
@@ -12,23 +13,13 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QSize FirstSize(1320, 660);
-constexpr size_t MostNamed = 15;
-
-/// The first lines in full, and how many are left.
-QString Listed(const std::vector<CardProblem>& problems, QString (CardProblem::*text)() const) {
-    QStringList lines;
-    for (size_t i = 0; i < std::min(problems.size(), MostNamed); ++i)
-        lines << (problems[i].*text)();
-    if (problems.size() > MostNamed)
-        lines << u"... dan %1 kartu lagi."_s.arg(problems.size() - MostNamed);
-    return lines.join(u'\n');
-}
 
 } // namespace
 
@@ -138,8 +129,9 @@ std::vector<CardProblem> frmKartuBermasalah::Chosen() {
 void frmKartuBermasalah::cmdLengkapi_Click() {
     const std::vector<CardProblem> chosen = Chosen();
     if (chosen.empty()
-        || program_.dialogs.Ask(u"Lengkapi %1 kartu ini?\n\n%2"_s.arg(chosen.size())
-                                    .arg(Listed(chosen, &CardProblem::OldAndNew)))
+        || program_.dialogs.Ask(
+               u"Lengkapi %1 kartu ini?\n\n%2"_s.arg(chosen.size())
+                   .arg(FirstLines(chosen, u"kartu"_s, std::mem_fn(&CardProblem::OldAndNew)).join(u'\n')))
                != Dialogs::Answer::Yes)
         return;
     TakenProposals taken;
@@ -156,9 +148,11 @@ void frmKartuBermasalah::cmdLengkapi_Click() {
 
 void frmKartuBermasalah::TellTaken(const TakenProposals& taken) {
     if (!taken.changedMeanwhile.empty())
-        program_.dialogs.Warn(u"%1 kartu sudah diubah dari komputer lain dan tidak disentuh:\n%2"_s
-                                  .arg(taken.changedMeanwhile.size())
-                                  .arg(Listed(taken.changedMeanwhile, &CardProblem::Line)));
+        program_.dialogs.Warn(
+            u"%1 kartu sudah diubah dari komputer lain dan tidak disentuh:\n%2"_s
+                .arg(taken.changedMeanwhile.size())
+                .arg(FirstLines(taken.changedMeanwhile, u"kartu"_s, std::mem_fn(&CardProblem::Line))
+                         .join(u'\n')));
     if (const QString complaints = ComplaintsText(taken.computation); !complaints.isEmpty())
         program_.dialogs.Warn(complaints);
 }

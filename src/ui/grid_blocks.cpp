@@ -1,5 +1,6 @@
 #include "ui/grid_blocks.h"
 
+#include "core/first_lines.h"
 #include "core/tabbed_text.h"
 #include "core/table_model.h"
 #include "ui/busy_pointer.h"
@@ -16,9 +17,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A message of more lines would not be read.
-constexpr qsizetype MostLines = 12;
 
 TableModel& ModelOf(const DataGrid& grid) {
     return *qobject_cast<TableModel*>(grid.model());
@@ -253,15 +251,10 @@ void GridBlocks::Tell(const CellHistory::Replayed& replayed, const QString& what
 }
 
 void GridBlocks::Warn(const QString& heading, const std::vector<RefusedCell>& refused) {
-    QStringList lines{heading};
-    for (const auto& [change, reason] : refused) {
-        if (lines.size() > MostLines) {
-            lines << u"... dan %1 sel lagi."_s.arg(std::ssize(refused) - MostLines);
-            break;
-        }
-        lines << NameOf(change) + u": "_s + reason;
-    }
-    program_.dialogs.Warn(lines.join(u'\n'));
+    const QStringList lines = FirstLines(refused, u"sel"_s, [this](const RefusedCell& cell) {
+        return NameOf(cell.change) + u": "_s + cell.reason;
+    });
+    program_.dialogs.Warn(heading + u'\n' + lines.join(u'\n'));
 }
 
 QString GridBlocks::NameOf(const CellChange& change) const {
